@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+//
+// RunTimeError: what stops an operation in its middle.
+//
+// The library counts in 16-bit points and 32-bit byte positions and checks every sum. A sum that
+// leaves its range, an index outside a list, a division by zero or a text that is no number raises
+// a RunTimeError with the number that automation clients know it by:
+//
+//     number   meaning                  example
+//     6        overflow                 a position beyond 32,767 points
+//     9        subscript out of range   GetColor before Create: there is no colour yet
+//     11       division by zero
+//     13       type mismatch            a text where a number is needed
+//
+// Drawing and writing members catch it and answer false; accessors let it reach the caller.
+#pragma once
+
+#include <stdexcept>
+
+namespace vellumark {
+
+class RunTimeError : public std::runtime_error {
+ public:
+  enum Number : int {
+    Overflow = 6,
+    SubscriptOutOfRange = 9,
+    DivisionByZero = 11,
+    TypeMismatch = 13,
+  };
+
+  explicit RunTimeError(Number number) : std::runtime_error(Text(number)), number_(number) {}
+
+  /// The run-time error's number: 6, 9, 11 or 13.
+  [[nodiscard]] Number number() const noexcept { return number_; }
+
+ private:
+  static const char* Text(Number number) noexcept {
+    switch (number) {
+      case Overflow: return "overflow";
+      case SubscriptOutOfRange: return "subscript out of range";
+      case DivisionByZero: return "division by zero";
+      case TypeMismatch: return "type mismatch";
+    }
+    return "run-time error";
+  }
+
+  Number number_;
+};
+
+}  // namespace vellumark
