@@ -132,9 +132,9 @@ string(APPEND head "// Made by cmake/WidthResources.cmake from the tables in lay
 set(cpp "${head}")
 set(rc "${head}")
 string(APPEND cpp [[
-#include "layout/widths/width_resources.h"
+#include "platform/width_resources.h"
 
-namespace vellumark::layout {
+namespace vellumark::platform {
 namespace {
 
 constexpr std::uint8_t kResources[10][512] = {
@@ -153,12 +153,12 @@ string(APPEND cpp [[
 
 }  // namespace
 
-std::span<const std::uint8_t> WidthResource(int id) noexcept {
-  if (id < 101 || id > 110) return {};
-  return kResources[id - 101];
+std::span<const std::uint8_t> WidthResource(int number) noexcept {
+  if (number < 101 || number > 110) return {};
+  return kResources[number - 101];
 }
 
-}  // namespace vellumark::layout
+}  // namespace vellumark::platform
 ]])
 
 file(WRITE "${OUTPUT}/width_resources.cpp" "${cpp}")

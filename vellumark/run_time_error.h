@@ -8,6 +8,7 @@
 //
 //     number   meaning                  example
 //     6        overflow                 a position beyond 32,767 points
+//     7        out of memory
 //     9        subscript out of range   GetColor before Create: there is no colour yet
 //     11       division by zero
 //     13       type mismatch            a text where a number is needed
@@ -23,6 +24,7 @@ class RunTimeError : public std::runtime_error {
  public:
   enum Number : int {
     Overflow = 6,
+    OutOfMemory = 7,
     SubscriptOutOfRange = 9,
     DivisionByZero = 11,
     TypeMismatch = 13,
@@ -30,13 +32,14 @@ class RunTimeError : public std::runtime_error {
 
   explicit RunTimeError(Number number) : std::runtime_error(Text(number)), number_(number) {}
 
-  /// The run-time error's number: 6, 9, 11 or 13.
+  /// The run-time error's number: 6, 7, 9, 11 or 13.
   [[nodiscard]] Number number() const noexcept { return number_; }
 
  private:
   static const char* Text(Number number) noexcept {
     switch (number) {
       case Overflow: return "overflow";
+      case OutOfMemory: return "out of memory";
       case SubscriptOutOfRange: return "subscript out of range";
       case DivisionByZero: return "division by zero";
       case TypeMismatch: return "type mismatch";

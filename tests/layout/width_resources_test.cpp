@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "layout/widths/width_resources.h"
+#include "platform/width_resources.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <vector>
 
-namespace vellumark::layout {
+namespace vellumark::platform {
 namespace {
 
 // The widths of resource `id` at the codes first..last.
@@ -71,4 +71,4 @@ TEST(WidthResource, OnlyACodeWithNoGlyphIsNarrowerThanTheThinnestDingbat) {
 }
 
 }  // namespace
-}  // namespace vellumark::layout
+}  // namespace vellumark::platform

@@ -16,16 +16,16 @@
 //     const int width_of_a = bytes[2 * 'A'] | (bytes[2 * 'A' + 1] << 8);   // 667
 //
 // The bytes are constants of the library: they live as long as the program, and any thread may
-// read them. The tables behind them are the text files next to this header, where each number and
+// read them. The tables behind them are the text files in layout/widths/, where each number and
 // each departure from the fonts' published metrics is on record; the build turns them into bytes.
 #pragma once
 
 #include <cstdint>
 #include <span>
 
-namespace vellumark::layout {
+namespace vellumark::platform {
 
 /// The 512 bytes of resource 101..110; empty for any other number.
-[[nodiscard]] std::span<const std::uint8_t> WidthResource(int id) noexcept;
+[[nodiscard]] std::span<const std::uint8_t> WidthResource(int number) noexcept;
 
-}  // namespace vellumark::layout
+}  // namespace vellumark::platform

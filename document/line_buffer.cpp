@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "document/line_buffer.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace vellumark::document {
+
+std::size_t LineBuffer::AppendOwned(std::string&& line) {
+  if (line.size() > std::numeric_limits<std::int32_t>::max() - kLineEnd.size()) {
+    throw RunTimeError(RunTimeError::Overflow);
+  }
+  line.append(kLineEnd);
+  Chunk chunk;
+  chunk.owned = std::move(line);
+  const std::size_t size = chunk.owned.size();
+  chunk.capacity = size;
+  chunks_.push_back(std::move(chunk));
+  return Commit(size);
+}
+
+void LineBuffer::Replace(std::size_t index, std::string text) {
+  text.append(kLineEnd);
+  const auto place =
+      std::lower_bound(replacements_.begin(), replacements_.end(), index,
+                       [](const auto& replacement, std::size_t i) { return replacement.first < i; });
+  if (place != replacements_.end() && place->first == index) {
+    place->second = std::move(text);
+  } else {
+    replacements_.emplace(place, index, std::move(text));
+  }
+}
+
+void LineBuffer::Clear() { *this = LineBuffer(); }
+
+LineBuffer::Mark LineBuffer::Here() const noexcept {
+  return {sizes_.size(), chunks_.size(), chunks_.empty() ? 0 : chunks_.back().used, byte_count_};
+}
+
+void LineBuffer::RollBack(const Mark& mark) {
+  chunks_.resize(mark.chunks);
+  if (!chunks_.empty()) chunks_.back().used = mark.used;
+  sizes_.resize(mark.lines);
+  byte_count_ = mark.byte_count;
+}
+
+void LineBuffer::AddArena(std::size_t size) {
+  Chunk chunk;
+  chunk.capacity = std::max(size, kChunkSize);
+  chunk.arena = std::unique_ptr<char[]>(new char[chunk.capacity]);
+  chunks_.push_back(std::move(chunk));
+}
+
+}  // namespace vellumark::document

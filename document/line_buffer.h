@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+//
+// LineBuffer: the lines of a document, in memory until Flush.
+//
+// One call appends one line, put together from its parts in place:
+//
+//     lines.Append(x, ' ', y, " m");            // "100 692 m"
+//     lines.Append("/Size ", count);
+//
+// A part is text, a character, Points or an integer, or a syntax type of a page language that
+// offers MaxSize() and Write(char*). Each line is stored with its line end (CR LF), so that it can
+// be written as it lies. Lines fill chunks of 64 KiB one after the other and are never moved: in
+// the steady state a line costs no allocation. A line that exists already, such as a picture's
+// encoded samples, is taken over without a copy.
+#pragma once
+
+#include <charconv>
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "layout/points.h"
+
+namespace vellumark::document {
+
+template <class Part>
+concept SyntaxPart = requires(const Part& part, char* to) {
+  { part.MaxSize() } -> std::convertible_to<std::size_t>;
+  { part.Write(to) } -> std::same_as<char*>;
+};
+
+class LineBuffer {
+ public:
+  /// The end of every line in the file.
+  static constexpr std::string_view kLineEnd = "\r\n";
+
+  /// Appends one line made of `parts` and answers its index.
+  template <class... Parts>
+  std::size_t Append(const Parts&... parts) {
+    char* const start = Room((MaxSize(parts) + ... + kLineEnd.size()));
+    char* end = start;
+    ((end = Write(end, parts)), ...);
+    end = Write(end, kLineEnd);
+    return Commit(static_cast<std::size_t>(end - start));
+  }
+
+  /// Appends one line and takes it over. With room for two more bytes it is not copied.
+  std::size_t AppendOwned(std::string&& line);
+
+  /// Gives the line `index` another text, without line end, when the lines are written.
+  void Replace(std::size_t index, std::string text);
+
+  /// Forgets all lines.
+  void Clear();
+
+  [[nodiscard]] std::size_t LineCount() const noexcept { return sizes_.size(); }
+
+  /// Bytes of all lines with their line ends, before replacements.
+  [[nodiscard]] std::int64_t ByteCount() const noexcept { return byte_count_; }
+
+  /// Calls `use` with every line and its line end, in order.
+  template <class Use>
+  void ForEachLine(const Use& use) const {
+    std::size_t index = 0;
+    auto replaced = replacements_.begin();
+    for (const Chunk& chunk : chunks_) {
+      const char* line = chunk.Data();
+      for (const char* const end = line + chunk.used; line != end; line += sizes_[index++]) {
+        if (replaced != replacements_.end() && replaced->first == index) {
+          use(std::string_view(replaced++->second));
+        } else {
+          use(std::string_view(line, sizes_[index]));
+        }
+      }
+    }
+  }
+
+  /// A place to go back to.
+  struct Mark {
+    std::size_t lines = 0;
+    std::size_t chunks = 0;
+    std::size_t used = 0;
+    std::int64_t byte_count = 0;
+  };
+
+  [[nodiscard]] Mark Here() const noexcept;
+
+  /// Forgets every line appended since `mark` was taken.
+  void RollBack(const Mark& mark);
+
+ private:
+  static constexpr std::size_t kChunkSize = 65536;
+
+  /// Lines one behind the other: many in an arena, or a single one that was taken over.
+  struct Chunk {
+    [[nodiscard]] const char* Data() const noexcept { return arena ? arena.get() : owned.data(); }
+
+    std::unique_ptr<char[]> arena;
+    std::string owned;
+    std::size_t capacity = 0;
+    std::size_t used = 0;
+  };
+
+  static constexpr std::size_t MaxSize(std::string_view text) noexcept { return text.size(); }
+  static constexpr std::size_t MaxSize(char) noexcept { return 1; }
+  static constexpr std::size_t MaxSize(layout::Points) noexcept { return 6; }
+  template <std::integral Integer>
+  static constexpr std::size_t MaxSize(Integer) noexcept {
+    return 20;
+  }
+  template <SyntaxPart Part>
+  static constexpr std::size_t MaxSize(const Part& part) noexcept {
+    return part.MaxSize();
+  }
+
+  static char* Write(char* to, std::string_view text) noexcept {
+    if (!text.empty()) std::memcpy(to, text.data(), text.size());
+    return to + text.size();
+  }
+  static char* Write(char* to, char character) noexcept {
+    *to = character;
+    return to + 1;
+  }
+  static char* Write(char* to, layout::Points points) noexcept { return Write(to, points.value()); }
+  template <std::integral Integer>
+  static char* Write(char* to, Integer value) noexcept {
+    return std::to_chars(to, to + 20, value).ptr;
+  }
+  template <SyntaxPart Part>
+  static char* Write(char* to, const Part& part) noexcept {
+    return part.Write(to);
+  }
+
+  char* Room(std::size_t size) {
+    if (chunks_.empty() || chunks_.back().capacity - chunks_.back().used < size) AddArena(size);
+    return chunks_.back().arena.get() + chunks_.back().used;
+  }
+
+  std::size_t Commit(std::size_t size) {
+    chunks_.back().used += size;
+    byte_count_ += static_cast<std::int64_t>(size);
+    sizes_.push_back(static_cast<std::uint32_t>(size));
+    return sizes_.size() - 1;
+  }
+
+  void AddArena(std::size_t size);
+
+  std::vector<Chunk> chunks_;
+  std::vector<std::uint32_t> sizes_;  // of each line, with its line end
+  std::vector<std::pair<std::size_t, std::string>> replacements_;  // by rising line index
+  std::int64_t byte_count_ = 0;
+};
+
+}  // namespace vellumark::document

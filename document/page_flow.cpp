@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+//
+// From Create over page after page to Flush.
+#include "document/document_model.h"
+#include "document/resume_next.h"
+
+namespace vellumark::document {
+namespace {
+
+constexpr int kFooterHeight = 12;     // from the footer's top to the bottom margin
+constexpr int kNarrowestColumn = 20;  // margins leave more than this much of the page
+
+/// The legal notice as it stands on the page: the fonts have no copyright sign in every encoding.
+std::string FooterText(Platform& platform) {
+  constexpr std::string_view kSign = "©";
+  std::string text(platform.LegalNotice());
+  for (std::size_t at = text.find(kSign); at != std::string::npos; at = text.find(kSign, at)) {
+    text.replace(at, kSign.size(), "(c)");
+  }
+  std::string storage;
+  return std::string(platform.ToCodePage(text, storage));
+}
+
+}  // namespace
+
+DocumentModel::DocumentModel(Platform& platform, State& state, LineBuffer& lines, Writer& writer)
+    : platform_(platform),
+      state_(state),
+      lines_(lines),
+      writer_(writer),
+      footer_(FooterText(platform)) {
+  platform_.ShowNotice("Initialize()", platform_.Title());
+}
+
+const layout::FontWidths& DocumentModel::Widths() {
+  if (!widths_) widths_.emplace(platform_);
+  return *widths_;
+}
+
+bool DocumentModel::Create(std::string_view file) noexcept {
+  const FileHandle before = state_.file;
+  const bool created = Attempt([&] { return TryCreate(file); });
+  if (!created && state_.file != before) {
+    platform_.CloseOutput(state_.file);
+    state_.file = FileHandle::Invalid;
+  }
+  return created;
+}
+
+RefusalNote DocumentModel::TryCreate(std::string_view file) {
+  const auto orientation = static_cast<std::int32_t>(state_.orientation);
+  if (orientation != 1 && orientation != 2) return {RefusalReason::InvalidOrientation, orientation};
+  if (!layout::IsPaperSize(state_.paper_size)) {
+    return {RefusalReason::InvalidPaperSize, static_cast<std::int32_t>(state_.paper_size)};
+  }
+  std::error_code error;
+  const FileHandle opened = platform_.CreateOutput(file, error);
+  if (opened == FileHandle::Invalid) {
+    detail_ = std::string(file) + ": " + error.message();
+    return {RefusalReason::FileNotCreated};
+  }
+  state_.file = opened;
+  lines_.Clear();
+  Widths();
+  layout::GetPaperDimensions(state_.paper_size, state_.orientation, state_.page);
+  writer_.BeginDocument(platform_.Now());
+  ResetPen();
+  return {};
+}
+
+void DocumentModel::ResetPen() {
+  state_.color = layout::FormatColor(0, 0, 0);
+  state_.dash = {};
+  state_.fill_color = layout::FormatColor(0, 0, 0);
+  state_.fill_style = false;
+  state_.font = {FontNumberConstants::Courier, 8, FontStyleConstants::Regular,
+                 FontEffectConstants::NoFontEffect};
+  state_.margins = {};
+  state_.page_color = layout::FormatColor(255, 255, 255);
+  state_.picture_width = 0;
+  state_.picture_height = 0;
+  state_.thickness = 1;
+  state_.page_open = false;
+}
+
+void DocumentModel::NewPage(const Margins& margins, const layout::Rgb& color) noexcept {
+  note_ = writer_.RoomFor(state_.page_open ? Pieces{.pages = 1} : Pieces{.marks = 1});
+  if (note_) return;
+  RefusalNote margins_note;
+  ResumeNext(
+      [&] {
+        if (state_.page_open) EndPage();
+      },
+      [&] { state_.page_open = true; },  //
+      [&] { writer_.BeginPage(); },      //
+      [&] { margins_note = TakeMargins(margins); },
+      [&] { state_.page_color = layout::FormatColor(color.red, color.green, color.blue); },
+      [&] { writer_.PaintBackground(); },
+      [&] {
+        state_.position_x = 0;
+        state_.line_start_x = 0;
+        state_.position_y = state_.page.height;
+      },
+      [&] { writer_.AnnouncePage(); });
+  note_ = margins_note;
+}
+
+RefusalNote DocumentModel::TakeMargins(const Margins& margins) {
+  for (const Points margin : {margins.left, margins.top, margins.right, margins.bottom}) {
+    if (margin < 0) return {RefusalReason::MarginsNotTaken, margin.value(), 0};
+  }
+  // Sums are taken in `int`: one beyond 16 bits leaves no room either.
+  const int across = margins.left.value() + margins.right.value();
+  const int down = margins.top.value() + margins.bottom.value();
+  const int most_across = state_.page.width.value() - kNarrowestColumn - 1;
+  const int most_down = state_.page.height.value() - kNarrowestColumn - 1;
+  if (across > most_across) return {RefusalReason::MarginsNotTaken, across, most_across};
+  if (down > most_down) return {RefusalReason::MarginsNotTaken, down, most_down};
+  state_.margins = margins;
+  return {};
+}
+
+void DocumentModel::EndPage() {
+  layout::Rgb color;
+  const layout::Font font = state_.font;
+  const Points x = state_.position_x;
+  Points y;
+  ResumeNext(
+      [&] { layout::ParseColor(state_.color.view(), color); },  //
+      [&] { y = state_.Y(); },                                  //
+      [&] { state_.color = layout::FormatColor(0, 0, 0); },
+      [&] {
+        SetFont(FontNumberConstants::Times, 10, FontStyleConstants::Regular,
+                FontEffectConstants::NoFontEffect);
+      },
+      [&] { SetPosition(-1, state_.UsableHeight() - kFooterHeight); },
+      [&] { WriteText({.text = footer_, .alignment = AlignmentConstants::Center}); },
+      [&] { state_.color = layout::FormatColor(color.red, color.green, color.blue); },
+      [&] { SetFont(font.number, font.height, font.style, font.effect); },
+      [&] { SetPosition(x, y); },  //
+      [&] { writer_.EndPage(); });
+}
+
+void DocumentModel::Flush() noexcept {
+  ResumeNext([&] { EndPage(); }, [&] { writer_.EndDocument(); });
+  Attempt([&] { return WriteFile(); });
+}
+
+RefusalNote DocumentModel::WriteFile() {
+  if (state_.file == FileHandle::Invalid) return {RefusalReason::FileNotOpen};
+  std::error_code first_error;
+  lines_.ForEachLine([&](std::string_view line) {
+    const std::error_code error = platform_.WriteOutput(state_.file, line);
+    if (error && !first_error) first_error = error;
+  });
+  const std::error_code error = platform_.CloseOutput(state_.file);
+  state_.file = FileHandle::Invalid;
+  if (error && !first_error) first_error = error;
+  if (!first_error) return {};
+  detail_ = first_error.message();
+  return {RefusalReason::FileNotWritten};
+}
+
+}  // namespace vellumark::document

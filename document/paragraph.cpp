@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+//
+// WriteMultiText: a paragraph cut into lines, page after page.
+//
+// The words lie one behind the other in the text, so a line is a piece of it, and its width is a
+// running sum in 1/1000 em: nothing is put together or measured twice to find where a line ends.
+#include <algorithm>
+
+#include "document/document_model.h"
+#include "layout/alignment.h"
+
+namespace vellumark::document {
+namespace {
+
+std::string_view WithoutTrailingBlanks(std::string_view text) {
+  const std::size_t last = text.find_last_not_of(' ');
+  return text.substr(0, last == std::string_view::npos ? 0 : last + 1);
+}
+
+}  // namespace
+
+bool DocumentModel::WriteMultiText(const Paragraph& paragraph) noexcept {
+  return Attempt([&] { return TryWriteMultiText(paragraph); });
+}
+
+RefusalNote DocumentModel::TryWriteMultiText(const Paragraph& paragraph) {
+  Points width = paragraph.width;
+  if (const RefusalNote refused = PlaceParagraph(paragraph, width)) return refused;
+  if (const RefusalNote refused = MeasureWords(paragraph.text, width)) return refused;
+  // Each word may end a line and stand alone in one; each line may meet the end of a page.
+  const auto words = static_cast<std::int64_t>(words_.size());
+  const Pieces at_most = {.marks = 2 * (2 * words + 1), .pages = words + 1};
+  return AllOrNothing(at_most, [&] { return WriteLines(paragraph, width); });
+}
+
+/// Settles the width of the lines and sets the position to their left edge.
+RefusalNote DocumentModel::PlaceParagraph(const Paragraph& paragraph, Points& width) {
+  if (!layout::IsAlignment(paragraph.alignment)) {
+    return {RefusalReason::InvalidAlignment, static_cast<std::int32_t>(paragraph.alignment)};
+  }
+  const Points usable = state_.UsableWidth();
+  const bool aligned = paragraph.alignment != AlignmentConstants::NoAlignment;
+  const Points reach = aligned ? width : state_.position_x + width;
+  if (reach > usable) {
+    return {RefusalReason::TextTooWide, width.value(),
+            usable.value() - (aligned ? 0 : state_.position_x.value())};
+  }
+  if (aligned) {
+    if (width < 1) width = usable;
+    state_.position_x = layout::GetAlignmentOffset(usable, width, paragraph.alignment);
+  } else if (width < 1) {
+    width = usable - state_.position_x;
+  }
+  return {};
+}
+
+/// Splits the text at every single blank; a word wider than the line refuses the paragraph.
+RefusalNote DocumentModel::MeasureWords(std::string_view text, Points width) {
+  words_.clear();
+  std::size_t begin = 0;
+  for (;;) {
+    const std::size_t end = std::min(text.find(' ', begin), text.size());
+    const std::int32_t sum = Widths().Sum(text.substr(begin, end - begin), state_.font);
+    const Points word_width = layout::FontWidths::InPoints(state_.font.height, sum);
+    if (word_width > width) {
+      return {RefusalReason::WordTooWide, word_width.value(), width.value()};
+    }
+    words_.push_back({begin, end, sum});
+    if (end == text.size()) return {};
+    begin = end + 1;
+  }
+}
+
+RefusalNote DocumentModel::WriteLines(const Paragraph& paragraph, Points width) {
+  const Points left = state_.position_x;
+  const std::int32_t blank = Widths().Sum(" ", state_.font);
+  std::size_t line_begin = 0;
+  std::int32_t line_sum = 0;
+  for (const Word& word : words_) {
+    const std::int32_t with_blank = word.sum + blank;  // a blank always follows a word
+    if (layout::FontWidths::InPoints(state_.font.height, line_sum + with_blank) > width) {
+      const auto line = paragraph.text.substr(line_begin, word.begin - line_begin);
+      const RefusalNote refused =
+          WriteFinishedLine(WithoutTrailingBlanks(line), paragraph, width, left);
+      if (refused) return refused;
+      line_begin = word.begin;
+      line_sum = 0;
+    }
+    line_sum += with_blank;
+  }
+  return WriteLastLine(paragraph.text.substr(line_begin), paragraph, left);
+}
+
+RefusalNote DocumentModel::WriteFinishedLine(std::string_view line, const Paragraph& paragraph,
+                                             Points width, Points left) {
+  if (const RefusalNote refused = BreakPageIfFull()) return refused;
+  if (paragraph.justified) {
+    // A line of one word cannot be stretched; it is written where it stands.
+    JustifyText(line, width, Widths(), state_.font, justified_);
+  } else {
+    justified_.words.assign(1, line);
+    justified_.positions.assign(1, 0);
+  }
+  const std::size_t count = justified_.words.size();
+  for (std::size_t j = 0; j < count; ++j) {
+    state_.position_x = left + justified_.positions[j];
+    WriteText({.text = justified_.words[j],
+               .carriage_return = j + 1 == count,
+               .dy = paragraph.dy});
+    if (note_.reason == RefusalReason::NoObjectNumbersLeft) return note_;
+  }
+  return {};
+}
+
+/// The last line is never justified and keeps its trailing blank in the text.
+RefusalNote DocumentModel::WriteLastLine(std::string_view line, const Paragraph& paragraph,
+                                         Points left) {
+  if (const RefusalNote refused = BreakPageIfFull()) return refused;
+  state_.position_x = left;
+  const std::string with_blank = std::string(line) + ' ';
+  WriteText({.text = with_blank, .carriage_return = true, .dy = paragraph.dy});
+  return note_.reason == RefusalReason::NoObjectNumbersLeft ? note_ : RefusalNote{};
+}
+
+RefusalNote DocumentModel::BreakPageIfFull() {
+  if (state_.Y() + state_.font.height <= state_.UsableHeight()) return {};
+  NewPage(state_.margins, Parse(state_.page_color));
+  return note_.reason == RefusalReason::NoObjectNumbersLeft ? note_ : RefusalNote{};
+}
+
+}  // namespace vellumark::document

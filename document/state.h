@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+//
+// State: what a document knows about itself, whatever language it is written in.
+//
+// The properties keep their values from one Create to the next; pen, font, margins and picture box
+// go back to their defaults with every Create. The position is held in a mixed form: position_x is
+// relative to the left margin, position_y is the page height less the y below the top margin.
+#pragma once
+
+#include <string>
+
+#include "layout/color_text.h"
+#include "layout/font.h"
+#include "layout/paper_sizes.h"
+#include "layout/points.h"
+#include "platform/platform.h"
+#include "vellumark/enumerations.h"
+
+namespace vellumark::document {
+
+using layout::Points;
+
+/// A text property: what the host set, and the bytes of the code page that go into the file.
+struct HostText {
+  std::string utf8;
+  std::string bytes;
+};
+
+struct Margins {
+  Points left;
+  Points top;
+  Points right;
+  Points bottom;
+};
+
+struct State {
+  // Properties.
+  HostText author;
+  HostText creator;
+  HostText title;
+  OrientationConstants orientation = OrientationConstants::Portrait;
+  PaperSizeConstants paper_size = PaperSizeConstants::A4;
+  bool rotated = false;
+
+  // The pen.
+  layout::ColorText color;
+  layout::ColorText fill_color;
+  HostText dash;  ///< without brackets; empty for a solid line
+  bool fill_style = false;
+  std::uint8_t thickness = 0;
+  layout::Font font;
+
+  // The page.
+  layout::Paper page;  ///< size after orientation, and the paper's name
+  layout::ColorText page_color;
+  Margins margins;
+  Points picture_width;  ///< of the box that pictures are fitted into; 0 for none
+  Points picture_height;
+  bool page_open = false;
+
+  // The position.
+  Points position_x;
+  Points position_y;
+  Points line_start_x;  ///< where a carriage return goes back to
+
+  FileHandle file = FileHandle::Invalid;
+
+  /// y of the current position below the top margin, as callers count it.
+  [[nodiscard]] Points Y() const { return page.height - position_y; }
+
+  [[nodiscard]] Points UsableWidth() const { return page.width - margins.left - margins.right; }
+  [[nodiscard]] Points UsableHeight() const { return page.height - margins.top - margins.bottom; }
+
+  /// Page coordinates, from the bottom left corner of the page, of a caller's x and y.
+  [[nodiscard]] Points PageX(Points x) const { return x + margins.left; }
+  [[nodiscard]] Points PageY(Points y) const { return page.height - y - margins.top; }
+};
+
+}  // namespace vellumark::document

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+//
+// WriteText: one run of text, its underline or strike-through, its link, and the advance.
+#include "document/document_model.h"
+#include "layout/alignment.h"
+
+namespace vellumark::document {
+
+bool DocumentModel::WriteText(const TextRun& run) noexcept {
+  return Attempt([&] { return TryWriteText(run); });
+}
+
+RefusalNote DocumentModel::TryWriteText(const TextRun& run) {
+  const Points width = Widths().GetTextWidth(run.text, state_.font);
+  if (const RefusalNote refused = CheckText(width, run.alignment)) return refused;
+
+  const std::uint8_t height = state_.font.height;
+  const Points y = state_.Y();
+  const std::optional<Points> effect_y = EffectLine(y);
+  const Points old_x = state_.position_x;
+  if (run.alignment != AlignmentConstants::NoAlignment) {
+    state_.position_x = layout::GetAlignmentOffset(state_.UsableWidth(), width, run.alignment);
+  }
+  const Points x = state_.position_x;
+  const bool effect_fits = effect_y && !Box().CheckPoints({{x, *effect_y}, {x + width, *effect_y}});
+  const Pieces pieces = {.marks = effect_fits ? 2 : 1, .links = run.hyperlink.empty() ? 0 : 1};
+  if (const RefusalNote refused = writer_.RoomFor(pieces)) {
+    state_.position_x = old_x;
+    return refused;
+  }
+
+  writer_.ShowText(run.text, OnPage(x, y + height));
+  if (effect_fits) DrawLine(x, *effect_y, x + width, *effect_y);
+  if (!run.hyperlink.empty()) {
+    // Two points wider than the text, and a fifth of its height deeper.
+    const Points below = y + height + height / 5;
+    writer_.WriteLink(run.hyperlink, OnPage(x, y), OnPage(x + width + 2, below));
+  }
+  state_.position_x = x + width;
+  if (run.carriage_return) {
+    state_.position_x = state_.line_start_x;
+    state_.position_y = state_.position_y - height - run.dy;
+  }
+  return {};
+}
+
+RefusalNote DocumentModel::CheckText(Points width, AlignmentConstants alignment) const {
+  if (!layout::IsAlignment(alignment)) {
+    return {RefusalReason::InvalidAlignment, static_cast<std::int32_t>(alignment)};
+  }
+  const UsableBox box = Box();
+  const bool aligned = alignment != AlignmentConstants::NoAlignment;
+  const int left = box.width.value() - (aligned ? 0 : state_.position_x.value());
+  if (width.value() > left) return {RefusalReason::TextTooWide, width.value(), left};
+  const int bottom = state_.Y().value() + state_.font.height;
+  if (bottom > box.height.value()) {
+    return {RefusalReason::BeyondBottomMargin, bottom, box.height.value()};
+  }
+  return {};
+}
+
+/// Where the font effect's line lies for text whose top is at `y`.
+std::optional<Points> DocumentModel::EffectLine(Points y) const {
+  const std::uint8_t height = state_.font.height;
+  switch (state_.font.effect) {
+    case FontEffectConstants::Strikethrough: return y + height / 4 + height / 2;
+    case FontEffectConstants::Underline: return y + height + height / 8;
+    default: return std::nullopt;
+  }
+}
+
+}  // namespace vellumark::document

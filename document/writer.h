@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+//
+// Writer: what a page-description language must be able to say.
+//
+// The document model decides what is written, where and when; a Writer only puts it into its own
+// language, appending lines to the document's LineBuffer and reading its State. Everything is
+// checked before a Writer hears of it, positions are page coordinates (points from the bottom left
+// corner of the page), and text is bytes of the code page.
+//
+// Order of calls: BeginDocument; then for each page BeginPage, PaintBackground, AnnouncePage, any
+// marks, EndPage; then EndDocument. Marks may also come before the first page, and a document
+// without pages still ends one.
+#pragma once
+
+#include <any>
+#include <cstdint>
+#include <string_view>
+
+#include "document/refusal_note.h"
+#include "layout/points.h"
+#include "platform/platform.h"
+
+namespace vellumark::document {
+
+/// A place on the page, from its bottom left corner.
+struct PagePoint {
+  layout::Points x;
+  layout::Points y;
+};
+
+/// Pieces of output that a call is going to make.
+struct Pieces {
+  std::int64_t marks = 0;  ///< shapes and text runs
+  std::int64_t links = 0;
+  std::int64_t pages = 0;  ///< page changes: the end of one page and the start of the next
+};
+
+class Writer {
+ public:
+  Writer() = default;
+  Writer(const Writer&) = delete;
+  Writer& operator=(const Writer&) = delete;
+  Writer(Writer&&) = delete;
+  Writer& operator=(Writer&&) = delete;
+  virtual ~Writer() = default;
+
+  /// Refuses pieces after which the page and the document could no longer be finished.
+  [[nodiscard]] virtual RefusalNote RoomFor(const Pieces& /*pieces*/) const { return {}; }
+
+  /// The writer's own state, so that a call that proves too large can be taken back.
+  [[nodiscard]] virtual std::any Save() const { return {}; }
+  virtual void Restore(const std::any& /*saved*/) {}
+
+  // The document and its pages.
+  virtual void BeginDocument(const LocalTime& now) = 0;
+  virtual void BeginPage() = 0;
+  virtual void PaintBackground() = 0;
+  virtual void AnnouncePage() = 0;
+  virtual void EndPage() = 0;
+  virtual void EndDocument() = 0;
+
+  // Shapes, in the pen of the State.
+  virtual void DrawLine(PagePoint from, PagePoint to) = 0;
+  virtual void DrawRectangle(PagePoint top_left, layout::Points width, layout::Points height) = 0;
+  virtual void DrawCurve(PagePoint start, PagePoint control, PagePoint end) = 0;
+  virtual void DrawCircle(PagePoint center, layout::Points radius) = 0;
+  virtual void DrawEllipse(PagePoint center, layout::Points rx, layout::Points ry) = 0;
+
+  /// A slice from the centre, angles in degrees from the positive x axis, as the caller gave them.
+  virtual void DrawArc(PagePoint center, layout::Points radius, float th1, float th2) = 0;
+
+  /// One run of text in the font and colour of the State; `baseline` is where its first glyph
+  /// starts.
+  virtual void ShowText(std::string_view text, PagePoint baseline) = 0;
+
+  /// Makes an area of the page a link. A language without links leaves it out.
+  virtual void WriteLink(std::string_view /*uri*/, PagePoint /*top_left*/,
+                         PagePoint /*bottom_right*/) {}
+};
+
+}  // namespace vellumark::document

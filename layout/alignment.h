@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+//
+// GetAlignmentOffset: where an item of a known width starts inside an available width.
+#pragma once
+
+#include "layout/points.h"
+#include "vellumark/enumerations.h"
+
+namespace vellumark::layout {
+
+/// Left of an item of `itemwidth` points inside `width` points: 0 for NoAlignment, LeftAlign and
+/// every value that is no alignment; half the spare width for Center, truncated toward zero; all of
+/// it for RightAlign. Negative where the item is the wider one. Raises run-time error 6 where the
+/// spare width leaves 16 bits.
+constexpr Points GetAlignmentOffset(Points width, Points itemwidth, AlignmentConstants alignment) {
+  switch (alignment) {
+    case AlignmentConstants::Center: return (width - itemwidth) / 2;
+    case AlignmentConstants::RightAlign: return width - itemwidth;
+    default: return 0;
+  }
+}
+
+constexpr bool IsAlignment(AlignmentConstants alignment) noexcept {
+  return alignment >= AlignmentConstants::NoAlignment &&
+         alignment <= AlignmentConstants::RightAlign;
+}
+
+}  // namespace vellumark::layout

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+//
+// ColorText: a colour as the operand text that is pasted into page content.
+//
+// A colour is held as it is written: red, green and blue, each the byte divided by 255 with three
+// decimals, a point as separator whatever the locale, and every ".000" taken away.
+//
+//     FormatColor(255, 128, 0).view()      // "1 0.502 0"
+//     ParseColor("1 0.502 0")              // {255, 128, 0}
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+namespace vellumark::layout {
+
+struct Rgb {
+  std::uint8_t red = 0;
+  std::uint8_t green = 0;
+  std::uint8_t blue = 0;
+};
+
+/// Three colour operands of at most five characters each, held without allocation. Empty before
+/// Create.
+class ColorText {
+ public:
+  ColorText() = default;
+
+  [[nodiscard]] std::string_view view() const noexcept { return {text_.data(), size_}; }
+
+ private:
+  friend ColorText FormatColor(std::uint8_t red, std::uint8_t green, std::uint8_t blue) noexcept;
+
+  std::array<char, 17> text_{};
+  std::uint8_t size_ = 0;
+};
+
+[[nodiscard]] ColorText FormatColor(std::uint8_t red, std::uint8_t green,
+                                    std::uint8_t blue) noexcept;
+
+/// Reads the first three fractions of `text`; "." and "," both separate decimals. `rgb` takes each
+/// part as it is read. Raises run-time error 9 where a part is missing, 13 where one is no number
+/// and 6 where it leaves 0 to 255.
+void ParseColor(std::string_view text, Rgb& rgb);
+
+}  // namespace vellumark::layout

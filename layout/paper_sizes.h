@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+//
+// The nine paper sizes: their dimensions in points and the names that PostScript knows them by.
+#pragma once
+
+#include <string_view>
+
+#include "layout/points.h"
+#include "vellumark/enumerations.h"
+
+namespace vellumark::layout {
+
+struct Paper {
+  Points width;
+  Points height;
+  std::string_view name;
+};
+
+[[nodiscard]] bool IsPaperSize(PaperSizeConstants papersize) noexcept;
+
+/// Takes the dimensions and name of `papersize` into `paper`; a value that is no paper size leaves
+/// it as it is. Then, for Landscape only, exchanges width and height, of whatever stands there.
+void GetPaperDimensions(PaperSizeConstants papersize, OrientationConstants orientation,
+                        Paper& paper) noexcept;
+
+}  // namespace vellumark::layout

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "layout/text_width.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "layout/rounding.h"
+
+namespace vellumark::layout {
+namespace {
+
+constexpr int kFirstResource = 101;
+constexpr std::int64_t kCourierWidth = 600;
+
+std::int32_t Checked(std::int64_t sum) {
+  if (sum > std::numeric_limits<std::int32_t>::max()) throw RunTimeError(RunTimeError::Overflow);
+  return static_cast<std::int32_t>(sum);
+}
+
+}  // namespace
+
+FontWidths::FontWidths(Platform& platform) : tables_{} {
+  for (std::size_t i = 0; i < tables_.size(); ++i) {
+    const auto bytes = platform.WidthResource(kFirstResource + static_cast<int>(i));
+    if (bytes.empty()) throw RunTimeError(RunTimeError::SubscriptOutOfRange);
+    const std::size_t codes = std::min(bytes.size() / 2, tables_[i].size());
+    for (std::size_t code = 0; code < codes; ++code) {
+      tables_[i][code] = static_cast<std::uint16_t>(bytes[2 * code] | (bytes[2 * code + 1] << 8));
+    }
+  }
+}
+
+std::int32_t FontWidths::Sum(std::string_view text, const Font& font) const {
+  if (font.number == FontNumberConstants::Courier) {
+    return Checked(kCourierWidth * static_cast<std::int64_t>(text.size()));
+  }
+  const Table* const table = TableOf(font);
+  if (table == nullptr) return 0;
+  std::int64_t sum = 0;
+  for (const char c : text) sum += (*table)[static_cast<unsigned char>(c)];
+  return Checked(sum);
+}
+
+Points FontWidths::InPoints(std::uint8_t height, std::int32_t sum) {
+  return {RoundHalfEven(height * (sum / 1000.0))};
+}
+
+const FontWidths::Table* FontWidths::TableOf(const Font& font) const noexcept {
+  switch (font.number) {
+    case FontNumberConstants::Symbol: return &tables_[8];
+    case FontNumberConstants::ZapfDingbats: return &tables_[9];
+    case FontNumberConstants::Helvetica:
+    case FontNumberConstants::Times: break;
+    default: return nullptr;
+  }
+  const auto style = static_cast<std::int32_t>(font.style);
+  if (style < 1 || style > 4) return nullptr;
+  const int family = font.number == FontNumberConstants::Helvetica ? 0 : 4;
+  return &tables_[static_cast<std::size_t>(family + style - 1)];
+}
+
+}  // namespace vellumark::layout

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "pdf/content_stream.h"
+
+#include "pdf/syntax.h"
+
+namespace vellumark::pdf {
+
+using document::Pieces;
+using document::RefusalNote;
+
+RefusalNote PdfWriter::RoomFor(const Pieces& pieces) const {
+  constexpr std::int64_t kPerMark = 2;     // the stream and its length
+  constexpr std::int64_t kPageEnd = 3;     // the footer, and the page itself
+  constexpr std::int64_t kToFinish = kPageEnd + 1;  // and the catalog
+  const std::int64_t needed = kPerMark * pieces.marks + pieces.links +
+                              (kPageEnd + kPerMark) * pieces.pages;  // a page starts with a mark
+  const std::int64_t left = ObjectTable::kHighestNumber - objects_.table.Count() - kToFinish;
+  if (needed <= left) return {};
+  return {RefusalReason::NoObjectNumbersLeft, 0, static_cast<std::int32_t>(left)};
+}
+
+/// Opens an object with the next number.
+int PdfWriter::BeginObject() {
+  const int number = objects_.table.Add(oddities::Position(lines_));
+  lines_.Append(number, " 0 obj");
+  return number;
+}
+
+int PdfWriter::BeginStreamObject() {
+  const int number = BeginObject();
+  lines_.Append("<<");
+  lines_.Append("/Length ", Reference{number + 1});
+  lines_.Append(">>");
+  return number;
+}
+
+void PdfWriter::WriteLengthObject(std::int32_t length) {
+  BeginObject();
+  lines_.Append(length);
+  lines_.Append("endobj");
+}
+
+void PdfWriter::SetStateSaved(GraphicsState wanted) {
+  if (objects_.state_saved) lines_.Append("Q");
+  objects_.state_saved = wanted == GraphicsState::Saved;
+  if (objects_.state_saved) lines_.Append("q");
+}
+
+}  // namespace vellumark::pdf

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+//
+// ObjectTable: the numbers of a document's objects and where each one starts.
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <vector>
+
+#include "vellumark/run_time_error.h"
+
+namespace vellumark::pdf {
+
+/// Object numbers are 16 bits wide and start at 1.
+class ObjectTable {
+ public:
+  static constexpr int kHighestNumber = std::numeric_limits<std::int16_t>::max();
+
+  /// The next number, without an offset. Raises run-time error 6 when all are handed out.
+  int Reserve() {
+    if (count_ == kHighestNumber) throw RunTimeError(RunTimeError::Overflow);
+    return ++count_;
+  }
+
+  /// The next number, for an object that starts at `offset`.
+  int Add(std::int32_t offset) {
+    const int number = Reserve();
+    offsets_.resize(static_cast<std::size_t>(number) + 1);
+    offsets_[static_cast<std::size_t>(number)] = offset;
+    return number;
+  }
+
+  /// The highest number handed out.
+  [[nodiscard]] int Count() const noexcept { return count_; }
+
+  /// Where an object starts; 0 where that was never recorded.
+  [[nodiscard]] std::int32_t Offset(int number) const noexcept {
+    const auto index = static_cast<std::size_t>(number);
+    return index < offsets_.size() ? offsets_[index] : 0;
+  }
+
+ private:
+  int count_ = 0;
+  std::vector<std::int32_t> offsets_;  // by object number; entry 0 is unused
+};
+
+}  // namespace vellumark::pdf

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "platform/memory_platform.h"
+
+#include <utility>
+
+namespace vellumark {
+
+const std::string* MemoryPlatform::File(std::string_view name) const {
+  const auto found = files_.find(name);
+  return found == files_.end() ? nullptr : &found->second.bytes;
+}
+
+std::string MemoryPlatform::TakeFile(std::string_view name) {
+  const auto found = files_.find(name);
+  if (found == files_.end() || found->second.open) return {};
+  std::string bytes = std::move(found->second.bytes);
+  files_.erase(found);
+  return bytes;
+}
+
+FileHandle MemoryPlatform::CreateOutput(std::string_view name, std::error_code& error) {
+  MemoryFile& file = files_[std::string(name)];
+  if (file.open) {
+    error = std::make_error_code(std::errc::device_or_resource_busy);
+    return FileHandle::Invalid;
+  }
+  error.clear();
+  file.bytes.clear();
+  file.open = true;
+  handles_.push_back(&file);
+  return static_cast<FileHandle>(handles_.size() - 1);
+}
+
+std::error_code MemoryPlatform::WriteOutput(FileHandle file, std::string_view bytes) {
+  MemoryFile* const open = FindOpen(file);
+  if (open == nullptr) return std::make_error_code(std::errc::bad_file_descriptor);
+  open->bytes.append(bytes);
+  return {};
+}
+
+std::error_code MemoryPlatform::CloseOutput(FileHandle file) {
+  MemoryFile* const open = FindOpen(file);
+  if (open == nullptr) return std::make_error_code(std::errc::bad_file_descriptor);
+  open->open = false;
+  handles_[static_cast<std::size_t>(file)] = nullptr;
+  while (!handles_.empty() && handles_.back() == nullptr) handles_.pop_back();
+  return {};
+}
+
+void MemoryPlatform::ShowNotice(std::string_view text, std::string_view caption) {
+  notices_.push_back(std::string(caption).append(": ").append(text));
+}
+
+LocalTime MemoryPlatform::Now() { return time_ ? *time_ : PortablePlatform::Now(); }
+
+MemoryPlatform::MemoryFile* MemoryPlatform::FindOpen(FileHandle file) noexcept {
+  const auto index = static_cast<std::size_t>(file);
+  return index < handles_.size() ? handles_[index] : nullptr;
+}
+
+}  // namespace vellumark

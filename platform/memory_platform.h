@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+//
+// MemoryPlatform: a platform whose files are byte buffers, for web answers and for tests.
+//
+//     auto memory = std::make_shared<vellumark::MemoryPlatform>();
+//     vellumark::PDF doc(memory);
+//     doc.Create("answer.pdf"); ... doc.Flush();
+//     Send(memory->TakeFile("answer.pdf"));
+//
+// Names are any bytes; a file comes into being with CreateOutput and, as on any platform, cannot be
+// created again while it is open. Notices are kept and shown to nobody. The clock is the system's
+// until SetTime stops it.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/portable_platform.h"
+
+namespace vellumark {
+
+class MemoryPlatform : public PortablePlatform {
+ public:
+  /// The bytes of a file, also of one still open; null where there is none of that name.
+  [[nodiscard]] const std::string* File(std::string_view name) const;
+
+  /// Moves a file's bytes out and forgets it; empty where there is none or it is still open.
+  [[nodiscard]] std::string TakeFile(std::string_view name);
+
+  /// From now on Now() answers this moment.
+  void SetTime(const LocalTime& time) { time_ = time; }
+
+  /// Every notice shown so far, as "caption: text".
+  [[nodiscard]] const std::vector<std::string>& Notices() const noexcept { return notices_; }
+
+  FileHandle CreateOutput(std::string_view name, std::error_code& error) override;
+  std::error_code WriteOutput(FileHandle file, std::string_view bytes) override;
+  std::error_code CloseOutput(FileHandle file) override;
+  void ShowNotice(std::string_view text, std::string_view caption) override;
+  LocalTime Now() override;
+
+ private:
+  struct MemoryFile {
+    std::string bytes;
+    bool open = false;
+  };
+
+  MemoryFile* FindOpen(FileHandle file) noexcept;
+
+  std::map<std::string, MemoryFile, std::less<>> files_;
+  std::vector<MemoryFile*> handles_;  // indexed by handle; null once closed
+  std::optional<LocalTime> time_;
+  std::vector<std::string> notices_;
+};
+
+}  // namespace vellumark

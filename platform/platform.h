@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+//
+// Platform: everything a document asks of the system it runs on.
+//
+// A document reaches files, the clock, the code page and the message box through this interface
+// only. Three implementations ship: the POSIX one, which documents use by default; MemoryPlatform
+// (platform/memory_platform.h), whose files are byte buffers; and, in the automation server, the
+// Windows one. A host may bring its own:
+//
+//     auto platform = std::make_shared<MyPlatform>();   // derives from Platform
+//     vellumark::PDF doc(platform);
+//
+// Threads: documents on different threads may share a platform only if it says so; the POSIX and
+// memory platforms do not. A document constructed without a platform has one of its own.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+namespace vellumark {
+
+/// An open output file of a platform. Invalid is what a failed CreateOutput answers.
+enum class FileHandle : std::int64_t { Invalid = -1 };
+
+/// A moment as a clock on the wall shows it.
+struct LocalTime {
+  int year = 1970;  ///< four digits
+  int month = 1;    ///< 1 to 12
+  int day = 1;      ///< 1 to 31
+  int hour = 0;     ///< 0 to 23
+  int minute = 0;   ///< 0 to 59
+  int second = 0;   ///< 0 to 60
+  int weekday = 4;  ///< 0 (Sunday) to 6 (Saturday)
+};
+
+class Platform {
+ public:
+  Platform() = default;
+  Platform(const Platform&) = delete;
+  Platform& operator=(const Platform&) = delete;
+  Platform(Platform&&) = delete;
+  Platform& operator=(Platform&&) = delete;
+
+  /// Closes every file that is still open, keeping what was written to it so far.
+  virtual ~Platform() = default;
+
+  /// Creates the file `name` (UTF-8) for writing, always anew: an existing file loses its content.
+  /// No sharing: while it is open, creating it again fails and leaves it as it is. On failure the
+  /// result is FileHandle::Invalid and `error` says why.
+  virtual FileHandle CreateOutput(std::string_view name, std::error_code& error) = 0;
+
+  /// Writes all of `bytes`, one whole line with its line end. The platform may hold them back until
+  /// CloseOutput. An error may be told by this call or a later one; a file that once failed keeps
+  /// failing. Writing to FileHandle::Invalid is an error and nothing else.
+  virtual std::error_code WriteOutput(FileHandle file, std::string_view bytes) = 0;
+
+  /// Writes what was held back and closes the file. The handle is gone also after an error.
+  virtual std::error_code CloseOutput(FileHandle file) = 0;
+
+  /// Shows the notice that a document gives of its construction. Must not block a host that has no
+  /// one to look at it.
+  virtual void ShowNotice(std::string_view text, std::string_view caption) = 0;
+
+  /// The present local date and time.
+  virtual LocalTime Now() = 0;
+
+  /// Converts UTF-8 to the system's single-byte code page, one byte per character; a character that
+  /// the code page lacks, also one beyond U+FFFF, becomes one "?". The result lies in `utf8` itself
+  /// or in `storage`, and is valid as long as both stay as they are.
+  virtual std::string_view ToCodePage(std::string_view utf8, std::string& storage) = 0;
+
+  /// Glyph-width resource 101 to 110: 256 unsigned 16-bit little-endian advance widths in 1/1000
+  /// em, by character code. Empty for any other number.
+  virtual std::span<const std::uint8_t> WidthResource(int number) = 0;
+
+  /// The library's title, UTF-8: the caption of the notice.
+  virtual std::string_view Title() = 0;
+
+  /// The library's legal notice, UTF-8: the footer of every page, with "©" written as "(c)".
+  virtual std::string_view LegalNotice() = 0;
+};
+
+}  // namespace vellumark

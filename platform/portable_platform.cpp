@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#include "platform/portable_platform.h"
+
+#include "platform/system_clock.h"
+#include "platform/width_resources.h"
+#include "platform/windows_1252.h"
+
+namespace vellumark {
+
+LocalTime PortablePlatform::Now() { return platform::SystemLocalTime(); }
+
+std::string_view PortablePlatform::ToCodePage(std::string_view utf8, std::string& storage) {
+  return platform::ToWindows1252(utf8, storage);
+}
+
+std::span<const std::uint8_t> PortablePlatform::WidthResource(int number) {
+  return platform::WidthResource(number);
+}
+
+std::string_view PortablePlatform::Title() { return kTitle; }
+
+std::string_view PortablePlatform::LegalNotice() { return kLegalNotice; }
+
+}  // namespace vellumark

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include "platform/posix_platform.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <string>
+
+namespace vellumark {
+namespace {
+
+std::error_code LastError() { return {errno, std::generic_category()}; }
+
+/// Opens, locks and empties the file, in this order: a file in use keeps its content.
+int OpenLocked(const char* name, std::error_code& error) {
+  // O_NONBLOCK: a named pipe without a reader answers at once instead of waiting for one.
+  const int fd = ::open(name, O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666);
+  if (fd < 0) {
+    error = LastError();
+    return -1;
+  }
+  struct stat status {};
+  const bool known = ::fstat(fd, &status) == 0;
+  const bool regular = known && S_ISREG(status.st_mode);
+  if (regular && ::flock(fd, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+    error = std::make_error_code(std::errc::device_or_resource_busy);
+  } else if (!known || (regular && ::ftruncate(fd, 0) != 0)) {
+    error = LastError();
+  }
+  if (error) {
+    ::close(fd);
+    return -1;
+  }
+  ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) & ~O_NONBLOCK);
+  return fd;
+}
+
+}  // namespace
+
+/// A file being written, with the bytes that are held back.
+class PosixPlatform::OutputFile {
+ public:
+  explicit OutputFile(int fd) : fd_(fd), buffer_(new char[kBufferSize]) {}
+  OutputFile(const OutputFile&) = delete;
+  OutputFile& operator=(const OutputFile&) = delete;
+  OutputFile(OutputFile&&) = delete;
+  OutputFile& operator=(OutputFile&&) = delete;
+  ~OutputFile() { Close(); }
+
+  std::error_code Write(std::string_view bytes) {
+    if (bytes.size() > kBufferSize - used_) {
+      Drain();
+      if (bytes.size() >= kBufferSize) {
+        WriteThrough(bytes);
+        return error_;
+      }
+    }
+    std::memcpy(buffer_.get() + used_, bytes.data(), bytes.size());
+    used_ += bytes.size();
+    return error_;
+  }
+
+  std::error_code Close() {
+    if (fd_ < 0) return error_;
+    Drain();
+    // After EINTR the descriptor is gone too; closing it again could close another's.
+    if (::close(fd_) != 0 && errno != EINTR && !error_) error_ = LastError();
+    fd_ = -1;
+    return error_;
+  }
+
+ private:
+  static constexpr std::size_t kBufferSize = 65536;
+
+  void Drain() {
+    WriteThrough({buffer_.get(), used_});
+    used_ = 0;
+  }
+
+  /// Short writes are continued and interrupted ones repeated; the first error stays.
+  void WriteThrough(std::string_view bytes) {
+    while (!bytes.empty() && !error_) {
+      const ssize_t written = ::write(fd_, bytes.data(), bytes.size());
+      if (written >= 0) {
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+      } else if (errno != EINTR) {
+        error_ = LastError();
+      }
+    }
+  }
+
+  int fd_;
+  std::unique_ptr<char[]> buffer_;
+  std::size_t used_ = 0;
+  std::error_code error_;
+};
+
+PosixPlatform::PosixPlatform() = default;
+PosixPlatform::~PosixPlatform() = default;
+
+FileHandle PosixPlatform::CreateOutput(std::string_view name, std::error_code& error) {
+  error.clear();
+  if (name.empty() || name.find('\0') != std::string_view::npos) {
+    error = std::make_error_code(std::errc::no_such_file_or_directory);
+    return FileHandle::Invalid;
+  }
+  const int fd = OpenLocked(std::string(name).c_str(), error);
+  if (fd < 0) return FileHandle::Invalid;
+  files_.push_back(std::make_unique<OutputFile>(fd));
+  return static_cast<FileHandle>(files_.size() - 1);
+}
+
+std::error_code PosixPlatform::WriteOutput(FileHandle file, std::string_view bytes) {
+  OutputFile* const output = Find(file);
+  return output != nullptr ? output->Write(bytes)
+                           : std::make_error_code(std::errc::bad_file_descriptor);
+}
+
+std::error_code PosixPlatform::CloseOutput(FileHandle file) {
+  OutputFile* const output = Find(file);
+  if (output == nullptr) return std::make_error_code(std::errc::bad_file_descriptor);
+  const std::error_code error = output->Close();
+  files_[static_cast<std::size_t>(file)].reset();
+  while (!files_.empty() && files_.back() == nullptr) files_.pop_back();
+  return error;
+}
+
+void PosixPlatform::ShowNotice(std::string_view text, std::string_view caption) {
+  std::string line;
+  line.append(caption).append(": ").append(text).append("\n");
+  pollfd standard_error{STDERR_FILENO, POLLOUT, 0};
+  // A full pipe is not writable; one without a reader has an error pending and would raise a signal.
+  const bool writable = ::poll(&standard_error, 1, 0) == 1 && standard_error.revents == POLLOUT;
+  if (writable && ::write(STDERR_FILENO, line.data(), line.size()) < 0) {
+    // The notice is a courtesy: nobody waits for it.
+  }
+}
+
+PosixPlatform::OutputFile* PosixPlatform::Find(FileHandle file) noexcept {
+  const auto index = static_cast<std::size_t>(file);
+  return index < files_.size() ? files_[index].get() : nullptr;
+}
+
+}  // namespace vellumark

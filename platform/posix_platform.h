@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+//
+// PosixPlatform: files, standard error and the clock of a POSIX system.
+//
+// Files: an existing file keeps its permissions, its inode and, until the new content is locked in,
+// its bytes. "No sharing" is an advisory lock (flock) on the open file, so it also holds between
+// two documents of one process; other programs are not kept out. A named pipe without a reader is
+// refused rather than waited for. Lines are collected into writes of 64 KiB.
+//
+// Notice: one line on standard error, "Vellumark: Initialize()"; left out where that would block or
+// where nobody can read it any more.
+//
+// Clock: local time, or SOURCE_DATE_EPOCH in UTC (platform/system_clock.h).
+//
+// Not for use from several threads at once; each document without a platform makes its own.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/portable_platform.h"
+
+namespace vellumark {
+
+class PosixPlatform : public PortablePlatform {
+ public:
+  PosixPlatform();
+  ~PosixPlatform() override;
+  PosixPlatform(const PosixPlatform&) = delete;
+  PosixPlatform& operator=(const PosixPlatform&) = delete;
+  PosixPlatform(PosixPlatform&&) = delete;
+  PosixPlatform& operator=(PosixPlatform&&) = delete;
+
+  FileHandle CreateOutput(std::string_view name, std::error_code& error) override;
+  std::error_code WriteOutput(FileHandle file, std::string_view bytes) override;
+  std::error_code CloseOutput(FileHandle file) override;
+  void ShowNotice(std::string_view text, std::string_view caption) override;
+
+ private:
+  class OutputFile;
+
+  OutputFile* Find(FileHandle file) noexcept;
+
+  std::vector<std::unique_ptr<OutputFile>> files_;  // indexed by handle; null once closed
+};
+
+}  // namespace vellumark

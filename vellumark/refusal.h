@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+//
+// Refusal: why the last call did not do what was asked.
+//
+// Members answer false without a word, so that calls stay cheap. A host that wants the word asks
+// the document afterwards:
+//
+//     if (!doc.WriteText(text)) {
+//       const vellumark::Refusal refusal = doc.LastRefusal();
+//       if (refusal.reason == vellumark::RefusalReason::TextTooWide) ...
+//       std::cerr << refusal.sentence << '\n';   // "text is 612 points wide, 595 are left ..."
+//     }
+//
+// The answer belongs to the latest Create, NewPage, Flush, drawing or writing call; after a call
+// that succeeded the reason is None and the sentence empty. Asking changes nothing.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace vellumark {
+
+enum class RefusalReason : std::int32_t {
+  None = 0,             ///< the last call succeeded
+  InvalidOrientation,   ///< Create: Orientation is no member of OrientationConstants
+  InvalidPaperSize,     ///< Create: PaperSize is no member of PaperSizeConstants
+  FileNotCreated,       ///< Create: the platform could not create the file, or it is in use
+  FileNotOpen,          ///< Flush: no file is open, nothing was written
+  FileNotWritten,       ///< Flush: the platform could not write or close the file
+  MarginsNotTaken,      ///< NewPage: the margins leave no room; the previous ones stay
+  NegativeCoordinate,   ///< a coordinate, size or radius is below 0
+  BeyondRightMargin,    ///< a shape or picture reaches over the right margin
+  BeyondBottomMargin,   ///< a shape, text or picture reaches over the bottom margin
+  RadiusBeyondEdge,     ///< a radius is longer than its centre's way to the left or top edge
+  TextTooWide,          ///< a text, title or paragraph is wider than the room it has
+  WordTooWide,          ///< a word of a paragraph is wider than the line
+  InvalidAlignment,     ///< the alignment is no member of AlignmentConstants
+  InvalidBullet,        ///< the bullet is no member of BulletConstants
+  InvalidEncoding,      ///< the encoding is no member of EncodingConstants
+  PictureNotLoaded,     ///< the picture file is missing, unknown or damaged
+  NoObjectNumbersLeft,  ///< the call would not leave enough object numbers to finish the document
+  RunTimeFault,         ///< a run-time error stopped the call; what it wrote before it stays
+};
+
+struct Refusal {
+  RefusalReason reason = RefusalReason::None;
+  std::string sentence;  ///< one sentence with the numbers in it, UTF-8; empty for None
+};
+
+}  // namespace vellumark

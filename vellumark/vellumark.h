@@ -1,0 +1,251 @@
+// SPDX-License-Identifier: MIT
+//
+// Vellumark: printable documents without a printer driver.
+//
+// The one header a C++ host includes. It declares PDF, which writes PDF 1.2 files, and Enumerations
+// and the eight enumerations whose members the calls take:
+//
+//     #include <vellumark/vellumark.h>
+//     using namespace vellumark;
+//
+//     PDF doc;
+//     doc.Title("First page");
+//     if (!doc.Create("first.pdf")) return Fail(doc.LastRefusal().sentence);
+//     doc.NewPage(50, 50, 50, 50, 255, 255, 255);
+//     doc.SetFont(FontNumberConstants::Times, 12, FontStyleConstants::Regular,
+//                 FontEffectConstants::NoFontEffect);
+//     doc.WriteMultiText("Wrapped and justified ...", 2, AlignmentConstants::NoAlignment, true);
+//     doc.Flush();
+//
+// Order of calls. Properties; Create; NewPage before anything is drawn; drawing, text and further
+// NewPage calls; Flush once. Nothing reaches the file before Flush, and a document that is
+// destroyed without it leaves an empty file behind. The same calls at the same moment give the same
+// bytes.
+//
+// Units and coordinates. Positions and sizes are whole points (1/72 inch), 16 bits signed. (0, 0)
+// is the top left corner of the area inside the page margins, y grows downwards. The usable width
+// and height are the page's size less its margins. The paper's size is turned by Landscape.
+//
+// Text is UTF-8. A property gives back exactly what was set; what goes into the file is converted
+// to the platform's single-byte code page, where a character that it lacks becomes "?".
+//
+// Results and errors. A drawing or writing call answers true when it wrote something, and false,
+// without a word and without throwing, when it refused an argument or met a run-time error;
+// LastRefusal then says why. NewPage and Flush report nothing and go on past a failing step. The
+// other members are accessors: an argument out of range is ignored or replaced as they say, and the
+// few that can fail throw RunTimeError.
+//
+// Each document belongs to one thread at a time; nothing is shared between documents. A document
+// that was moved from may only be destroyed or assigned to.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/memory_platform.h"
+#include "platform/platform.h"
+#include "vellumark/enumerations.h"
+#include "vellumark/export.h"
+#include "vellumark/refusal.h"
+#include "vellumark/run_time_error.h"
+
+namespace vellumark {
+
+/// What every document can do, whatever its language. Not created itself: see PDF. A function that
+/// takes a Document& draws the same pages into any of them.
+class VELLUMARK_API Document {
+ public:
+  Document(const Document&) = delete;
+  Document& operator=(const Document&) = delete;
+
+  // --- Properties. They keep their values from one Create to the next. --------------------------
+
+  /// Written into the file by Create, exactly as set: a "(", ")" or "\" is not escaped.
+  [[nodiscard]] std::string Author() const;
+  void Author(std::string_view author);
+  [[nodiscard]] std::string Creator() const;
+  void Creator(std::string_view creator);
+  [[nodiscard]] std::string Title() const;
+  void Title(std::string_view title);
+
+  /// Read by Create, which refuses a value that is no member. Default Portrait and A4.
+  [[nodiscard]] OrientationConstants Orientation() const;
+  void Orientation(OrientationConstants orientation);
+  [[nodiscard]] PaperSizeConstants PaperSize() const;
+  void PaperSize(PaperSizeConstants papersize);
+
+  /// PDF: marks each page that ends while it is set; readers show the page upright all the same.
+  [[nodiscard]] bool Rotated() const;
+  void Rotated(bool rotated);
+
+  /// Version of the file format.
+  [[nodiscard]] std::string Version() const;
+
+  // --- The document and its pages. ---------------------------------------------------------------
+
+  /// Creates the file (always anew, for nobody else as long as it is open) and starts the document.
+  /// Pen, font, margins, colours and picture box go back to their defaults: black, solid, 1 point,
+  /// unfilled, Courier 8, no margins, white page, no box. False for an orientation or paper size
+  /// that is none, or when the file cannot be created.
+  bool Create(std::string_view file) noexcept;
+
+  /// Ends the open page, if any, with the legal notice as footer, and starts the next one: margins
+  /// in points, page colour 0 to 255, position at the top left. Margins that are negative or leave
+  /// 20 points or less of the page either way are not taken; the previous ones stay.
+  void NewPage(std::int16_t marginleft, std::int16_t margintop, std::int16_t marginright,
+               std::int16_t marginbottom, std::uint8_t red, std::uint8_t green,
+               std::uint8_t blue) noexcept;
+
+  /// Ends the last page, writes the document and closes the file. A document without pages gets
+  /// one. Whether the file was written in full, LastRefusal tells.
+  void Flush() noexcept;
+
+  // --- Shapes, in the current colour, dash, fill colour, fill style and thickness. ----------------
+  // Every point must lie in the usable area, edges included; a circle, ellipse or slice as a whole.
+
+  bool DrawLine(std::int16_t x1, std::int16_t y1, std::int16_t x2, std::int16_t y2) noexcept;
+
+  /// By its top left corner. PDF: an unfilled closed shape is white inside and covers what is below.
+  bool DrawRectangle(std::int16_t x, std::int16_t y, std::int16_t width,
+                     std::int16_t height) noexcept;
+
+  /// From the first point to the third, pulled by the second, and closed by a straight line.
+  bool DrawCurve(std::int16_t x1, std::int16_t y1, std::int16_t x2, std::int16_t y2,
+                 std::int16_t x3, std::int16_t y3) noexcept;
+
+  /// By its centre.
+  bool DrawCircle(std::int16_t x, std::int16_t y, std::int16_t r) noexcept;
+
+  /// PDF: bulges towards the corners of its box, visibly less round than a circle.
+  bool DrawEllipse(std::int16_t x, std::int16_t y, std::int16_t rx, std::int16_t ry) noexcept;
+
+  /// A slice of a circle from the centre, counter-clockwise between two angles in degrees from the
+  /// positive x axis. PDF takes the smaller angle first and brings both below 360; where the second
+  /// then lies below the first the slice runs through 0 degrees.
+  bool DrawArc(std::int16_t x, std::int16_t y, std::int16_t r, float th1, float th2) noexcept;
+
+  // --- Text, in the current colour and font. ------------------------------------------------------
+
+  /// One run of text; the current position is its top left corner. It must fit: without alignment
+  /// between the current x and the right margin, else within the usable width, and above the bottom
+  /// margin. Then the position moves behind it, or with `carriagereturn` to the x of the last
+  /// SetPosition and down by the font height and `dy`.
+  bool WriteText(std::string_view text, bool carriagereturn = false, std::uint8_t dy = 0,
+                 AlignmentConstants alignment = AlignmentConstants::NoAlignment) noexcept;
+
+  /// One line behind a bullet that takes the font height less 1; always ends with a carriage
+  /// return.
+  bool WriteTitle(std::string_view text,
+                  AlignmentConstants alignment = AlignmentConstants::NoAlignment,
+                  BulletConstants bullet = BulletConstants::Disc) noexcept;
+
+  /// A paragraph in lines of `width` points, 0 for all that is left of the right margin, broken at
+  /// blanks; `dy` points between the lines. Starts new pages where it must, with the margins and
+  /// colour of the present one. `justified` stretches every line but the last to its full width.
+  /// False, and nothing written, where a word is wider than a line.
+  bool WriteMultiText(std::string_view text, std::uint8_t dy = 0,
+                      AlignmentConstants alignment = AlignmentConstants::NoAlignment,
+                      bool justified = false, std::int16_t width = 0) noexcept;
+
+  // --- Pen, font, page and position. --------------------------------------------------------------
+
+  /// The colours; each component 0 to 255. Before Create there is none, and reading throws
+  /// RunTimeError 9 (subscript out of range).
+  void GetColor(std::uint8_t& red, std::uint8_t& green, std::uint8_t& blue) const;
+  void SetColor(std::uint8_t red, std::uint8_t green, std::uint8_t blue);
+  void GetFillColor(std::uint8_t& red, std::uint8_t& green, std::uint8_t& blue) const;
+  void SetFillColor(std::uint8_t red, std::uint8_t green, std::uint8_t blue);
+  void GetPageColor(std::uint8_t& red, std::uint8_t& green, std::uint8_t& blue) const;
+
+  /// Lengths of dashes and gaps in points, separated by blanks, such as "3 2"; "" for a solid line.
+  /// Unchecked.
+  [[nodiscard]] std::string GetDash() const;
+  void SetDash(std::string_view dash);
+
+  [[nodiscard]] bool GetFillStyle() const;
+  void SetFillStyle(bool fillstyle);
+
+  /// Line width in points; 0 is ignored.
+  [[nodiscard]] std::uint8_t GetThickness() const;
+  void SetThickness(std::uint8_t thickness);
+
+  /// An unknown font becomes Courier, a height outside 8 to 72 becomes 8, an unknown effect none.
+  /// A style other than Regular is taken for fonts below Symbol only, as passed.
+  void GetFont(FontNumberConstants& fontnumber, std::uint8_t& fontheight,
+               FontStyleConstants& fontstyle, FontEffectConstants& fonteffect) const;
+  void SetFont(FontNumberConstants fontnumber, std::uint8_t fontheight,
+               FontStyleConstants fontstyle, FontEffectConstants fonteffect);
+
+  /// Size of the page in points, after Create.
+  void GetPageDimensions(std::int16_t& width, std::int16_t& height) const;
+
+  void GetPageMargins(std::int16_t& marginleft, std::int16_t& margintop, std::int16_t& marginright,
+                      std::int16_t& marginbottom) const;
+
+  /// The box into which pictures are fitted; taken only if both are above 0.
+  void GetPictureDimensions(std::int16_t& width, std::int16_t& height) const;
+  void SetPictureDimensions(std::int16_t width, std::int16_t height);
+
+  /// The current position. A coordinate outside the usable area, such as the default, leaves the
+  /// present one. An x that is taken is also where carriage returns go back to.
+  void GetPosition(std::int16_t& x, std::int16_t& y) const;
+  void SetPosition(std::int16_t x = -1, std::int16_t y = -1);
+
+  // --- Why. ---------------------------------------------------------------------------------------
+
+  /// The reason why the latest Create, NewPage, Flush, drawing or writing call did not do what was
+  /// asked; None after one that did.
+  [[nodiscard]] Refusal LastRefusal() const;
+
+ protected:
+  class Parts;
+
+  explicit Document(std::unique_ptr<Parts> parts);
+  Document(Document&& other) noexcept;
+  Document& operator=(Document&& other) noexcept;
+  ~Document();
+
+  [[nodiscard]] Parts& parts() const noexcept { return *parts_; }
+
+ private:
+  std::unique_ptr<Parts> parts_;
+};
+
+/// Class to generate PDF documents. Constructing one shows the notice "Initialize()" of the
+/// platform; on POSIX systems that is one line on standard error.
+class VELLUMARK_API PDF : public Document {
+ public:
+  /// On a native platform of its own.
+  PDF();
+
+  /// On a platform of the host's, such as a MemoryPlatform.
+  explicit PDF(std::shared_ptr<Platform> platform);
+
+  PDF(PDF&& other) noexcept;
+  PDF& operator=(PDF&& other) noexcept;
+  ~PDF();
+
+  /// Properties that only PDF has; see Author.
+  [[nodiscard]] std::string Keywords() const;
+  void Keywords(std::string_view keywords);
+  [[nodiscard]] std::string Producer() const;
+  void Producer(std::string_view producer);
+  [[nodiscard]] std::string Subject() const;
+  void Subject(std::string_view subject);
+
+  /// The same with a link over the text; the address is written unescaped, so it must be
+  /// percent-encoded.
+  using Document::WriteText;
+  bool WriteText(std::string_view text, bool carriagereturn, std::uint8_t dy,
+                 AlignmentConstants alignment, std::string_view hyperlink) noexcept;
+  using Document::WriteTitle;
+  bool WriteTitle(std::string_view text, AlignmentConstants alignment, BulletConstants bullet,
+                  std::string_view hyperlink) noexcept;
+
+ private:
+  class PdfParts;
+};
+
+}  // namespace vellumark
