@@ -51,7 +51,7 @@ class Document::Parts {
   Parts& operator=(const Parts&) = delete;
   Parts(Parts&&) = delete;
   Parts& operator=(Parts&&) = delete;
-  virtual ~Parts() = default;
+  ~Parts() = default;
 
   [[nodiscard]] document::HostText Keep(std::string_view utf8) const {
     const CodePageText bytes(*platform, utf8);

@@ -4,41 +4,39 @@
 
 namespace vellumark {
 
-/// A document's parts, with the writer's own properties at hand.
-class PDF::PdfParts final : public Document::Parts {
- public:
-  explicit PdfParts(std::shared_ptr<Platform> used_platform)
-      : Parts(std::move(used_platform), "1.2",
-              [](const document::State& state, document::LineBuffer& lines)
-                  -> std::unique_ptr<document::Writer> {
-                return std::make_unique<pdf::PdfWriter>(state, lines);
-              }) {}
+namespace {
 
-  static pdf::PdfWriter::Properties& Properties(const Parts& parts) {
-    return static_cast<pdf::PdfWriter&>(*parts.writer).properties;
-  }
-};
+std::unique_ptr<document::Writer> MakeWriter(const document::State& state,
+                                             document::LineBuffer& lines) {
+  return std::make_unique<pdf::PdfWriter>(state, lines);
+}
+
+pdf::PdfWriter::Properties& PropertiesOf(document::Writer& writer) {
+  return static_cast<pdf::PdfWriter&>(writer).properties;
+}
+
+}  // namespace
 
 PDF::PDF() : PDF(NativePlatform()) {}
 
 PDF::PDF(std::shared_ptr<Platform> platform)
-    : Document(std::make_unique<PdfParts>(std::move(platform))) {}
+    : Document(std::make_unique<Parts>(std::move(platform), "1.2", MakeWriter)) {}
 
 PDF::PDF(PDF&& other) noexcept = default;
 PDF& PDF::operator=(PDF&& other) noexcept = default;
 PDF::~PDF() = default;
 
-std::string PDF::Keywords() const { return PdfParts::Properties(parts()).keywords.utf8; }
+std::string PDF::Keywords() const { return PropertiesOf(*parts().writer).keywords.utf8; }
 void PDF::Keywords(std::string_view keywords) {
-  PdfParts::Properties(parts()).keywords = parts().Keep(keywords);
+  PropertiesOf(*parts().writer).keywords = parts().Keep(keywords);
 }
-std::string PDF::Producer() const { return PdfParts::Properties(parts()).producer.utf8; }
+std::string PDF::Producer() const { return PropertiesOf(*parts().writer).producer.utf8; }
 void PDF::Producer(std::string_view producer) {
-  PdfParts::Properties(parts()).producer = parts().Keep(producer);
+  PropertiesOf(*parts().writer).producer = parts().Keep(producer);
 }
-std::string PDF::Subject() const { return PdfParts::Properties(parts()).subject.utf8; }
+std::string PDF::Subject() const { return PropertiesOf(*parts().writer).subject.utf8; }
 void PDF::Subject(std::string_view subject) {
-  PdfParts::Properties(parts()).subject = parts().Keep(subject);
+  PropertiesOf(*parts().writer).subject = parts().Keep(subject);
 }
 
 bool PDF::WriteText(std::string_view text, bool carriagereturn, std::uint8_t dy,

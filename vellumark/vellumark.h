@@ -243,9 +243,6 @@ class VELLUMARK_API PDF : public Document {
   using Document::WriteTitle;
   bool WriteTitle(std::string_view text, AlignmentConstants alignment, BulletConstants bullet,
                   std::string_view hyperlink) noexcept;
-
- private:
-  class PdfParts;
 };
 
 }  // namespace vellumark
