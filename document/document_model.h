@@ -154,7 +154,7 @@ class DocumentModel {
 
   // text_run.cpp
   [[nodiscard]] RefusalNote CheckText(Points width, AlignmentConstants alignment) const;
-  [[nodiscard]] std::optional<Points> EffectLine(Points width) const;
+  [[nodiscard]] std::optional<Points> EffectLine(Points y) const;
   RefusalNote TryWriteText(const TextRun& run);
 
   // title.cpp
@@ -190,7 +190,7 @@ class DocumentModel {
     std::size_t end = 0;
     std::int32_t sum = 0;  // 1/1000 em
   };
-  std::vector<Word> words_;        // of one paragraph; kept for its storage
+  std::vector<Word> words_;          // of one paragraph; kept for its storage
   layout::JustifiedLine justified_;  // likewise
 };
 

@@ -125,20 +125,19 @@ void DocumentModel::EndPage() {
   const layout::Font font = state_.font;
   const Points x = state_.position_x;
   Points y;
-  ResumeNext(
-      [&] { layout::ParseColor(state_.color.view(), color); },  //
-      [&] { y = state_.Y(); },                                  //
-      [&] { state_.color = layout::FormatColor(0, 0, 0); },
-      [&] {
-        SetFont(FontNumberConstants::Times, 10, FontStyleConstants::Regular,
-                FontEffectConstants::NoFontEffect);
-      },
-      [&] { SetPosition(-1, state_.UsableHeight() - kFooterHeight); },
-      [&] { WriteText({.text = footer_, .alignment = AlignmentConstants::Center}); },
-      [&] { state_.color = layout::FormatColor(color.red, color.green, color.blue); },
-      [&] { SetFont(font.number, font.height, font.style, font.effect); },
-      [&] { SetPosition(x, y); },  //
-      [&] { writer_.EndPage(); });
+  ResumeNext([&] { layout::ParseColor(state_.color.view(), color); },  //
+             [&] { y = state_.Y(); },                                  //
+             [&] { state_.color = layout::FormatColor(0, 0, 0); },
+             [&] {
+               SetFont(FontNumberConstants::Times, 10, FontStyleConstants::Regular,
+                       FontEffectConstants::NoFontEffect);
+             },
+             [&] { SetPosition(-1, state_.UsableHeight() - kFooterHeight); },
+             [&] { WriteText({.text = footer_, .alignment = AlignmentConstants::Center}); },
+             [&] { state_.color = layout::FormatColor(color.red, color.green, color.blue); },
+             [&] { SetFont(font.number, font.height, font.style, font.effect); },
+             [&] { SetPosition(x, y); },  //
+             [&] { writer_.EndPage(); });
 }
 
 void DocumentModel::Flush() noexcept {

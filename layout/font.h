@@ -21,10 +21,10 @@ struct Font {
 
 /// The standard fonts, in the order of their index.
 inline constexpr std::array<std::string_view, 14> kFontNames = {
-    "Courier",   "Courier-Bold",   "Courier-Oblique",   "Courier-BoldOblique",
-    "Helvetica", "Helvetica-Bold", "Helvetica-Oblique", "Helvetica-BoldOblique",
-    "Times-Roman", "Times-Bold",   "Times-Italic",      "Times-BoldItalic",
-    "Symbol",    "ZapfDingbats"};
+    "Courier",     "Courier-Bold",   "Courier-Oblique",   "Courier-BoldOblique",
+    "Helvetica",   "Helvetica-Bold", "Helvetica-Oblique", "Helvetica-BoldOblique",
+    "Times-Roman", "Times-Bold",     "Times-Italic",      "Times-BoldItalic",
+    "Symbol",      "ZapfDingbats"};
 
 /// Index of a font into kFontNames, 0 to 13: four faces per text family, then Symbol and
 /// ZapfDingbats whatever their style. A font of no family (before Create) gets a negative index.

@@ -102,12 +102,14 @@ class VELLUMARK_API Document {
   /// one. Whether the file was written in full, LastRefusal tells.
   void Flush() noexcept;
 
-  // --- Shapes, in the current colour, dash, fill colour, fill style and thickness. ----------------
-  // Every point must lie in the usable area, edges included; a circle, ellipse or slice as a whole.
+  // --- Shapes, in the current colour, dash, fill colour, fill style and thickness.
+  // ---------------- Every point must lie in the usable area, edges included; a circle, ellipse or
+  // slice as a whole.
 
   bool DrawLine(std::int16_t x1, std::int16_t y1, std::int16_t x2, std::int16_t y2) noexcept;
 
-  /// By its top left corner. PDF: an unfilled closed shape is white inside and covers what is below.
+  /// By its top left corner. PDF: an unfilled closed shape is white inside and covers what is
+  /// below.
   bool DrawRectangle(std::int16_t x, std::int16_t y, std::int16_t width,
                      std::int16_t height) noexcept;
 
@@ -126,7 +128,8 @@ class VELLUMARK_API Document {
   /// then lies below the first the slice runs through 0 degrees.
   bool DrawArc(std::int16_t x, std::int16_t y, std::int16_t r, float th1, float th2) noexcept;
 
-  // --- Text, in the current colour and font. ------------------------------------------------------
+  // --- Text, in the current colour and font.
+  // ------------------------------------------------------
 
   /// One run of text; the current position is its top left corner. It must fit: without alignment
   /// between the current x and the right margin, else within the usable width, and above the bottom
@@ -149,7 +152,8 @@ class VELLUMARK_API Document {
                       AlignmentConstants alignment = AlignmentConstants::NoAlignment,
                       bool justified = false, std::int16_t width = 0) noexcept;
 
-  // --- Pen, font, page and position. --------------------------------------------------------------
+  // --- Pen, font, page and position.
+  // --------------------------------------------------------------
 
   /// The colours; each component 0 to 255. Before Create there is none, and reading throws
   /// RunTimeError 9 (subscript out of range).
@@ -193,7 +197,8 @@ class VELLUMARK_API Document {
   void GetPosition(std::int16_t& x, std::int16_t& y) const;
   void SetPosition(std::int16_t x = -1, std::int16_t y = -1);
 
-  // --- Why. ---------------------------------------------------------------------------------------
+  // --- Why.
+  // ---------------------------------------------------------------------------------------
 
   /// The reason why the latest Create, NewPage, Flush, drawing or writing call did not do what was
   /// asked; None after one that did.
@@ -223,6 +228,8 @@ class VELLUMARK_API PDF : public Document {
   /// On a platform of the host's, such as a MemoryPlatform.
   explicit PDF(std::shared_ptr<Platform> platform);
 
+  PDF(const PDF&) = delete;
+  PDF& operator=(const PDF&) = delete;
   PDF(PDF&& other) noexcept;
   PDF& operator=(PDF&& other) noexcept;
   ~PDF();
