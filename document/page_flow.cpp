@@ -133,11 +133,16 @@ void DocumentModel::EndPage() {
                        FontEffectConstants::NoFontEffect);
              },
              [&] { SetPosition(-1, state_.UsableHeight() - kFooterHeight); },
-             [&] { WriteText({.text = footer_, .alignment = AlignmentConstants::Center}); },
+             [&] { WriteFooter(); },
              [&] { state_.color = layout::FormatColor(color.red, color.green, color.blue); },
              [&] { SetFont(font.number, font.height, font.style, font.effect); },
              [&] { SetPosition(x, y); },  //
              [&] { writer_.EndPage(); });
+}
+
+void DocumentModel::WriteFooter() {
+  const TextRun footer = {.text = footer_, .alignment = AlignmentConstants::Center};
+  Attempt([&] { return TryWriteText(footer, Numbers::Reserved); });
 }
 
 void DocumentModel::Flush() noexcept {
