@@ -40,7 +40,7 @@ const layout::FontWidths& DocumentModel::Widths() {
 bool DocumentModel::Create(std::string_view file) noexcept {
   const FileHandle before = state_.file;
   const bool created = Attempt([&] { return TryCreate(file); });
-  if (!created && state_.file != before) {
+  if (!created && state_.file != before && state_.file != FileHandle::Invalid) {
     platform_.CloseOutput(state_.file);
     state_.file = FileHandle::Invalid;
   }
@@ -57,6 +57,7 @@ RefusalNote DocumentModel::TryCreate(std::string_view file) {
   const FileHandle opened = platform_.CreateOutput(file, error);
   if (opened == FileHandle::Invalid) {
     detail_ = std::string(file) + ": " + error.message();
+    if (!writer_.KeepsFileWhenCreateFails()) state_.file = opened;
     return {RefusalReason::FileNotCreated};
   }
   state_.file = opened;
