@@ -24,14 +24,14 @@ inline std::string PageComment(std::size_t pages, std::size_t page) {
 /// no notice of comments.
 inline constexpr bool kPageCommentOpensThePage = false;
 
-/// The rotation for Landscape and Rotated stands once, in the header. Interpreters keep it from
-/// page to page, as `showpage` does not touch the coordinate system of an encapsulating program;
-/// one that resets it shows the later pages upright.
+/// The rotation for Landscape and Rotated stands once, in the header. `showpage` gives the next
+/// page a fresh coordinate system, so only the first page is turned and the later ones stand
+/// upright.
 inline constexpr bool kRotationIsRepeated = false;
 
 /// Landscape and Rotated together turn by 180 degrees and move by height first, then width, where
-/// the page's width belongs to x. On a page that is not square the picture is shifted by the
-/// difference of the two.
+/// the page's width belongs to x. On paper that is not square the page is shifted by the difference
+/// of the two.
 inline constexpr bool kTranslatesWidthFirst = false;
 
 /// Text, titles and other properties are pasted between the parentheses or behind the comment as

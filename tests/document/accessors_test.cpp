@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tuple>
 
-#include "tests/pdf_fixture.h"
+#include "tests/document_fixture.h"
 
 namespace vellumark::tests {
 namespace {
@@ -104,7 +104,7 @@ TEST_F(Accessors, CreateResetsThePenButNotTheProperties) {
   doc.SetThickness(9);
   doc.SetPictureDimensions(10, 10);
   doc.Flush();
-  ASSERT_TRUE(doc.Create("doc.pdf"));
+  ASSERT_TRUE(doc.Create("doc"));
   std::uint8_t red = 9;
   std::uint8_t green = 9;
   std::uint8_t blue = 9;

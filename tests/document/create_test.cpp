@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <tuple>
 
-#include "tests/pdf_fixture.h"
+#include "tests/document_fixture.h"
 
 namespace vellumark::tests {
 namespace {
@@ -11,16 +11,16 @@ class Create : public PdfTest {};
 TEST_F(Create, ChecksOrientationAndPaperSizeBeforeItTouchesTheFile) {
   for (const int orientation : {0, 3, -1}) {
     doc.Orientation(static_cast<OrientationConstants>(orientation));
-    EXPECT_FALSE(doc.Create("doc.pdf"));
+    EXPECT_FALSE(doc.Create("doc"));
     EXPECT_EQ(Why(), RefusalReason::InvalidOrientation);
   }
   doc.Orientation(OrientationConstants::Landscape);
   for (const int paper : {0, 2, 6, 10, 12, 13, 15, -9}) {
     doc.PaperSize(static_cast<PaperSizeConstants>(paper));
-    EXPECT_FALSE(doc.Create("doc.pdf")) << paper;
+    EXPECT_FALSE(doc.Create("doc")) << paper;
     EXPECT_EQ(Why(), RefusalReason::InvalidPaperSize);
   }
-  EXPECT_EQ(memory->File("doc.pdf"), nullptr);
+  EXPECT_EQ(memory->File("doc"), nullptr);
 }
 
 TEST_F(Create, TakesThePageSizeOfPaperAndOrientation) {
@@ -51,13 +51,12 @@ TEST_F(Create, TakesThePageSizeOfPaperAndOrientation) {
 TEST_F(Create, AFileThatIsOpenCannotBeCreatedAgain) {
   Start();
   PDF second(memory);
-  EXPECT_FALSE(second.Create("doc.pdf"));
+  EXPECT_FALSE(second.Create("doc"));
   EXPECT_EQ(second.LastRefusal().reason, RefusalReason::FileNotCreated);
-  EXPECT_EQ(second.LastRefusal().sentence,
-            "file cannot be created: doc.pdf: Device or resource busy");
-  EXPECT_FALSE(doc.Create("doc.pdf")) << "nor by the document that has it open";
+  EXPECT_EQ(second.LastRefusal().sentence, "file cannot be created: doc: Device or resource busy");
+  EXPECT_FALSE(doc.Create("doc")) << "nor by the document that has it open";
   EXPECT_EQ(FlushedLines().back(), "%%EOF") << "which goes on undisturbed";
-  EXPECT_TRUE(second.Create("doc.pdf"));
+  EXPECT_TRUE(second.Create("doc"));
 }
 
 TEST_F(Create, MarginsThatLeaveNoRoomAreNotTaken) {
@@ -78,11 +77,11 @@ TEST_F(Create, MarginsThatLeaveNoRoomAreNotTaken) {
 }
 
 TEST_F(Create, ContentBeforeTheFirstPageIsDroppedFromIt) {
-  ASSERT_TRUE(doc.Create("doc.pdf"));
+  ASSERT_TRUE(doc.Create("doc"));
   EXPECT_TRUE(doc.DrawLine(0, 0, 10, 10));
   doc.NewPage(0, 0, 0, 0, 255, 255, 255);
   const Lines lines = FlushedLines();
-  EXPECT_NE(std::find(lines.begin(), lines.end(), "/Contents [ 20 0 R 22 0 R ]"), lines.end());
+  EXPECT_TRUE(Has(lines, "/Contents [ 20 0 R 22 0 R ]"));
 }
 
 TEST_F(Create, FlushTellsWhetherTheFileWasWritten) {
@@ -91,10 +90,10 @@ TEST_F(Create, FlushTellsWhetherTheFileWasWritten) {
   Start();
   doc.Flush();
   EXPECT_EQ(Why(), RefusalReason::None);
-  const std::string once = *memory->File("doc.pdf");
+  const std::string once = *memory->File("doc");
   doc.Flush();
   EXPECT_EQ(Why(), RefusalReason::FileNotOpen);
-  EXPECT_EQ(*memory->File("doc.pdf"), once) << "a second Flush has no file to write to";
+  EXPECT_EQ(*memory->File("doc"), once) << "a second Flush has no file to write to";
 
   class FullDisk : public MemoryPlatform {
     std::error_code WriteOutput(FileHandle, std::string_view) override {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tests/pdf_fixture.h"
+#include "tests/document_fixture.h"
 
 namespace vellumark::tests {
 namespace {
@@ -105,7 +105,7 @@ TEST_F(Paragraph, AnAlignmentMovesTheColumn) {
 }
 
 TEST_F(Paragraph, ContinuesOnNewPagesOfTheSameKind) {
-  ASSERT_TRUE(doc.Create("doc.pdf"));
+  ASSERT_TRUE(doc.Create("doc"));
   doc.NewPage(100, 400, 100, 400, 255, 0, 128);  // 42 points high: four lines
   Font(Courier, 10);
   std::string text;
@@ -115,7 +115,7 @@ TEST_F(Paragraph, ContinuesOnNewPagesOfTheSameKind) {
   const Lines lines = FlushedLines();
   EXPECT_EQ(std::count(lines.begin(), lines.end(), "1 0 0.502 rg"), 3);
   EXPECT_EQ(std::count(lines.begin(), lines.end(), "1 0 0 1 100 432 Tm"), 3);
-  EXPECT_NE(std::find(lines.begin(), lines.end(), "/Count 3"), lines.end());
+  EXPECT_TRUE(Has(lines, "/Count 3"));
 }
 
 }  // namespace

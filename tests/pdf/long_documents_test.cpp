@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <set>
 
-#include "tests/pdf_fixture.h"
+#include "tests/document_fixture.h"
 
 namespace vellumark::tests {
 namespace {
@@ -50,8 +50,8 @@ TEST_F(LongDocuments, RefuseTheMarkThatWouldNotLeaveNumbersForTheEnd) {
   EXPECT_EQ(Why(), RefusalReason::NoObjectNumbersLeft);
   const Lines lines = FlushedLines();
   ExpectWhole(lines);
-  EXPECT_NE(std::find(lines.begin(), lines.end(), "/Size 32768"), lines.end());
-  EXPECT_NE(std::find(lines.begin(), lines.end(), "/Count 1"), lines.end());
+  EXPECT_TRUE(Has(lines, "/Size 32768"));
+  EXPECT_TRUE(Has(lines, "/Count 1"));
 }
 
 TEST_F(LongDocuments, ACompositeCallIsTakenBackWhole) {
@@ -83,7 +83,7 @@ TEST_F(LongDocuments, PagesGoOnUntilTheNumbersEnd) {
   EXPECT_EQ(pages, 1 + (32767 - 19 - 4) / 5);
   const Lines lines = FlushedLines();
   ExpectWhole(lines);
-  EXPECT_NE(std::find(lines.begin(), lines.end(), "/Count " + std::to_string(pages)), lines.end());
+  EXPECT_TRUE(Has(lines, "/Count " + std::to_string(pages)));
 }
 
 }  // namespace

@@ -3,17 +3,12 @@
 // One test for each deliberate oddity of pdf/oddities.h.
 #include <algorithm>
 
-#include "tests/pdf_fixture.h"
+#include "tests/document_fixture.h"
 
 namespace vellumark::tests {
 namespace {
 
-class PdfOddities : public PdfTest {
- protected:
-  static bool Has(const Lines& lines, std::string_view line) {
-    return std::find(lines.begin(), lines.end(), line) != lines.end();
-  }
-};
+class PdfOddities : public PdfTest {};
 
 TEST_F(PdfOddities, PositionsDoNotCountLineEnds) {
   Start();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tests/pdf_fixture.h"
+#include "tests/document_fixture.h"
 
 namespace vellumark::tests {
 namespace {

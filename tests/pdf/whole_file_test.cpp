@@ -1,33 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// Whole files, compared with tests/expected/*.txt: one output line a line, bytes above 127 as they
-// are, line ends as LF.
-#include <fstream>
-#include <iterator>
-
-#include "tests/pdf_fixture.h"
+// Whole files, compared with tests/expected/*.txt.
+#include "tests/document_fixture.h"
 
 namespace vellumark::tests {
 namespace {
 
-class WholeFile : public PdfTest {
- protected:
-  void ExpectFile(const std::string& name) {
-    const std::string path = std::string(VELLUMARK_EXPECTED) + "/" + name + ".txt";
-    std::ifstream file(path, std::ios::binary);
-    ASSERT_TRUE(file) << path;
-    std::string expected;
-    for (std::istreambuf_iterator<char> c(file), end; c != end; ++c) {
-      if (*c == '\n') expected += '\r';
-      expected += *c;
-    }
-    doc.Flush();
-    const std::string& written = *memory->File("doc.pdf");
-    if (written == expected) return;
-    std::ofstream(name + ".actual", std::ios::binary) << written;
-    EXPECT_EQ(SplitLines(written), SplitLines(expected)) << "written to " << name << ".actual";
-  }
-};
+class WholeFile : public PdfTest {};
 
 TEST_F(WholeFile, OnePageWithALine) {
   doc.Author("Ada");
@@ -44,7 +23,7 @@ TEST_F(WholeFile, OnePageWithALine) {
 TEST_F(WholeFile, WithoutAnyPageThereIsOneWithTheFooterOnly) {
   doc.PaperSize(PaperSizeConstants::Letter);
   doc.Orientation(OrientationConstants::Landscape);
-  ASSERT_TRUE(doc.Create("doc.pdf"));
+  ASSERT_TRUE(doc.Create("doc"));
   ExpectFile("no_page");
 }
 
@@ -54,7 +33,7 @@ TEST_F(WholeFile, IsTheSameForTheSameCallsInASecondDocumentOfTheSameObject) {
     doc.DrawCircle(50, 50, 20);
     doc.WriteText("text", true, 0, kNoAlignment, "http://a");
     doc.Flush();
-    return *memory->File("doc.pdf");
+    return *memory->File("doc");
   };
   const std::string first = draw();
   EXPECT_EQ(draw(), first);

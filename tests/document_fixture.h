@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// PdfTest: a PDF in memory at a fixed moment, and its file taken apart into lines.
+// DocumentTest: a document in memory at a fixed moment, and its file taken apart into lines.
+// PdfTest and PsTest are the two that tests derive from.
 #pragma once
 
+#include <algorithm>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
@@ -44,13 +47,15 @@ inline std::vector<Lines> Streams(const Lines& file) {
   return streams;
 }
 
-class PdfTest : public testing::Test {
+/// A document in memory at a fixed moment.
+template <class AnyDocument>
+class DocumentTest : public testing::Test {
  protected:
-  PdfTest() { memory->SetTime(kMoment); }
+  DocumentTest() { memory->SetTime(kMoment); }
 
   /// Creates the document and starts a white A4 page with the same margin on every side.
   void Start(std::int16_t margin = 50) {
-    ASSERT_TRUE(doc.Create("doc.pdf"));
+    ASSERT_TRUE(doc.Create("doc"));
     doc.NewPage(margin, margin, margin, margin, 255, 255, 255);
   }
 
@@ -75,9 +80,35 @@ class PdfTest : public testing::Test {
 
   Lines FlushedLines() {
     doc.Flush();
-    return SplitLines(*memory->File("doc.pdf"));
+    return SplitLines(*memory->File("doc"));
   }
 
+  static bool Has(const Lines& lines, std::string_view line) {
+    return std::find(lines.begin(), lines.end(), line) != lines.end();
+  }
+
+  [[nodiscard]] RefusalReason Why() const { return doc.LastRefusal().reason; }
+
+  /// Compares the flushed file with tests/expected/NAME.txt, which has one output line a line.
+  void ExpectFile(const std::string& name) {
+    const std::string path = std::string(VELLUMARK_EXPECTED) + "/" + name + ".txt";
+    std::ifstream file(path, std::ios::binary);
+    ASSERT_TRUE(file) << path;
+    Lines expected;
+    for (std::string line; std::getline(file, line);) expected.push_back(line);
+    const Lines written = FlushedLines();
+    if (written == expected) return;
+    std::ofstream actual(name + ".actual.txt", std::ios::binary);
+    for (const std::string& line : written) actual << line << '\n';
+    EXPECT_EQ(written, expected) << "written to " << name << ".actual.txt";
+  }
+
+  std::shared_ptr<MemoryPlatform> memory = std::make_shared<MemoryPlatform>();
+  AnyDocument doc{memory};
+};
+
+class PdfTest : public DocumentTest<PDF> {
+ protected:
   /// Streams of the flushed file, without the page background (first) and the footer (last).
   std::vector<Lines> MarksOfOnlyPage() {
     auto streams = Streams(FlushedLines());
@@ -85,11 +116,19 @@ class PdfTest : public testing::Test {
     streams.pop_back();
     return streams;
   }
+};
 
-  [[nodiscard]] RefusalReason Why() const { return doc.LastRefusal().reason; }
-
-  std::shared_ptr<MemoryPlatform> memory = std::make_shared<MemoryPlatform>();
-  PDF doc{memory};
+class PsTest : public DocumentTest<PS> {
+ protected:
+  /// Lines of the flushed file between the last page comment and the footer.
+  Lines MarksOfLastPage() {
+    const Lines lines = FlushedLines();
+    const auto page = std::find_if(lines.rbegin(), lines.rend(), [](const std::string& line) {
+      return line.starts_with("%%Page: ");
+    });
+    const auto footer = std::find(lines.rbegin(), lines.rend(), "/Times-Roman findfont");
+    return {page.base(), footer.base() - 1};
+  }
 };
 
 }  // namespace vellumark::tests
