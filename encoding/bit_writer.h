@@ -22,6 +22,9 @@ namespace vellumark::encoding {
 
 class BitWriter {
  public:
+  /// What Reserve takes beyond the bytes asked for: a flush stores 8 bytes whatever it has.
+  static constexpr std::size_t kSlack = 16;
+
   /// Appends to `output`, which must outlive the writer and is its own until Finish().
   explicit BitWriter(std::string& output) : output_(output), used_(output.size()) {}
 
@@ -66,8 +69,6 @@ class BitWriter {
   void Finish() { output_.resize(used_); }
 
  private:
-  static constexpr std::size_t kSlack = 16;  // a flush stores 8 bytes whatever it has
-
   std::uint8_t* Position() { return reinterpret_cast<std::uint8_t*>(output_.data()) + used_; }
 
   std::string& output_;

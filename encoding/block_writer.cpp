@@ -27,6 +27,8 @@ constexpr auto kFixedDistanceCodes = [] {
   return codes;
 }();
 
+constexpr std::size_t kStoredHeader = 6;  // type and padding, length, complement
+
 // Bits of all symbols under a code, extra bits included.
 template <typename ExtraBits>
 std::size_t CodedBits(std::span<const std::uint16_t> frequencies,
@@ -88,15 +90,15 @@ void BlockWriter::Write(std::span<const Symbol> symbols,
 
   // A stored block has its length and the complement of it before the bytes.
   if (bytes && bytes->size() + 4 <= coded_size && bytes->size() <= format::kMaxStoredLength) {
-    bits_.Reserve(bytes->size() + 8);
+    bits_.Reserve(kStoredHeader + bytes->size());
     WriteHeader(format::BlockType::Stored, is_final);
     WriteStored(*bytes);
   } else if (fixed_size == coded_size) {
-    bits_.Reserve(fixed_size + 8);
+    bits_.Reserve(fixed_size);
     WriteHeader(format::BlockType::Fixed, is_final);
     WriteSymbols(symbols, kFixedLiteralLengthCodes, kFixedDistanceCodes);
   } else {
-    bits_.Reserve(dynamic_size + 8);
+    bits_.Reserve(dynamic_size);
     WriteHeader(format::BlockType::Dynamic, is_final);
     description.Write(bits_);
     AssignCodes(literal_length_codes_);

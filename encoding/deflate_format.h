@@ -43,14 +43,10 @@ inline constexpr std::array<std::uint8_t, kCodeLengthCodes> kCodeLengthOrder = {
 
 constexpr int CodeLengthExtraBits(int symbol) {
   switch (symbol) {
-    case kRepeatPrevious:
-      return 2;
-    case kRepeatZeroShort:
-      return 3;
-    case kRepeatZeroLong:
-      return 7;
-    default:
-      return 0;
+    case kRepeatPrevious: return 2;
+    case kRepeatZeroShort: return 3;
+    case kRepeatZeroLong: return 7;
+    default: return 0;
   }
 }
 
@@ -58,9 +54,7 @@ constexpr int LengthExtraBits(int code) {
   return code < 8 || code == kLengthCodes - 1 ? 0 : code / 4 - 1;
 }
 
-constexpr int DistanceExtraBits(int code) {
-  return code < 4 ? 0 : code / 2 - 1;
-}
+constexpr int DistanceExtraBits(int code) { return code < 4 ? 0 : code / 2 - 1; }
 
 /// Extra bits of a literal/length symbol: none for literals and the end of the block.
 constexpr int LiteralLengthExtraBits(int symbol) {
@@ -117,9 +111,7 @@ inline constexpr auto kDistanceCode = [] {
   return codes;
 }();
 
-constexpr unsigned LengthCode(std::uint32_t length) {
-  return kLengthCode[length - kMinMatch];
-}
+constexpr unsigned LengthCode(std::uint32_t length) { return kLengthCode[length - kMinMatch]; }
 
 constexpr unsigned DistanceCode(std::uint32_t distance) {
   const std::uint32_t index = distance - 1;
