@@ -63,4 +63,9 @@ inline constexpr double kCirclePi = 3.14159;
 /// less round than a circle of the same radius.
 inline constexpr bool kEllipseIsRound = false;
 
+/// Only a picture of 24 bits, or with a palette, has a colour space and a depth. At 16 and 32 bits
+/// both lines are missing and readers show no picture, or another one (docs/pictures.md). It stays
+/// because their samples are no three colours a pixel that a colour space could name.
+inline constexpr bool DeclaresColors(int bits_per_pixel) noexcept { return bits_per_pixel == 24; }
+
 }  // namespace vellumark::pdf::oddities
