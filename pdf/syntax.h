@@ -4,7 +4,6 @@
 //
 //     lines.Append("/Parent ", Reference{2});          // /Parent 2 0 R
 //     lines.Append(LiteralString{"a(b)c"}, " Tj");     // (a\(b\)c) Tj
-//     lines.Append("/Title ", PastedString{title});    // /Title (...), not escaped
 #pragma once
 
 #include <cstddef>
@@ -39,20 +38,6 @@ struct LiteralString {
       if (c == '(' || c == ')') *to++ = '\\';
       *to++ = c;
     }
-    *to++ = ')';
-    return to;
-  }
-};
-
-/// Text between parentheses exactly as the host gave it (pdf/oddities.h).
-struct PastedString {
-  std::string_view bytes;
-
-  [[nodiscard]] std::size_t MaxSize() const noexcept { return bytes.size() + 2; }
-  char* Write(char* to) const noexcept {
-    *to++ = '(';
-    if (!bytes.empty()) std::memcpy(to, bytes.data(), bytes.size());
-    to += bytes.size();
     *to++ = ')';
     return to;
   }
