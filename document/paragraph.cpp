@@ -42,7 +42,7 @@ RefusalNote DocumentModel::PlaceParagraph(const Paragraph& paragraph, Points& wi
   const bool aligned = paragraph.alignment != AlignmentConstants::NoAlignment;
   const Points reach = aligned ? width : state_.position_x + width;
   if (reach > usable) {
-    return {RefusalReason::TextTooWide, width.value(),
+    return {RefusalReason::LinesTooWide, width.value(),
             usable.value() - (aligned ? 0 : state_.position_x.value())};
   }
   if (aligned) {
