@@ -29,9 +29,7 @@ void Contest::Round() {
   }
 }
 
-double Contest::Value(std::size_t contestant) const {
-  return Median(values_[contestant]);
-}
+double Contest::Value(std::size_t contestant) const { return Median(values_[contestant]); }
 
 double Contest::Ratio(std::size_t one, std::size_t other) const {
   std::vector<double> ratios;

@@ -70,9 +70,7 @@ constexpr ShapePlace PlaceOfShape(int number) {
   return {number % 10 * 49, row_top, row_top + kShapeSize + 10};
 }
 
-constexpr int LineWidthOfShape(int number) {
-  return 1 + number % 3;
-}
+constexpr int LineWidthOfShape(int number) { return 1 + number % 3; }
 
 struct Shade {
   std::uint8_t red;

@@ -40,12 +40,8 @@ std::string Named(const char* name, const std::string& value) {
   return std::string(name).append(" ").append(value);
 }
 
-constexpr Goal AtLeast(double bound) {
-  return {Goal::Kind::AtLeast, bound};
-}
-constexpr Goal AtMost(double bound) {
-  return {Goal::Kind::AtMost, bound};
-}
+constexpr Goal AtLeast(double bound) { return {Goal::Kind::AtLeast, bound}; }
+constexpr Goal AtMost(double bound) { return {Goal::Kind::AtMost, bound}; }
 
 std::filesystem::path InMemory() {
   const std::filesystem::path shared_memory = "/dev/shm";
@@ -264,6 +260,4 @@ int Run(int argc, char** argv) {
 }  // namespace
 }  // namespace vellumark::bench
 
-int main(int argc, char** argv) {
-  return vellumark::bench::Run(argc, argv);
-}
+int main(int argc, char** argv) { return vellumark::bench::Run(argc, argv); }

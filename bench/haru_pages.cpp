@@ -12,18 +12,12 @@ namespace {
 
 constexpr const char* kName = "libharu";
 
-HPDF_REAL Real(int value) {
-  return static_cast<HPDF_REAL>(value);
-}
+HPDF_REAL Real(int value) { return static_cast<HPDF_REAL>(value); }
 
 /// Page coordinates of a distance below the top margin.
-HPDF_REAL Below(int y) {
-  return Real(kPageHeight - kMargin - y);
-}
+HPDF_REAL Below(int y) { return Real(kPageHeight - kMargin - y); }
 
-HPDF_REAL Fraction(std::uint8_t byte) {
-  return Real(byte) / 255;
-}
+HPDF_REAL Fraction(std::uint8_t byte) { return Real(byte) / 255; }
 
 void SetFill(HPDF_Page page, Shade shade) {
   HPDF_Page_SetRGBFill(page, Fraction(shade.red), Fraction(shade.green), Fraction(shade.blue));

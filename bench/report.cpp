@@ -26,12 +26,9 @@ std::string GoalText(const Goal& goal) {
 
 const char* Verdict(const Row& row) {
   switch (row.goal.kind) {
-    case Goal::Kind::AtLeast:
-      return row.ratio >= row.goal.bound ? "met" : "MISSED";
-    case Goal::Kind::AtMost:
-      return row.ratio <= row.goal.bound ? "met" : "MISSED";
-    default:
-      return "for information";
+    case Goal::Kind::AtLeast: return row.ratio >= row.goal.bound ? "met" : "MISSED";
+    case Goal::Kind::AtMost: return row.ratio <= row.goal.bound ? "met" : "MISSED";
+    default: return "for information";
   }
 }
 
@@ -59,8 +56,6 @@ std::string Duration(double seconds) {
   return Number(seconds * 1e3) + " ms";
 }
 
-std::string Memory(double kib) {
-  return Number(kib / 1024) + " MiB";
-}
+std::string Memory(double kib) { return Number(kib / 1024) + " MiB"; }
 
 }  // namespace vellumark::bench

@@ -50,8 +50,9 @@ struct Padded {
 
   [[nodiscard]] static std::size_t MaxSize() noexcept { return kDigits; }
   char* Write(char* to) const noexcept {
-    std::int64_t rest = value;
-    for (int i = kDigits - 1; i >= 0; --i, rest /= 10) to[i] = static_cast<char>('0' + rest % 10);
+    std::memset(to, '0', kDigits);
+    char* digit = to + kDigits;
+    for (auto rest = value; rest > 0; rest /= 10) *--digit = static_cast<char>('0' + rest % 10);
     return to + kDigits;
   }
 };
