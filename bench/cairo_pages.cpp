@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// The sample documents through cairo's PDF surface. It embeds the fonts that the system has under
-// the standard names and compresses its streams, which the other two do not; its numbers stand in
-// the report for information. It breaks no lines, so paragraphs are wrapped here.
+// The sample documents through cairo's PDF and PostScript surfaces. It embeds the fonts that the
+// system has under the standard names and compresses its streams, which the other two do not; its
+// numbers stand in the report for information. It breaks no lines, so paragraphs are wrapped here.
 #include <cairo-pdf.h>
+#include <cairo-ps.h>
 #include <cstring>
 
 #include "bench/document_writer.h"
@@ -15,10 +16,12 @@ namespace {
 constexpr const char* kName = "cairo";
 constexpr double kTurn = 2 * 3.14159265358979323846;
 
+using CreateSurface = cairo_surface_t*(const char* path, double width, double height);
+
 class CairoDocument {
  public:
-  explicit CairoDocument(const char* path)
-      : surface_(cairo_pdf_surface_create(path, kPageWidth, kPageHeight)),
+  CairoDocument(CreateSurface* create, const char* path)
+      : surface_(create(path, kPageWidth, kPageHeight)),
         cairo_(cairo_create(surface_)),
         helvetica_(Face("Helvetica")),
         times_(Face("Times")) {}
@@ -65,8 +68,9 @@ double Advance(cairo_t* cairo, const char* text) {
   return extents.x_advance;
 }
 
+template <CreateSurface* kCreate>
 void WriteText(const SampleText& text, int pages, const char* path) {
-  CairoDocument document(path);
+  CairoDocument document(kCreate, path);
   cairo_t* const cairo = document.Get();
   for (int page = 0; page < pages; ++page) {
     for (int i = 0; i < kLinesPerPage; ++i) {
@@ -90,19 +94,19 @@ void FillAndStroke(cairo_t* cairo, int look) {
   cairo_stroke(cairo);
 }
 
-void WriteShapes(const char* path) {
-  CairoDocument document(path);
+template <CreateSurface* kCreate>
+void WriteShapes(int of_each_kind, const char* path) {
+  CairoDocument document(kCreate, path);
   cairo_t* const cairo = document.Get();
   constexpr int kRadius = kShapeSize / 2;
-  for (int page = 0; page < kShapePages; ++page) {
-    for (int i = 0; i < kShapesPerPage; ++i) {
-      const auto [left, rectangle_top, circle_top] = PlaceOfShape(i);
-      cairo_rectangle(cairo, kMargin + left, kMargin + rectangle_top, kShapeSize, kShapeSize);
-      FillAndStroke(cairo, 2 * i);
-      cairo_arc(cairo, kMargin + left + kRadius, kMargin + circle_top + kRadius, kRadius, 0, kTurn);
-      FillAndStroke(cairo, 2 * i + 1);
-    }
-    document.EndPage();
+  for (int number = 0; number < of_each_kind; ++number) {
+    const int i = number % kShapesPerPage;
+    const auto [left, rectangle_top, circle_top] = PlaceOfShape(i);
+    cairo_rectangle(cairo, kMargin + left, kMargin + rectangle_top, kShapeSize, kShapeSize);
+    FillAndStroke(cairo, 2 * i);
+    cairo_arc(cairo, kMargin + left + kRadius, kMargin + circle_top + kRadius, kRadius, 0, kTurn);
+    FillAndStroke(cairo, 2 * i + 1);
+    if (i == kShapesPerPage - 1 || number == of_each_kind - 1) document.EndPage();
   }
 }
 
@@ -136,8 +140,9 @@ void WriteParagraph(cairo_t* cairo, std::string_view text, double y) {
   ShowLine(cairo, {line, static_cast<std::size_t>(end - line)}, y);
 }
 
+template <CreateSurface* kCreate>
 void WriteWrapped(const SampleText& text, int paragraphs, const char* path) {
-  CairoDocument document(path);
+  CairoDocument document(kCreate, path);
   cairo_t* const cairo = document.Get();
   cairo_set_font_face(cairo, document.Times());
   for (int i = 0; i < paragraphs; ++i) {
@@ -152,7 +157,16 @@ void WriteWrapped(const SampleText& text, int paragraphs, const char* path) {
 }  // namespace
 
 const DocumentWriter& Cairo() {
-  static constexpr DocumentWriter kWriter = {kName, WriteText, WriteShapes, WriteWrapped, nullptr};
+  static constexpr DocumentWriter kWriter = {kName, WriteText<cairo_pdf_surface_create>,
+                                             WriteShapes<cairo_pdf_surface_create>,
+                                             WriteWrapped<cairo_pdf_surface_create>, nullptr};
+  return kWriter;
+}
+
+const DocumentWriter& CairoPs() {
+  static constexpr DocumentWriter kWriter = {"cairo PS", WriteText<cairo_ps_surface_create>,
+                                             WriteShapes<cairo_ps_surface_create>,
+                                             WriteWrapped<cairo_ps_surface_create>, nullptr};
   return kWriter;
 }
 

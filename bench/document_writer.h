@@ -8,8 +8,9 @@
 // it. Every call is checked, and a refused one ends the program (fail.h), so that all libraries do
 // the work. Pages are A4, in two of the standard fonts at 10 points.
 //
-// vellumark_pages.cpp, haru_pages.cpp and cairo_pages.cpp each define one of the three. They are
-// written without parts of the C++ library that would have to be loaded (writer_alone.cpp).
+// vellumark_pages.cpp, haru_pages.cpp and cairo_pages.cpp each define one library's, the first and
+// the last for PDF and for PostScript. They are written without parts of the C++ library that would
+// have to be loaded (writer_alone.cpp).
 #pragma once
 
 #include <cstdint>
@@ -24,8 +25,8 @@ struct DocumentWriter {
   /// Pages of kLinesPerPage lines; font, colour and the measuring of the width for each line.
   void (*write_text)(const SampleText& text, int pages, const char* path);
 
-  /// 700 rectangles and 700 circles, filled and stroked; both colours and the line width for each.
-  void (*write_shapes)(const char* path);
+  /// As many rectangles as circles, filled and stroked; both colours and the line width for each.
+  void (*write_shapes)(int of_each_kind, const char* path);
 
   /// Paragraphs of 200 words, wrapped by the library.
   void (*write_wrapped)(const SampleText& text, int paragraphs, const char* path);
@@ -38,9 +39,10 @@ struct DocumentWriter {
 const DocumentWriter& Vellumark();
 const DocumentWriter& Haru();
 const DocumentWriter& Cairo();
+const DocumentWriter& VellumarkPs();
+const DocumentWriter& CairoPs();
 
-// --- The measures of the pages, in points; y grows downwards from the top margin.
-// ------------------
+// --- The measures of the pages, in points; y grows downwards from the top margin. ----------------
 
 constexpr int kPageWidth = 595;
 constexpr int kPageHeight = 842;
@@ -54,7 +56,6 @@ constexpr int kParagraphsPerPage = 4;
 constexpr int kParagraphStep = 180;  // room for 200 words
 constexpr int kParagraphLineStep = 12;
 
-constexpr int kShapePages = 10;
 constexpr int kShapesPerPage = 70;  // of each kind
 constexpr int kShapeSize = 40;      // side of a rectangle, diameter of a circle
 

@@ -33,7 +33,10 @@ namespace vellumark::bench {
 namespace {
 
 constexpr int kTextPages = 40;
+constexpr int kShapesOfEachKind = 700;
 constexpr int kWrappedParagraphs = 100;
+constexpr int kPsTextPages = 50;
+constexpr int kPsShapesOfEachKind = 1000;
 constexpr int kJustifiedParagraphs = 50;  // a document has too few object numbers for 100
 
 std::string Named(const char* name, const std::string& value) {
@@ -73,29 +76,31 @@ struct SpeedMeasure {
 
 /// Calls per second over whole documents: ours to the peer's.
 void CompareSpeed(benchmark::State& state, Bench& bench, const SpeedMeasure& measure,
-                  const DocumentWriter& peer, Goal goal) {
+                  const DocumentWriter& ours, const DocumentWriter& peer, Goal goal) {
   const auto contestant = [&](const DocumentWriter& writer) -> Contest::Contestant {
     return [&, path = bench.scratch.File(writer.name)] {
       return Seconds([&] { measure.write(writer, path.c_str()); });
     };
   };
-  Contest contest({contestant(Vellumark()), contestant(peer)});
+  Contest contest({contestant(ours), contestant(peer)});
   Play(state, contest);
   const std::string peer_rate = CallsPerSecond(measure.calls, contest.Value(1));
   bench.report.Keep({measure.title, CallsPerSecond(measure.calls, contest.Value(0)),
                      Named(peer.name, peer_rate), contest.Ratio(1, 0), goal});
 }
 
-/// Whether a call costs more in a long document.
-void CompareLengths(benchmark::State& state, Bench& bench) {
+/// Whether a call costs more in a long document than in one of ten pages.
+void CompareLengths(benchmark::State& state, Bench& bench, const DocumentWriter& writer,
+                    const char* title, int long_pages) {
   const std::string path = bench.scratch.File("text");
   const auto seconds_per_call = [&](int pages) {
-    const double whole = Seconds([&] { Vellumark().write_text(bench.text, pages, path.c_str()); });
+    const double whole = Seconds([&] { writer.write_text(bench.text, pages, path.c_str()); });
     return whole / (pages * kLinesPerPage);
   };
-  Contest contest({[&] { return seconds_per_call(40); }, [&] { return seconds_per_call(10); }});
+  Contest contest(
+      {[&] { return seconds_per_call(long_pages); }, [&] { return seconds_per_call(10); }});
   Play(state, contest);
-  bench.report.Keep({"time per call at 40 pages, to 10", Duration(contest.Value(0)),
+  bench.report.Keep({title, Duration(contest.Value(0)),
                      Named("at 10 pages", Duration(contest.Value(1))), contest.Ratio(0, 1),
                      AtMost(1.2)});
 }
@@ -173,8 +178,9 @@ std::vector<SpeedMeasure> SpeedMeasures(const SampleText& text) {
       {"text", "text, 40 pages x 40 lines", kTextPages * kLinesPerPage,
        [&](const auto& writer, const char* path) { writer.write_text(text, kTextPages, path); },
        AtLeast(2.0)},
-      {"shapes", "700 rectangles, 700 circles", 2 * kShapePages * kShapesPerPage,
-       [](const auto& writer, const char* path) { writer.write_shapes(path); }, AtLeast(1.8)},
+      {"shapes", "700 rectangles, 700 circles", 2 * kShapesOfEachKind,
+       [](const auto& writer, const char* path) { writer.write_shapes(kShapesOfEachKind, path); },
+       AtLeast(1.8)},
       {"wrapped", "100 paragraphs of 200 words, wrapped", kWrappedParagraphs,
        [&](const auto& writer, const char* path) {
          writer.write_wrapped(text, kWrappedParagraphs, path);
@@ -190,6 +196,30 @@ std::vector<SpeedMeasure> SpeedMeasures(const SampleText& text) {
   };
 }
 
+struct PostScriptMeasure {
+  SpeedMeasure measure;
+  const DocumentWriter* peer;
+  Goal goal;
+};
+
+std::vector<PostScriptMeasure> PostScriptMeasures(const SampleText& text) {
+  const SpeedMeasure written = {
+      "text",
+      "PostScript text, 50 pages x 40 lines",
+      kPsTextPages * kLinesPerPage,
+      [&](const auto& writer, const char* path) { writer.write_text(text, kPsTextPages, path); },
+      {}};
+  const SpeedMeasure drawn = {
+      "shapes",
+      "PostScript, 1000 rectangles and circles",
+      2 * kPsShapesOfEachKind,
+      [](const auto& writer, const char* path) { writer.write_shapes(kPsShapesOfEachKind, path); },
+      {}};
+  return {{written, &CairoPs(), AtLeast(25)},
+          {written, &Haru(), AtLeast(1.5)},
+          {drawn, &CairoPs(), AtLeast(35)}};
+}
+
 void Register(Bench& bench) {
   const auto add = [](const std::string& name, auto run) {
 #ifndef __clang_analyzer__  // takes what the benchmark library keeps for a leak
@@ -199,13 +229,25 @@ void Register(Bench& bench) {
   for (const SpeedMeasure& measure : SpeedMeasures(bench.text)) {
     const std::string name = measure.name;
     add(name + "/libharu", [&bench, measure](auto& state) {
-      CompareSpeed(state, bench, measure, Haru(), measure.goal);
+      CompareSpeed(state, bench, measure, Vellumark(), Haru(), measure.goal);
     });
     if (name == "justified") continue;  // cairo leaves that to its user
-    add(name + "/cairo",
-        [&bench, measure](auto& state) { CompareSpeed(state, bench, measure, Cairo(), {}); });
+    add(name + "/cairo", [&bench, measure](auto& state) {
+      CompareSpeed(state, bench, measure, Vellumark(), Cairo(), {});
+    });
   }
-  add("length", [&bench](auto& state) { CompareLengths(state, bench); });
+  for (const auto& [measure, peer, goal] : PostScriptMeasures(bench.text)) {
+    add(std::string("ps_").append(measure.name).append("/").append(peer->name),
+        [&bench, measure = measure, peer = peer, goal = goal](auto& state) {
+          CompareSpeed(state, bench, measure, VellumarkPs(), *peer, goal);
+        });
+  }
+  add("ps_length", [&bench](auto& state) {
+    CompareLengths(state, bench, VellumarkPs(), "PostScript, per call at 300 pages", 300);
+  });
+  add("length", [&bench](auto& state) {
+    CompareLengths(state, bench, Vellumark(), "time per call at 40 pages, to 10", 40);
+  });
   const std::vector<FlushMeasure> flush_measures = {
       {"flush", "lines to a file", &Bench::disk, AtMost(1.5)},
       {"flush_in_memory", "lines in memory", &Bench::scratch, {}}};

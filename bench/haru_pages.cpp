@@ -95,11 +95,12 @@ void DrawShapes(HPDF_Page page, int number) {
   HPDF_Page_FillStroke(page);
 }
 
-void WriteShapes(const char* path) {
+void WriteShapes(int of_each_kind, const char* path) {
   HaruDocument document;
-  for (int number = 0; number < kShapePages; ++number) {
-    HPDF_Page page = document.NewPage();
-    for (int i = 0; i < kShapesPerPage; ++i) DrawShapes(page, i);
+  HPDF_Page page = nullptr;
+  for (int i = 0; i < of_each_kind; ++i) {
+    if (i % kShapesPerPage == 0) page = document.NewPage();
+    DrawShapes(page, i % kShapesPerPage);
   }
   document.Save(path);
 }

@@ -11,34 +11,36 @@ namespace {
 constexpr const char* kName = "vellumark";
 
 /// A document that ends the program at the first refusal.
+template <class AnyDocument>
 class CheckedDocument {
  public:
-  explicit CheckedDocument(const char* path) { Check(pdf_.Create(path)); }
+  explicit CheckedDocument(const char* path) { Check(doc_.Create(path)); }
 
-  PDF* operator->() { return &pdf_; }
+  Document* operator->() { return &doc_; }
 
   void Check(bool done) const {
-    if (!done) Fail(kName, pdf_.LastRefusal().sentence.c_str());
+    if (!done) Fail(kName, doc_.LastRefusal().sentence.c_str());
   }
 
-  void NewPage() { pdf_.NewPage(kMargin, kMargin, kMargin, kMargin, 255, 255, 255); }
+  void NewPage() { doc_.NewPage(kMargin, kMargin, kMargin, kMargin, 255, 255, 255); }
 
   void SetFont(FontNumberConstants family) {
-    pdf_.SetFont(family, kFontHeight, FontStyleConstants::Regular,
+    doc_.SetFont(family, kFontHeight, FontStyleConstants::Regular,
                  FontEffectConstants::NoFontEffect);
   }
 
   void Flush() {
-    pdf_.Flush();
-    Check(pdf_.LastRefusal().reason == RefusalReason::None);
+    doc_.Flush();
+    Check(doc_.LastRefusal().reason == RefusalReason::None);
   }
 
  private:
-  PDF pdf_;
+  AnyDocument doc_;
 };
 
+template <class AnyDocument>
 void WriteText(const SampleText& text, int pages, const char* path) {
-  CheckedDocument document(path);
+  CheckedDocument<AnyDocument> document(path);
   for (int page = 0; page < pages; ++page) {
     document.NewPage();
     for (int i = 0; i < kLinesPerPage; ++i) {
@@ -52,7 +54,8 @@ void WriteText(const SampleText& text, int pages, const char* path) {
   document.Flush();
 }
 
-void DrawShapes(CheckedDocument& document, int number) {
+template <class AnyDocument>
+void DrawShapes(CheckedDocument<AnyDocument>& document, int number) {
   const auto [left, rectangle_top, circle_top] = PlaceOfShape(number);
   constexpr int kRadius = kShapeSize / 2;
   const auto set_pen = [&document](int look) {
@@ -71,18 +74,20 @@ void DrawShapes(CheckedDocument& document, int number) {
       document->DrawCircle(points(left + kRadius), points(circle_top + kRadius), kRadius));
 }
 
-void WriteShapes(const char* path) {
-  CheckedDocument document(path);
+template <class AnyDocument>
+void WriteShapes(int of_each_kind, const char* path) {
+  CheckedDocument<AnyDocument> document(path);
   document->SetFillStyle(true);
-  for (int page = 0; page < kShapePages; ++page) {
-    document.NewPage();
-    for (int i = 0; i < kShapesPerPage; ++i) DrawShapes(document, i);
+  for (int i = 0; i < of_each_kind; ++i) {
+    if (i % kShapesPerPage == 0) document.NewPage();
+    DrawShapes(document, i % kShapesPerPage);
   }
   document.Flush();
 }
 
+template <class AnyDocument>
 void WriteParagraphs(const SampleText& text, int paragraphs, bool justified, const char* path) {
-  CheckedDocument document(path);
+  CheckedDocument<AnyDocument> document(path);
   for (int i = 0; i < paragraphs; ++i) {
     const int place = i % kParagraphsPerPage;
     if (place == 0) document.NewPage();
@@ -96,19 +101,27 @@ void WriteParagraphs(const SampleText& text, int paragraphs, bool justified, con
   document.Flush();
 }
 
+template <class AnyDocument>
 void WriteWrapped(const SampleText& text, int paragraphs, const char* path) {
-  WriteParagraphs(text, paragraphs, false, path);
+  WriteParagraphs<AnyDocument>(text, paragraphs, false, path);
 }
 
+template <class AnyDocument>
 void WriteJustified(const SampleText& text, int paragraphs, const char* path) {
-  WriteParagraphs(text, paragraphs, true, path);
+  WriteParagraphs<AnyDocument>(text, paragraphs, true, path);
 }
 
 }  // namespace
 
 const DocumentWriter& Vellumark() {
-  static constexpr DocumentWriter kWriter = {kName, WriteText, WriteShapes, WriteWrapped,
-                                             WriteJustified};
+  static constexpr DocumentWriter kWriter = {kName, WriteText<PDF>, WriteShapes<PDF>,
+                                             WriteWrapped<PDF>, WriteJustified<PDF>};
+  return kWriter;
+}
+
+const DocumentWriter& VellumarkPs() {
+  static constexpr DocumentWriter kWriter = {kName, WriteText<PS>, WriteShapes<PS>,
+                                             WriteWrapped<PS>, WriteJustified<PS>};
   return kWriter;
 }
 

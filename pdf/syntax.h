@@ -6,6 +6,8 @@
 //     lines.Append(LiteralString{"a(b)c"}, " Tj");     // (a\(b\)c) Tj
 #pragma once
 
+#include <array>
+#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -43,18 +45,33 @@ struct LiteralString {
   }
 };
 
-/// A number with leading zeros: the offsets of the cross-reference table have ten digits.
-template <int kDigits>
+/// The last digits of a number that is not negative, with leading zeros: an even count of them. The
+/// offsets of the cross-reference table have ten; a long document has thousands, so they are made
+/// two at a time.
+template <std::size_t kDigits>
 struct Padded {
-  std::int64_t value = 0;
+  static_assert(kDigits % 2 == 0);
+
+  std::int32_t value = 0;
 
   [[nodiscard]] static std::size_t MaxSize() noexcept { return kDigits; }
   char* Write(char* to) const noexcept {
-    std::memset(to, '0', kDigits);
-    char* digit = to + kDigits;
-    for (auto rest = value; rest > 0; rest /= 10) *--digit = static_cast<char>('0' + rest % 10);
+    auto rest = static_cast<std::uint32_t>(value);
+    for (std::size_t i = kDigits; i > 0; i -= 2, rest /= 100) {
+      std::memcpy(to + i - 2, kDigitPairs.data() + rest % 100 * 2, 2);
+    }
     return to + kDigits;
   }
+
+ private:
+  static constexpr std::array<char, 200> kDigitPairs = [] {
+    std::array<char, 200> pairs{};
+    for (std::size_t i = 0; i < 100; ++i) {
+      pairs[2 * i] = static_cast<char>('0' + i / 10);
+      pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+    }
+    return pairs;
+  }();
 };
 
 }  // namespace vellumark::pdf
