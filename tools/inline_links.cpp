@@ -40,7 +40,8 @@ bool StartsWithOneOf(std::string_view text, const std::array<std::string_view, C
   });
 }
 
-/// The address in `inside`, the part between the parentheses: up to a blank, or within "<...>".
+/// The address in `inside`, the part between the parentheses: up to a blank, or within "<...>". A
+/// full address may contain blanks, which are wrong and often seen.
 std::optional<std::string_view> AddressIn(std::string_view inside) {
   inside.remove_prefix(std::min(inside.find_first_not_of(kBlanks), inside.size()));
   if (inside.starts_with('<')) {
@@ -50,11 +51,11 @@ std::optional<std::string_view> AddressIn(std::string_view inside) {
   }
   const std::size_t end = std::min(inside.find_first_of(kBlanks), inside.size());
   const std::size_t title = inside.find_first_not_of(kBlanks, end);
-  // Behind a blank only a title may stand.
-  if (title != std::string_view::npos && inside[title] != '"' && inside[title] != '\'') {
-    return std::nullopt;
+  if (title == std::string_view::npos || inside[title] == '"' || inside[title] == '\'') {
+    return inside.substr(0, end);
   }
-  return inside.substr(0, end);
+  if (!StartsWithOneOf(inside, kSchemes)) return std::nullopt;
+  return inside.substr(0, inside.find_last_not_of(kBlanks) + 1);
 }
 
 bool LooksLikeMail(std::string_view text) {

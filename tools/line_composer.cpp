@@ -8,7 +8,7 @@
 namespace vellumark::tools {
 namespace {
 
-constexpr int kWidestGap = 3;  // of a justified line, in ems
+constexpr int kWidestGap = 2;  // of a justified line, in ems
 
 void AppendRuns(const Word& word, int x, Line& line) {
   std::int64_t offset = 0;
@@ -34,27 +34,29 @@ std::vector<Line> LineComposer::Compose(std::vector<Word> words) {
   return std::move(lines_);
 }
 
-std::int64_t LineComposer::BlankWidth(const Word& word) {
-  return measure_.Width(word.pieces.back().face, " ");
+/// The blank between two words is the narrower one of both: code has wide blanks of its own.
+std::int64_t LineComposer::Gap(const Word& before, const Word& behind) const {
+  return std::min(measure_.Width(before.pieces.back().face, " "),
+                  measure_.Width(behind.pieces.front().face, " "));
 }
 
 void LineComposer::Add(Word word) {
   if (!draft_.words.empty() && !Takes(word)) EndLine(true);
   if (!draft_.words.empty()) {
     const Word& last = draft_.words.back();
-    const std::int64_t blank = BlankWidth(last);
-    draft_.exact += blank;
-    draft_.rounded += ToPoints(last.width + blank);
+    const std::int64_t gap = Gap(last, word);
+    draft_.exact += gap;
+    draft_.rounded += ToPoints(last.width + gap);
   }
   draft_.exact += word.width;
   draft_.words.push_back(std::move(word));
 }
 
-bool LineComposer::Takes(const Word& word) {
+bool LineComposer::Takes(const Word& word) const {
   const Word& last = draft_.words.back();
-  const std::int64_t blank = BlankWidth(last);
-  const int rounded = draft_.rounded + ToPoints(last.width + blank) + ToPoints(word.width);
-  return rounded <= width_ && ToPoints(draft_.exact + blank + word.width) <= width_;
+  const std::int64_t gap = Gap(last, word);
+  const int rounded = draft_.rounded + ToPoints(last.width + gap) + ToPoints(word.width);
+  return rounded <= width_ && ToPoints(draft_.exact + gap + word.width) <= width_;
 }
 
 /// A word wider than the line starts a line of its own and is cut into as many as it takes.
@@ -121,36 +123,42 @@ void LineComposer::EndLine(bool may_justify) {
   draft_ = {};
 }
 
-Line LineComposer::Natural() {
+Line LineComposer::Natural() const {
   Line line;
   std::int64_t offset = 0;
+  const Word* before = nullptr;
   for (const Word& word : draft_.words) {
+    if (before != nullptr) offset += Gap(*before, word);
     for (const Piece& piece : word.pieces) {
       Run* const last = line.runs.empty() ? nullptr : &line.runs.back();
       if (last != nullptr && last->face == piece.face && last->link == piece.link) {
-        if (&piece == &word.pieces.front()) last->glyphs.codes += ' ';
+        if (before != nullptr && &piece == &word.pieces.front()) last->glyphs.codes += ' ';
         last->glyphs.Append(piece.glyphs);
       } else {
         line.runs.push_back({ToPoints(offset), piece.face, piece.glyphs, piece.link});
       }
       offset += piece.width;
     }
-    offset += BlankWidth(word);
+    before = &word;
   }
   return line;
 }
 
-Line LineComposer::Justified() {
+Line LineComposer::Justified() const {
   const auto gaps = static_cast<int>(draft_.words.size()) - 1;
   const int spare = width_ - draft_.rounded - ToPoints(draft_.words.back().width);
   const int each = spare / gaps;
   int extra = spare % gaps;
   Line line;
   int x = 0;
+  const Word* before = nullptr;
   for (const Word& word : draft_.words) {
+    if (before != nullptr) {
+      x += ToPoints(before->width + Gap(*before, word)) + each + (extra > 0 ? 1 : 0);
+      --extra;
+    }
     AppendRuns(word, x, line);
-    x += ToPoints(word.width + BlankWidth(word)) + each;
-    if (extra-- > 0) ++x;
+    before = &word;
   }
   return line;
 }

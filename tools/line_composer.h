@@ -7,7 +7,7 @@
 // each word is a run of its own: the room left over is shared out among the gaps in whole points,
 // one more to the first gaps as far as it goes, so that the last word ends at the right edge. The
 // last line, a line that ends where the text says so, and one whose gaps would become wider than
-// three ems are not justified.
+// two ems are not justified.
 //
 //     for (const Line& line : LineComposer(measure, width, true).Compose(words)) ...
 //
@@ -48,15 +48,15 @@ class LineComposer {
     int rounded = 0;         // in points, each word rounded with the blank behind it
   };
 
-  [[nodiscard]] std::int64_t BlankWidth(const Word& word);
-  [[nodiscard]] bool Takes(const Word& word);
+  [[nodiscard]] std::int64_t Gap(const Word& before, const Word& behind) const;
+  [[nodiscard]] bool Takes(const Word& word) const;
   [[nodiscard]] Word BreakOff(Word& word) const;
   [[nodiscard]] std::size_t FittingGlyphs(const Piece& piece, std::int64_t room) const;
   void Add(Word word);
   void AddBroken(Word word);
   void EndLine(bool may_justify);
-  [[nodiscard]] Line Natural();
-  [[nodiscard]] Line Justified();
+  [[nodiscard]] Line Natural() const;
+  [[nodiscard]] Line Justified() const;
 
   GlyphMeasure& measure_;
   int width_;

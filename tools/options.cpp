@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <functional>
 #include <iostream>
+#include <sstream>
 #include <string_view>
 
 #include "tools/failure.h"
@@ -16,8 +17,8 @@ namespace vellumark::tools {
 namespace {
 
 constexpr std::string_view kFooter =
-    "Options may stand before or after INPUT. Exit status: 0 when the document was written, 2 when "
-    "it was not, with one line on standard error that says why.";
+    "Exit status: 0 when the document was written, 2 when it was not, with one line on standard\n"
+    "error that says why.";
 
 /// Options as typed, before their values are looked at. The texts are the defaults.
 struct RawOptions {
@@ -34,44 +35,55 @@ std::string OneOf(std::string_view what, std::string_view names) {
   return std::string(what) + ": " + std::string(names);
 }
 
+/// Help in lines that fit beside the options' names.
+std::string Wrapped(const std::string& help) {
+  constexpr std::size_t kColumns = 70;
+  std::string wrapped;
+  std::size_t column = 0;
+  std::istringstream words(help);
+  for (std::string word; words >> word; column += word.size()) {
+    const bool fits = column + 1 + word.size() <= kColumns;
+    if (!wrapped.empty()) wrapped += fits ? ' ' : '\n';
+    column = fits ? column + 1 : 0;
+    wrapped += word;
+  }
+  return wrapped;
+}
+
 void AddLayoutOptions(CLI::App& app, RawOptions& raw, Options& options) {
-  app.add_option("--paper", raw.paper, OneOf("Paper size", kPaperNames))
-      ->type_name("NAME")
-      ->capture_default_str();
-  app.add_option("--orientation", raw.orientation, OneOf("How the paper lies", kOrientationNames))
-      ->type_name("NAME")
-      ->capture_default_str();
-  app.add_option("--margins", raw.margins,
-                 "Margins in points (1/72 inch): one number, or LEFT,TOP,RIGHT,BOTTOM")
-      ->type_name("POINTS")
-      ->capture_default_str();
-  app.add_option("--page-color", raw.page_color,
-                 OneOf("Colour of the paper, #rrggbb or a name", kColorNames))
-      ->type_name("COLOR")
-      ->capture_default_str();
-  app.add_option("--font", raw.font, OneOf("Font of text and titles", kFontNames))
-      ->type_name("NAME")
-      ->capture_default_str();
-  app.add_option("--size", raw.size, "Size of the text in points, 8 to 72")
-      ->type_name("POINTS")
-      ->capture_default_str();
-  app.add_flag(
-      "--justify,!--no-justify", options.style.justify,
-      "Set paragraphs flush on both sides, or with --no-justify ragged [default: justify]");
+  const auto add = [&app](const char* name, std::string& value, const std::string& help,
+                          const char* type) {
+    app.add_option(name, value, Wrapped(help + " [default: " + value + "]"))->type_name(type);
+  };
+  add("--format", raw.format, "Format of the output: pdf", "NAME");
+  add("--paper", raw.paper, OneOf("Paper size", kPaperNames), "NAME");
+  add("--orientation", raw.orientation, OneOf("How the paper lies", kOrientationNames), "NAME");
+  add("--margins", raw.margins,
+      "Margins in points (1/72 inch), one number or LEFT,TOP,RIGHT,BOTTOM", "POINTS");
+  add("--page-color", raw.page_color, OneOf("Colour of the page, #rrggbb or", kColorNames),
+      "COLOR");
+  add("--font", raw.font, OneOf("Font of text and titles", kFontNames), "NAME");
+  add("--size", raw.size, "Size of the text in points, 8 to 72", "POINTS");
+  bool& justify = options.style.justify;
+  app.add_flag_callback(
+      "--justify", [&justify] { justify = true; }, "Set paragraphs flush on both sides [default]");
+  app.add_flag_callback(
+      "--no-justify", [&justify] { justify = false; }, "Set paragraphs ragged on the right");
 }
 
 void AddPropertyOptions(CLI::App& app, Options& options) {
-  Properties& properties = options.properties;
-  const auto add = [&app](const char* name, std::string& value, const char* help) {
-    return app.add_option(name, value, help)->type_name("TEXT");
+  const auto add = [&app](const char* name, std::string& value, const std::string& help,
+                          const std::string& standard) {
+    app.add_option(name, value, Wrapped(help + " [default: " + standard + "]"))->type_name("TEXT");
   };
-  add("--title", properties.title, "Title property [default: the first heading]");
-  add("--author", properties.author, "Author property [default: none]");
-  add("--creator", properties.creator, "Creator property: the program the text comes from")
-      ->capture_default_str();
-  add("--producer", properties.producer, "Producer property")->capture_default_str();
-  add("--subject", properties.subject, "Subject property [default: none]");
-  add("--keywords", properties.keywords, "Keywords property [default: none]");
+  Properties& properties = options.properties;
+  add("--title", properties.title, "Title property", "the first title of the text");
+  add("--author", properties.author, "Author property", "none");
+  add("--creator", properties.creator, "Creator property, the origin of the text",
+      properties.creator);
+  add("--producer", properties.producer, "Producer property", properties.producer);
+  add("--subject", properties.subject, "Subject property", "none");
+  add("--keywords", properties.keywords, "Keywords property", "none");
 }
 
 template <typename Value>
@@ -131,13 +143,11 @@ std::optional<Options> ParseOptions(int argc, const char* const* argv) {
   app.set_help_flag("-h,--help", "Print this help and exit");
   app.add_option("INPUT", options.input, "Text file in UTF-8; - reads standard input")
       ->required()
-      ->type_name("");
-  app.add_option("-o,--output", options.output,
-                 "File to write; - is standard output [default: INPUT with the ending .pdf]")
+      ->type_name(" ");
+  app.add_option(
+         "-o,--output", options.output,
+         "File to write; - is standard output\n[default: INPUT with the ending .pdf, beside it]")
       ->type_name("FILE");
-  app.add_option("--format", raw.format, "Format of the output: pdf")
-      ->type_name("NAME")
-      ->capture_default_str();
   AddLayoutOptions(app, raw, options);
   AddPropertyOptions(app, options);
   try {

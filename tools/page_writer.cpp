@@ -7,7 +7,7 @@
 namespace vellumark::tools {
 namespace {
 
-constexpr int kFooter = 16;        // the library's footer and some air
+constexpr int kFooter = 20;        // the library's footer and some air
 constexpr int kNarrowest = 120;    // the footer must fit
 constexpr int kMostInset = 48;     // more than the widest escaped glyph, 0.6 em of 72 points
 constexpr int kLinesPerPage = 3;   // of the largest text, at least

@@ -7,7 +7,7 @@
 //     pages.WriteLine(line, indent, size);
 //     pages.Advance(pitch);
 //
-// x counts from the left margin, the position on the page is kept here, and text ends 16 points
+// x counts from the left margin, the position on the page is kept here, and text ends 20 points
 // above the bottom margin, where the library writes its footer. The margins that the library is
 // told are smaller than the user's, alike on both sides, because it measures escaped text wider
 // than it is and would refuse it at the right edge.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/run_strokes.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <utility>
 
@@ -34,7 +35,7 @@ class RunSplitter {
  private:
   void AddText(std::string_view codes) {
     while (!codes.empty()) {
-      const std::size_t count = TooWideForLibrary(codes) ? EscapedPrefix(codes) : codes.size();
+      const std::size_t count = Acceptable(codes);
       AddStroke(codes.substr(0, count));
       codes.remove_prefix(count);
     }
@@ -75,20 +76,15 @@ class RunSplitter {
 
   [[nodiscard]] std::int64_t Blank() { return measure_.Width(run_.face, " "); }
 
-  [[nodiscard]] bool TooWideForLibrary(std::string_view codes) {
-    std::int64_t width = measure_.Width(run_.face, codes);
-    for (const char code : codes) {
-      const int more = room_.format->MeasuredAs(code) - 1;
-      if (more > 0) width += more * measure_.Width(run_.face, {&code, 1});
+  /// How many codes the library accepts in one go, which measures some of them twice.
+  [[nodiscard]] std::size_t Acceptable(std::string_view codes) {
+    std::int64_t end = pen_;
+    for (std::size_t count = 0; count < codes.size(); ++count) {
+      const char code = codes[count];
+      end += measure_.Width(run_.face, {&code, 1}) * room_.format->MeasuredAs(code);
+      if (ToPoints(end) > room_.right) return std::max<std::size_t>(count, 1);
     }
-    return ToPoints(pen_ + width) > room_.right && EscapedPrefix(codes) < codes.size();
-  }
-
-  /// Up to and with the first code that is escaped.
-  [[nodiscard]] std::size_t EscapedPrefix(std::string_view codes) const {
-    std::size_t count = 0;
-    while (count < codes.size() && room_.format->MeasuredAs(codes[count]) == 1) ++count;
-    return std::min(count + 1, codes.size());
+    return codes.size();
   }
 
   const Run& run_;

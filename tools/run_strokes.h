@@ -5,7 +5,7 @@
 // Mostly that is one. An accented letter ends a text, its accent is one of its own, drawn over the
 // letter, and the rest goes on behind it. In this order readers put letter and accent together
 // again when text is copied or searched. And a text with escaped characters is wider to the library
-// than on paper: where that would take it over the right edge, it is cut behind each of them.
+// than on paper: where that would take it over the right edge, it is cut.
 #pragma once
 
 #include <string>

@@ -21,7 +21,7 @@ inline constexpr std::array<int, 6> kTitlePercent = {175, 140, 120, 110, 100, 10
 
 /// Code between lines of text: 80 columns of it fit a text of usual width.
 [[nodiscard]] constexpr int CodeSize(int size) {
-  return std::max(size * 4 / 5, kSmallestSize);
+  return std::max((size * 4 + 2) / 5, kSmallestSize);
 }
 
 /// Code within a line, about as high as the text around it.

@@ -24,6 +24,20 @@ PageSetup WithLargestSize(const TextStyle& style) {
   return setup;
 }
 
+/// Continues the last row of code in a new one, at its last blank if that stands far enough right.
+void BreakRow(std::vector<GlyphRun>& rows) {
+  GlyphRun row = std::move(rows.back());
+  const std::size_t size = row.codes.size();
+  const std::size_t blank = row.codes.rfind(' ');
+  const bool late = blank != std::string::npos && blank + 1 > size * 2 / 3 && blank + 1 < size;
+  const std::size_t end = late ? blank + 1 : size;
+  GlyphRun continuation;
+  continuation.codes.assign(kContinuationColumns, ' ');
+  continuation.Append(row.Part(end, std::string::npos));
+  rows.back() = row.Part(0, end);
+  rows.push_back(std::move(continuation));
+}
+
 /// How many lines must fit on the page for line `index` of `count` to be begun there: no first or
 /// last line of a paragraph stands alone.
 std::size_t LinesTogether(std::size_t index, std::size_t count) {
@@ -145,9 +159,7 @@ std::vector<GlyphRun> Typesetter::CodeRows(const Block& block, std::size_t colum
     const std::size_t end = std::min(rest.find('\n'), rest.size());
     rows.emplace_back();
     for (std::size_t at = 0; at < end;) {
-      if (rows.back().codes.size() >= columns) {
-        rows.emplace_back().codes.assign(kContinuationColumns, ' ');
-      }
+      if (rows.back().codes.size() >= columns) BreakRow(rows);
       const char* const where = rest.data() + at;
       const char32_t character = NextCharacter(rest, at);
       if (!AppendCharacter(character, rows.back())) CountMissing(block, where, character);
@@ -228,13 +240,14 @@ BlockFaces Typesetter::TextFaces() const {
           {FontNumberConstants::Courier, FontStyleConstants::Regular, FontSize(code_size)}};
 }
 
-/// Height that must fit below a title: two lines of text, and further titles in between.
+/// Height that must fit below a title: two lines of text, and a few further titles in between.
 int Typesetter::FollowingTitles(const std::vector<Block>& blocks, std::size_t index) const {
+  constexpr std::size_t kTitlesTogether = 3;
   int height = 2 * LinePitch(style_.size);
-  for (std::size_t i = index + 1; i < blocks.size() && blocks[i].kind == BlockKind::Title; ++i) {
+  const std::size_t end = std::min(index + kTitlesTogether, blocks.size());
+  for (std::size_t i = index + 1; i < end && blocks[i].kind == BlockKind::Title; ++i) {
     const int size = TitleSize(style_.size, blocks[i].level);
     height += SpaceAboveTitle(size) + LinePitch(size) + SpaceBelowTitle(size);
-    if (height > pages_.height()) break;
   }
   return height;
 }
