@@ -8,7 +8,7 @@
 namespace vellumark::tools {
 namespace {
 
-constexpr int kWidestGap = 2;  // of a justified line, in ems
+constexpr int kWidestGap = 1;  // added to a blank of a justified line, in ems
 
 void AppendRuns(const Word& word, int x, Line& line) {
   std::int64_t offset = 0;

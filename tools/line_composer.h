@@ -6,8 +6,8 @@
 // neighbours of one look become one run, so that a plain line is a single piece of text. Justified,
 // each word is a run of its own: the room left over is shared out among the gaps in whole points,
 // one more to the first gaps as far as it goes, so that the last word ends at the right edge. The
-// last line, a line that ends where the text says so, and one whose gaps would become wider than
-// two ems are not justified.
+// last line, a line that ends where the text says so, and one whose gaps would grow by more than an
+// em are not justified.
 //
 //     for (const Line& line : LineComposer(measure, width, true).Compose(words)) ...
 //

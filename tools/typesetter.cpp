@@ -240,10 +240,11 @@ BlockFaces Typesetter::TextFaces() const {
           {FontNumberConstants::Courier, FontStyleConstants::Regular, FontSize(code_size)}};
 }
 
-/// Height that must fit below a title: two lines of text, and a few further titles in between.
+/// Height that must fit below a title: the beginning of a paragraph, which may be three lines that
+/// stay together, and a few further titles in between.
 int Typesetter::FollowingTitles(const std::vector<Block>& blocks, std::size_t index) const {
   constexpr std::size_t kTitlesTogether = 3;
-  int height = 2 * LinePitch(style_.size);
+  int height = ParagraphSpace(style_.size) + 3 * LinePitch(style_.size);
   const std::size_t end = std::min(index + kTitlesTogether, blocks.size());
   for (std::size_t i = index + 1; i < end && blocks[i].kind == BlockKind::Title; ++i) {
     const int size = TitleSize(style_.size, blocks[i].level);
