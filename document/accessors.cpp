@@ -25,8 +25,8 @@ void DocumentModel::SetFont(FontNumberConstants number, std::uint8_t height,
   // or below keeps the style asked for.
   const bool styled = style >= FontStyleConstants::Bold && style <= FontStyleConstants::BoldItalic;
   font.style = styled && number < Symbol ? style : FontStyleConstants::Regular;
-  const bool known = effect >= FontEffectConstants::NoFontEffect &&
-                     effect <= FontEffectConstants::Underline;
+  const bool known =
+      effect >= FontEffectConstants::NoFontEffect && effect <= FontEffectConstants::Underline;
   font.effect = known ? effect : FontEffectConstants::NoFontEffect;
 }
 

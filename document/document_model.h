@@ -108,6 +108,9 @@ class DocumentModel {
     std::any writer;
   };
 
+  /// Where a mark's object numbers come from: the free ones, or those kept back for the page end.
+  enum class Numbers { Free, Reserved };
+
   /// The error trap of a member with a result: runs `steps`, which answer a RefusalNote, and keeps
   /// the note; a run-time error becomes one.
   template <class Steps>
@@ -143,6 +146,7 @@ class DocumentModel {
   RefusalNote WriteFile();
   void ResetPen();
   void EndPage();
+  void WriteFooter();
 
   // shapes.cpp
   [[nodiscard]] UsableBox Box() const { return {state_.UsableWidth(), state_.UsableHeight()}; }
@@ -154,8 +158,8 @@ class DocumentModel {
 
   // text_run.cpp
   [[nodiscard]] RefusalNote CheckText(Points width, AlignmentConstants alignment) const;
-  [[nodiscard]] std::optional<Points> EffectLine(Points width) const;
-  RefusalNote TryWriteText(const TextRun& run);
+  [[nodiscard]] std::optional<Points> EffectLine(Points y) const;
+  RefusalNote TryWriteText(const TextRun& run, Numbers numbers);
 
   // title.cpp
   RefusalNote TryWriteTitle(const Title& title);
@@ -190,7 +194,7 @@ class DocumentModel {
     std::size_t end = 0;
     std::int32_t sum = 0;  // 1/1000 em
   };
-  std::vector<Word> words_;        // of one paragraph; kept for its storage
+  std::vector<Word> words_;          // of one paragraph; kept for its storage
   layout::JustifiedLine justified_;  // likewise
 };
 

@@ -21,9 +21,9 @@ std::size_t LineBuffer::AppendOwned(std::string&& line) {
 
 void LineBuffer::Replace(std::size_t index, std::string text) {
   text.append(kLineEnd);
-  const auto place =
-      std::lower_bound(replacements_.begin(), replacements_.end(), index,
-                       [](const auto& replacement, std::size_t i) { return replacement.first < i; });
+  const auto place = std::lower_bound(
+      replacements_.begin(), replacements_.end(), index,
+      [](const auto& replacement, std::size_t i) { return replacement.first < i; });
   if (place != replacements_.end() && place->first == index) {
     place->second = std::move(text);
   } else {

@@ -40,7 +40,7 @@ const layout::FontWidths& DocumentModel::Widths() {
 bool DocumentModel::Create(std::string_view file) noexcept {
   const FileHandle before = state_.file;
   const bool created = Attempt([&] { return TryCreate(file); });
-  if (!created && state_.file != before) {
+  if (!created && state_.file != before && state_.file != FileHandle::Invalid) {
     platform_.CloseOutput(state_.file);
     state_.file = FileHandle::Invalid;
   }
@@ -57,6 +57,7 @@ RefusalNote DocumentModel::TryCreate(std::string_view file) {
   const FileHandle opened = platform_.CreateOutput(file, error);
   if (opened == FileHandle::Invalid) {
     detail_ = std::string(file) + ": " + error.message();
+    if (!writer_.KeepsFileWhenCreateFails()) state_.file = opened;
     return {RefusalReason::FileNotCreated};
   }
   state_.file = opened;
@@ -125,20 +126,24 @@ void DocumentModel::EndPage() {
   const layout::Font font = state_.font;
   const Points x = state_.position_x;
   Points y;
-  ResumeNext(
-      [&] { layout::ParseColor(state_.color.view(), color); },  //
-      [&] { y = state_.Y(); },                                  //
-      [&] { state_.color = layout::FormatColor(0, 0, 0); },
-      [&] {
-        SetFont(FontNumberConstants::Times, 10, FontStyleConstants::Regular,
-                FontEffectConstants::NoFontEffect);
-      },
-      [&] { SetPosition(-1, state_.UsableHeight() - kFooterHeight); },
-      [&] { WriteText({.text = footer_, .alignment = AlignmentConstants::Center}); },
-      [&] { state_.color = layout::FormatColor(color.red, color.green, color.blue); },
-      [&] { SetFont(font.number, font.height, font.style, font.effect); },
-      [&] { SetPosition(x, y); },  //
-      [&] { writer_.EndPage(); });
+  ResumeNext([&] { layout::ParseColor(state_.color.view(), color); },  //
+             [&] { y = state_.Y(); },                                  //
+             [&] { state_.color = layout::FormatColor(0, 0, 0); },
+             [&] {
+               SetFont(FontNumberConstants::Times, 10, FontStyleConstants::Regular,
+                       FontEffectConstants::NoFontEffect);
+             },
+             [&] { SetPosition(-1, state_.UsableHeight() - kFooterHeight); },
+             [&] { WriteFooter(); },
+             [&] { state_.color = layout::FormatColor(color.red, color.green, color.blue); },
+             [&] { SetFont(font.number, font.height, font.style, font.effect); },
+             [&] { SetPosition(x, y); },  //
+             [&] { writer_.EndPage(); });
+}
+
+void DocumentModel::WriteFooter() {
+  const TextRun footer = {.text = footer_, .alignment = AlignmentConstants::Center};
+  Attempt([&] { return TryWriteText(footer, Numbers::Reserved); });
 }
 
 void DocumentModel::Flush() noexcept {

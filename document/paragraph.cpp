@@ -104,9 +104,7 @@ RefusalNote DocumentModel::WriteFinishedLine(std::string_view line, const Paragr
   const std::size_t count = justified_.words.size();
   for (std::size_t j = 0; j < count; ++j) {
     state_.position_x = left + justified_.positions[j];
-    WriteText({.text = justified_.words[j],
-               .carriage_return = j + 1 == count,
-               .dy = paragraph.dy});
+    WriteText({.text = justified_.words[j], .carriage_return = j + 1 == count, .dy = paragraph.dy});
     if (note_.reason == RefusalReason::NoObjectNumbersLeft) return note_;
   }
   return {};

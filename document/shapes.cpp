@@ -41,18 +41,27 @@ bool DocumentModel::DrawCurve(Points x1, Points y1, Points x2, Points y2, Points
 }
 
 bool DocumentModel::DrawCircle(Points x, Points y, Points r) noexcept {
-  return DrawShape([&](const UsableBox& box) { return box.CheckEllipse({x, y}, r, r); },
-                   [&] { writer_.DrawCircle(OnPage(x, y), r); });
+  return DrawShape(
+      [&](const UsableBox& box) {
+        return box.CheckEllipse({x, y}, r, r);
+      },
+      [&] { writer_.DrawCircle(OnPage(x, y), r); });
 }
 
 bool DocumentModel::DrawEllipse(Points x, Points y, Points rx, Points ry) noexcept {
-  return DrawShape([&](const UsableBox& box) { return box.CheckEllipse({x, y}, rx, ry); },
-                   [&] { writer_.DrawEllipse(OnPage(x, y), rx, ry); });
+  return DrawShape(
+      [&](const UsableBox& box) {
+        return box.CheckEllipse({x, y}, rx, ry);
+      },
+      [&] { writer_.DrawEllipse(OnPage(x, y), rx, ry); });
 }
 
 bool DocumentModel::DrawArc(Points x, Points y, Points r, float th1, float th2) noexcept {
-  return DrawShape([&](const UsableBox& box) { return box.CheckEllipse({x, y}, r, r); },
-                   [&] { writer_.DrawArc(OnPage(x, y), r, th1, th2); });
+  return DrawShape(
+      [&](const UsableBox& box) {
+        return box.CheckEllipse({x, y}, r, r);
+      },
+      [&] { writer_.DrawArc(OnPage(x, y), r, th1, th2); });
 }
 
 }  // namespace vellumark::document

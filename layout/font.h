@@ -21,10 +21,10 @@ struct Font {
 
 /// The standard fonts, in the order of their index.
 inline constexpr std::array<std::string_view, 14> kFontNames = {
-    "Courier",   "Courier-Bold",   "Courier-Oblique",   "Courier-BoldOblique",
-    "Helvetica", "Helvetica-Bold", "Helvetica-Oblique", "Helvetica-BoldOblique",
-    "Times-Roman", "Times-Bold",   "Times-Italic",      "Times-BoldItalic",
-    "Symbol",    "ZapfDingbats"};
+    "Courier",     "Courier-Bold",   "Courier-Oblique",   "Courier-BoldOblique",
+    "Helvetica",   "Helvetica-Bold", "Helvetica-Oblique", "Helvetica-BoldOblique",
+    "Times-Roman", "Times-Bold",     "Times-Italic",      "Times-BoldItalic",
+    "Symbol",      "ZapfDingbats"};
 
 /// Index of a font into kFontNames, 0 to 13: four faces per text family, then Symbol and
 /// ZapfDingbats whatever their style. A font of no family (before Create) gets a negative index.
@@ -32,6 +32,16 @@ constexpr int FontIndex(const Font& font) noexcept {
   const auto number = static_cast<std::int32_t>(font.number);
   const auto style = static_cast<std::int32_t>(font.style);
   return number < 4 ? (number - 1) * 4 + style - 1 : number + 8;
+}
+
+/// Name of the font; empty where it is none of the fourteen.
+constexpr std::string_view FontName(const Font& font) noexcept {
+  const bool faced =
+      font.style >= FontStyleConstants::Regular && font.style <= FontStyleConstants::BoldItalic;
+  const bool known = font.number >= FontNumberConstants::Courier &&
+                     font.number <= FontNumberConstants::ZapfDingbats &&
+                     (faced || font.number >= FontNumberConstants::Symbol);
+  return known ? kFontNames[static_cast<std::size_t>(FontIndex(font))] : std::string_view();
 }
 
 }  // namespace vellumark::layout

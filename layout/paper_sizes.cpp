@@ -27,8 +27,8 @@ constexpr std::array<Row, 9> kPapers = {{
 }};
 
 const Row* Find(PaperSizeConstants papersize) noexcept {
-  const auto* const row = std::find_if(
-      kPapers.begin(), kPapers.end(), [=](const Row& r) { return r.papersize == papersize; });
+  const auto* const row = std::find_if(kPapers.begin(), kPapers.end(),
+                                       [=](const Row& r) { return r.papersize == papersize; });
   return row == kPapers.end() ? nullptr : row;
 }
 

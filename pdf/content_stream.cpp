@@ -9,8 +9,8 @@ using document::Pieces;
 using document::RefusalNote;
 
 RefusalNote PdfWriter::RoomFor(const Pieces& pieces) const {
-  constexpr std::int64_t kPerMark = 2;     // the stream and its length
-  constexpr std::int64_t kPageEnd = 3;     // the footer, and the page itself
+  constexpr std::int64_t kPerMark = 2;              // the stream and its length
+  constexpr std::int64_t kPageEnd = 3;              // the footer, and the page itself
   constexpr std::int64_t kToFinish = kPageEnd + 1;  // and the catalog
   const std::int64_t needed = kPerMark * pieces.marks + pieces.links +
                               (kPageEnd + kPerMark) * pieces.pages;  // a page starts with a mark

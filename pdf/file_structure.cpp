@@ -68,13 +68,12 @@ void PdfWriter::WriteFonts() {
 void PdfWriter::EndDocument() {
   int catalog = 0;
   std::int32_t cross_references = 0;
-  document::ResumeNext(
-      [&] { WriteResources(); },          //
-      [&] { WritePageTree(); },           //
-      [&] { catalog = WriteCatalog(); },  //
-      [&] { cross_references = oddities::Position(lines_); },
-      [&] { WriteCrossReferences(); },  //
-      [&] { WriteTrailer(catalog, cross_references); });
+  document::ResumeNext([&] { WriteResources(); },          //
+                       [&] { WritePageTree(); },           //
+                       [&] { catalog = WriteCatalog(); },  //
+                       [&] { cross_references = oddities::Position(lines_); },
+                       [&] { WriteCrossReferences(); },  //
+                       [&] { WriteTrailer(catalog, cross_references); });
 }
 
 void PdfWriter::WriteResources() {

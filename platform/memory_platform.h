@@ -21,7 +21,7 @@
 
 namespace vellumark {
 
-class MemoryPlatform : public PortablePlatform {
+class VELLUMARK_API MemoryPlatform : public PortablePlatform {
  public:
   /// The bytes of a file, also of one still open; null where there is none of that name.
   [[nodiscard]] const std::string* File(std::string_view name) const;

@@ -20,6 +20,8 @@
 #include <string_view>
 #include <system_error>
 
+#include "vellumark/export.h"
+
 namespace vellumark {
 
 /// An open output file of a platform. Invalid is what a failed CreateOutput answers.
@@ -36,7 +38,7 @@ struct LocalTime {
   int weekday = 4;  ///< 0 (Sunday) to 6 (Saturday)
 };
 
-class Platform {
+class VELLUMARK_API Platform {
  public:
   Platform() = default;
   Platform(const Platform&) = delete;

@@ -12,7 +12,7 @@ namespace vellumark {
 inline constexpr std::string_view kTitle = "Vellumark";
 inline constexpr std::string_view kLegalNotice = "Copyright © 2026 Vellumark";
 
-class PortablePlatform : public Platform {
+class VELLUMARK_API PortablePlatform : public Platform {
  public:
   LocalTime Now() override;
   std::string_view ToCodePage(std::string_view utf8, std::string& storage) override;

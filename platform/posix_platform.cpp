@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/posix_platform.h"
 
+#include <cerrno>
+#include <cstring>
 #include <fcntl.h>
 #include <poll.h>
+#include <string>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include <cerrno>
-#include <cstring>
-#include <string>
 
 namespace vellumark {
 namespace {
@@ -134,7 +133,8 @@ void PosixPlatform::ShowNotice(std::string_view text, std::string_view caption) 
   std::string line;
   line.append(caption).append(": ").append(text).append("\n");
   pollfd standard_error{STDERR_FILENO, POLLOUT, 0};
-  // A full pipe is not writable; one without a reader has an error pending and would raise a signal.
+  // A full pipe is not writable; one without a reader has an error pending and would raise a
+  // signal.
   const bool writable = ::poll(&standard_error, 1, 0) == 1 && standard_error.revents == POLLOUT;
   if (writable && ::write(STDERR_FILENO, line.data(), line.size()) < 0) {
     // The notice is a courtesy: nobody waits for it.

@@ -22,7 +22,7 @@
 
 namespace vellumark {
 
-class PosixPlatform : public PortablePlatform {
+class VELLUMARK_API PosixPlatform : public PortablePlatform {
  public:
   PosixPlatform();
   ~PosixPlatform() override;

@@ -18,9 +18,11 @@
 
 #include <stdexcept>
 
+#include "vellumark/export.h"
+
 namespace vellumark {
 
-class RunTimeError : public std::runtime_error {
+class VELLUMARK_API RunTimeError : public std::runtime_error {
  public:
   enum Number : int {
     Overflow = 6,

@@ -2,8 +2,8 @@
 //
 // Vellumark: printable documents without a printer driver.
 //
-// The one header a C++ host includes. It declares PDF, which writes PDF 1.2 files, and Enumerations
-// and the eight enumerations whose members the calls take:
+// The one header a C++ host includes. It declares PDF, which writes PDF 1.2 files, PS, which writes
+// PostScript programs, and Enumerations and the eight enumerations whose members the calls take:
 //
 //     #include <vellumark/vellumark.h>
 //     using namespace vellumark;
@@ -53,8 +53,8 @@
 
 namespace vellumark {
 
-/// What every document can do, whatever its language. Not created itself: see PDF. A function that
-/// takes a Document& draws the same pages into any of them.
+/// What every document can do, whatever its language. Not created itself: see PDF and PS. A
+/// function that takes a Document& draws the same pages into either.
 class VELLUMARK_API Document {
  public:
   Document(const Document&) = delete;
@@ -62,7 +62,7 @@ class VELLUMARK_API Document {
 
   // --- Properties. They keep their values from one Create to the next. --------------------------
 
-  /// Written into the file by Create, exactly as set: a "(", ")" or "\" is not escaped.
+  /// Written into the file by Create, exactly as set: nothing is escaped.
   [[nodiscard]] std::string Author() const;
   void Author(std::string_view author);
   [[nodiscard]] std::string Creator() const;
@@ -77,6 +77,7 @@ class VELLUMARK_API Document {
   void PaperSize(PaperSizeConstants papersize);
 
   /// PDF: marks each page that ends while it is set; readers show the page upright all the same.
+  /// PS: turns the whole document, set before Create; see docs/postscript.md.
   [[nodiscard]] bool Rotated() const;
   void Rotated(bool rotated);
 
@@ -102,12 +103,14 @@ class VELLUMARK_API Document {
   /// one. Whether the file was written in full, LastRefusal tells.
   void Flush() noexcept;
 
-  // --- Shapes, in the current colour, dash, fill colour, fill style and thickness. ----------------
-  // Every point must lie in the usable area, edges included; a circle, ellipse or slice as a whole.
+  // --- Shapes, in the current colour, dash, fill colour, fill style and thickness.
+  // ---------------- Every point must lie in the usable area, edges included; a circle, ellipse or
+  // slice as a whole.
 
   bool DrawLine(std::int16_t x1, std::int16_t y1, std::int16_t x2, std::int16_t y2) noexcept;
 
-  /// By its top left corner. PDF: an unfilled closed shape is white inside and covers what is below.
+  /// By its top left corner. PDF: an unfilled closed shape is white inside and covers what is
+  /// below; PS leaves it open.
   bool DrawRectangle(std::int16_t x, std::int16_t y, std::int16_t width,
                      std::int16_t height) noexcept;
 
@@ -123,15 +126,17 @@ class VELLUMARK_API Document {
 
   /// A slice of a circle from the centre, counter-clockwise between two angles in degrees from the
   /// positive x axis. PDF takes the smaller angle first and brings both below 360; where the second
-  /// then lies below the first the slice runs through 0 degrees.
+  /// then lies below the first the slice runs through 0 degrees. PS takes the angles as they are.
   bool DrawArc(std::int16_t x, std::int16_t y, std::int16_t r, float th1, float th2) noexcept;
 
-  // --- Text, in the current colour and font. ------------------------------------------------------
+  // --- Text, in the current colour and font.
+  // ------------------------------------------------------
 
   /// One run of text; the current position is its top left corner. It must fit: without alignment
   /// between the current x and the right margin, else within the usable width, and above the bottom
-  /// margin. Then the position moves behind it, or with `carriagereturn` to the x of the last
-  /// SetPosition and down by the font height and `dy`.
+  /// margin. PDF escapes parentheses in it, PS nothing; a backslash is passed on by both. Then the
+  /// position moves behind it, or with `carriagereturn` to the x of the last SetPosition and down
+  /// by the font height and `dy`.
   bool WriteText(std::string_view text, bool carriagereturn = false, std::uint8_t dy = 0,
                  AlignmentConstants alignment = AlignmentConstants::NoAlignment) noexcept;
 
@@ -149,7 +154,8 @@ class VELLUMARK_API Document {
                       AlignmentConstants alignment = AlignmentConstants::NoAlignment,
                       bool justified = false, std::int16_t width = 0) noexcept;
 
-  // --- Pen, font, page and position. --------------------------------------------------------------
+  // --- Pen, font, page and position.
+  // --------------------------------------------------------------
 
   /// The colours; each component 0 to 255. Before Create there is none, and reading throws
   /// RunTimeError 9 (subscript out of range).
@@ -193,7 +199,8 @@ class VELLUMARK_API Document {
   void GetPosition(std::int16_t& x, std::int16_t& y) const;
   void SetPosition(std::int16_t x = -1, std::int16_t y = -1);
 
-  // --- Why. ---------------------------------------------------------------------------------------
+  // --- Why.
+  // ---------------------------------------------------------------------------------------
 
   /// The reason why the latest Create, NewPage, Flush, drawing or writing call did not do what was
   /// asked; None after one that did.
@@ -223,6 +230,8 @@ class VELLUMARK_API PDF : public Document {
   /// On a platform of the host's, such as a MemoryPlatform.
   explicit PDF(std::shared_ptr<Platform> platform);
 
+  PDF(const PDF&) = delete;
+  PDF& operator=(const PDF&) = delete;
   PDF(PDF&& other) noexcept;
   PDF& operator=(PDF&& other) noexcept;
   ~PDF();
@@ -243,6 +252,21 @@ class VELLUMARK_API PDF : public Document {
   using Document::WriteTitle;
   bool WriteTitle(std::string_view text, AlignmentConstants alignment, BulletConstants bullet,
                   std::string_view hyperlink) noexcept;
+};
+
+/// Class to generate PS documents: PostScript programs with structuring comments. It has everything
+/// a Document has, no limit on the number of marks or pages, and no links.
+class VELLUMARK_API PS : public Document {
+ public:
+  /// As for PDF.
+  PS();
+  explicit PS(std::shared_ptr<Platform> platform);
+
+  PS(const PS&) = delete;
+  PS& operator=(const PS&) = delete;
+  PS(PS&& other) noexcept;
+  PS& operator=(PS&& other) noexcept;
+  ~PS();
 };
 
 }  // namespace vellumark

@@ -18,9 +18,7 @@ std::vector<int> Widths(int id, int first, int last) {
   return widths;
 }
 
-std::vector<int> Times(std::size_t count, int width) {
-  return std::vector<int>(count, width);
-}
+std::vector<int> Times(std::size_t count, int width) { return std::vector<int>(count, width); }
 
 TEST(WidthResource, OnlyTheNumbers101To110Have512Bytes) {
   for (int id = 101; id <= 110; ++id) EXPECT_EQ(WidthResource(id).size(), 512U) << id;

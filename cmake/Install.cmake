@@ -1,0 +1,42 @@
+# SPDX-License-Identifier: MIT
+#
+# What `cmake --install` puts in place: the library, its public headers (in a folder of their own,
+# so that <vellumark/vellumark.h> and the headers it includes cannot meet anybody else's), a CMake
+# package and a pkg-config file.
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+set(include_dir ${CMAKE_INSTALL_INCLUDEDIR}/vellumark)
+target_include_directories(vellumark PUBLIC $<INSTALL_INTERFACE:${include_dir}>)
+
+install(FILES
+    vellumark/enumerations.h vellumark/export.h vellumark/refusal.h vellumark/run_time_error.h
+    vellumark/vellumark.h
+  DESTINATION ${include_dir}/vellumark)
+install(FILES
+    platform/memory_platform.h platform/platform.h platform/portable_platform.h
+    platform/posix_platform.h
+  DESTINATION ${include_dir}/platform)
+
+set_target_properties(vellumark PROPERTIES VERSION ${PROJECT_VERSION}
+  SOVERSION ${PROJECT_VERSION_MAJOR})
+install(TARGETS vellumark EXPORT vellumark-targets
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(EXPORT vellumark-targets NAMESPACE vellumark::
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/vellumark)
+configure_package_config_file(cmake/vellumark-config.cmake.in
+  ${CMAKE_CURRENT_BINARY_DIR}/vellumark-config.cmake
+  INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/vellumark)
+write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/vellumark-config-version.cmake
+  COMPATIBILITY SameMajorVersion)
+# Relative, so that the package works wherever it is installed or moved to.
+file(RELATIVE_PATH prefix_from_pkgconfig
+  /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+configure_file(cmake/vellumark.pc.in ${CMAKE_CURRENT_BINARY_DIR}/vellumark.pc @ONLY)
+install(FILES
+    ${CMAKE_CURRENT_BINARY_DIR}/vellumark-config.cmake
+    ${CMAKE_CURRENT_BINARY_DIR}/vellumark-config-version.cmake
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/vellumark)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/vellumark.pc
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
