@@ -17,7 +17,7 @@ std::size_t TakeQuoteMarks(std::string_view& line, std::size_t most, std::size_t
   std::size_t depth = 0;
   while (depth < most) {
     const std::size_t mark = line.find_first_not_of(' ');
-    if (mark == std::string_view::npos || mark >= kCodeIndent || line[mark] != '>') break;
+    if (mark >= kCodeIndent || line[mark] != '>') break;
     const std::size_t blank = mark + 1 < line.size() && line[mark + 1] == ' ' ? 1 : 0;
     line.remove_prefix(mark + 1 + blank);
     columns += mark + 1 + blank;

@@ -44,7 +44,7 @@ class BlockParser {
   void Begin(std::string_view line, std::size_t indent);
   std::size_t BeginItem(const MarkerLine& item, std::size_t column);
   void BeginLeaf(std::string_view line, std::size_t column);
-  bool Interrupts(std::string_view line) const;
+  [[nodiscard]] bool Interrupts(std::string_view line) const;
   bool TakeUnderline(std::string_view line);
 
   Block& Add(BlockKind kind);

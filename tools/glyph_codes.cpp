@@ -9,8 +9,6 @@
 namespace vellumark::tools {
 namespace {
 
-using std::string_view_literals::operator""sv;
-
 // The standard encoding from 0xA0 on (PDF Reference, "Latin character set and encodings"), a blank
 // where it has no glyph. Below, it is ASCII but for the two quotes.
 constexpr char32_t kFirstHighCode = 0xA0;
@@ -20,7 +18,7 @@ constexpr std::u32string_view kHighCodes =
     U" `´ˆ˜¯˘˙¨ ˚¸ ˝˛ˇ"
     U"—               "
     U" Æ ª    ŁØŒº    "
-    U" æ   ı  łøœß    "sv;
+    U" æ   ı  łøœß    ";
 static_assert(kHighCodes.size() == 0x60);
 
 constexpr char kLeftQuote = 0x60;
@@ -77,9 +75,7 @@ std::optional<char> CodeOf(char32_t character) {
   return static_cast<char>(kFirstHighCode + at);
 }
 
-bool IsBelow(char accent) {
-  return accent == '\xCB' || accent == '\xCE';
-}
+bool IsBelow(char accent) { return accent == '\xCB' || accent == '\xCE'; }
 
 void AppendAccented(char32_t base, char accent, GlyphRun& run) {
   const bool tall =

@@ -15,15 +15,9 @@ namespace {
 
 constexpr std::string_view kEscapable = "*_`[]<>#";
 
-bool IsBlank(char c) {
-  return c == ' ' || c == '\n';
-}
-bool IsPunctuation(char c) {
-  return std::ispunct(static_cast<unsigned char>(c)) != 0;
-}
-bool IsAlphanumeric(char c) {
-  return std::isalnum(static_cast<unsigned char>(c)) != 0;
-}
+bool IsBlank(char c) { return c == ' ' || c == '\n'; }
+bool IsPunctuation(char c) { return std::ispunct(static_cast<unsigned char>(c)) != 0; }
+bool IsAlphanumeric(char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0; }
 
 std::size_t RunLength(std::string_view text, std::size_t at) {
   return std::min(text.find_first_not_of(text[at], at), text.size()) - at;
@@ -69,24 +63,16 @@ class TokenCutter {
  private:
   bool TakeSpecial() {
     switch (text_[at_]) {
-      case '\\':
-        return TakeEscape();
-      case '`':
-        return TakeCode();
+      case '\\': return TakeEscape();
+      case '`': return TakeCode();
       case '*':
-      case '_':
-        return TakeDelimiter();
-      case '[':
-        return TakeLabelled(FindLinkAt(at_));
-      case '!':
-        return TakeImage();
-      case '<':
-        return Take(look_.link == 0 ? FindBracketedAddress(text_, at_) : std::nullopt);
+      case '_': return TakeDelimiter();
+      case '[': return TakeLabelled(FindLinkAt(at_));
+      case '!': return TakeImage();
+      case '<': return Take(look_.link == 0 ? FindBracketedAddress(text_, at_) : std::nullopt);
       case 'h':
-      case 'm':
-        return TakeBareAddress();
-      default:
-        return false;
+      case 'm': return TakeBareAddress();
+      default: return false;
     }
   }
 

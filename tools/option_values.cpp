@@ -55,9 +55,7 @@ constexpr std::array<Named<std::uint32_t>, 12> kColors = {{
     {"pink", 0xFFC0CB},
 }};
 
-char LowerCase(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
+char LowerCase(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 bool SameName(std::string_view a, std::string_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(),
@@ -79,17 +77,13 @@ Rgb ToRgb(std::uint32_t color) {
 
 }  // namespace
 
-std::optional<PaperSizeConstants> ParsePaper(std::string_view name) {
-  return Find(name, kPapers);
-}
+std::optional<PaperSizeConstants> ParsePaper(std::string_view name) { return Find(name, kPapers); }
 
 std::optional<OrientationConstants> ParseOrientation(std::string_view name) {
   return Find(name, kOrientations);
 }
 
-std::optional<FontNumberConstants> ParseFont(std::string_view name) {
-  return Find(name, kFonts);
-}
+std::optional<FontNumberConstants> ParseFont(std::string_view name) { return Find(name, kFonts); }
 
 std::optional<Rgb> ParseColor(std::string_view text) {
   if (!text.starts_with('#')) {

@@ -17,7 +17,7 @@ namespace {
 namespace fs = std::filesystem;
 
 struct CloseFile {
-  void operator()(std::FILE* file) const { std::fclose(file); }
+  void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
@@ -51,9 +51,7 @@ fs::path TemporaryName(const fs::path& target) {
 }
 
 /// A new file that was not there before, not even as a link.
-File CreateNew(const fs::path& path) {
-  return File(std::fopen(path.string().c_str(), "wbx"));
-}
+File CreateNew(const fs::path& path) { return File(std::fopen(path.string().c_str(), "wbx")); }
 
 }  // namespace
 

@@ -16,9 +16,7 @@ constexpr Rgb kTextColor{0, 0, 0};
 constexpr Rgb kLinkColor{0, 0, 176};
 constexpr Rgb kRuleColor{128, 128, 128};
 
-std::int16_t Coordinate(int value) {
-  return static_cast<std::int16_t>(value);
-}
+std::int16_t Coordinate(int value) { return static_cast<std::int16_t>(value); }
 
 void SetColor(Document& document, Rgb color) {
   document.SetColor(color.red, color.green, color.blue);

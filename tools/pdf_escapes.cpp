@@ -9,9 +9,7 @@
 namespace vellumark::tools {
 namespace {
 
-bool IsAscii(char c) {
-  return static_cast<unsigned char>(c) < 0x80;
-}
+bool IsAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
 
 void AppendOctal(std::string& text, unsigned byte) {
   text += '\\';
@@ -38,9 +36,7 @@ std::string EscapeUnicode(std::string_view text) {
   return escaped;
 }
 
-bool IsHexadecimal(char c) {
-  return std::isxdigit(static_cast<unsigned char>(c)) != 0;
-}
+bool IsHexadecimal(char c) { return std::isxdigit(static_cast<unsigned char>(c)) != 0; }
 
 /// Whether "%" at `at` begins a percent-encoded byte already.
 bool IsEncoded(std::string_view address, std::size_t at) {

@@ -25,37 +25,19 @@ inline constexpr std::array<int, 6> kTitlePercent = {175, 140, 120, 110, 100, 10
 }
 
 /// Code within a line, about as high as the text around it.
-[[nodiscard]] constexpr int InlineCodeSize(int size) {
-  return std::max(size - 1, kSmallestSize);
-}
+[[nodiscard]] constexpr int InlineCodeSize(int size) { return std::max(size - 1, kSmallestSize); }
 
 /// From one line to the next.
-[[nodiscard]] constexpr int LinePitch(int size) {
-  return size + std::max(size * 28 / 100, 2);
-}
+[[nodiscard]] constexpr int LinePitch(int size) { return size + std::max(size * 28 / 100, 2); }
 
-[[nodiscard]] constexpr int ParagraphSpace(int size) {
-  return LinePitch(size) / 2;
-}
-[[nodiscard]] constexpr int ListItemSpace(int size) {
-  return std::max(size / 6, 1);
-}
-[[nodiscard]] constexpr int SpaceAboveTitle(int title_size) {
-  return title_size;
-}
-[[nodiscard]] constexpr int SpaceBelowTitle(int title_size) {
-  return title_size * 2 / 5;
-}
-[[nodiscard]] constexpr int IndentOfALevel(int size) {
-  return size * 8 / 5;
-}
-[[nodiscard]] constexpr int CodeIndent(int size) {
-  return size;
-}
+[[nodiscard]] constexpr int ParagraphSpace(int size) { return LinePitch(size) / 2; }
+[[nodiscard]] constexpr int ListItemSpace(int size) { return std::max(size / 6, 1); }
+[[nodiscard]] constexpr int SpaceAboveTitle(int title_size) { return title_size; }
+[[nodiscard]] constexpr int SpaceBelowTitle(int title_size) { return title_size * 2 / 5; }
+[[nodiscard]] constexpr int IndentOfALevel(int size) { return size * 8 / 5; }
+[[nodiscard]] constexpr int CodeIndent(int size) { return size; }
 
 /// Between a list item's marker and its text.
-[[nodiscard]] constexpr int MarkerGap(int size) {
-  return std::max(size * 2 / 5, 3);
-}
+[[nodiscard]] constexpr int MarkerGap(int size) { return std::max(size * 2 / 5, 3); }
 
 }  // namespace vellumark::tools

@@ -14,9 +14,7 @@ namespace {
 
 constexpr int kContinuationColumns = 2;  // how far a broken line of code is indented
 
-std::uint8_t FontSize(int size) {
-  return static_cast<std::uint8_t>(size);
-}
+std::uint8_t FontSize(int size) { return static_cast<std::uint8_t>(size); }
 
 PageSetup WithLargestSize(const TextStyle& style) {
   PageSetup setup = style.page;
@@ -61,18 +59,10 @@ void Typesetter::Typeset(const std::vector<Block>& blocks, TypesetResult& result
     result.pages = pages_.pages();
     progress(result.pages, result.line);
     switch (block.kind) {
-      case BlockKind::Title:
-        SetTitle(blocks, i);
-        break;
-      case BlockKind::Paragraph:
-        SetParagraph(block);
-        break;
-      case BlockKind::Code:
-        SetCode(block);
-        break;
-      case BlockKind::Rule:
-        SetRule(block);
-        break;
+      case BlockKind::Title: SetTitle(blocks, i); break;
+      case BlockKind::Paragraph: SetParagraph(block); break;
+      case BlockKind::Code: SetCode(block); break;
+      case BlockKind::Rule: SetRule(block); break;
     }
   }
   result.pages = pages_.pages();

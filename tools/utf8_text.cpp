@@ -19,23 +19,16 @@ std::size_t LengthFrom(unsigned char first) {
   return 0;
 }
 
-bool IsContinuation(unsigned char byte) {
-  return (byte & 0xC0U) == 0x80;
-}
+bool IsContinuation(unsigned char byte) { return (byte & 0xC0U) == 0x80; }
 
 /// Whether the second byte keeps the character from being overlong, a surrogate or too large.
 bool SecondByteFits(unsigned char first, unsigned char second) {
   switch (first) {
-    case 0xE0:
-      return second >= 0xA0;
-    case 0xED:
-      return second < 0xA0;
-    case 0xF0:
-      return second >= 0x90;
-    case 0xF4:
-      return second < 0x90;
-    default:
-      return true;
+    case 0xE0: return second >= 0xA0;
+    case 0xED: return second < 0xA0;
+    case 0xF0: return second >= 0x90;
+    case 0xF4: return second < 0x90;
+    default: return true;
   }
 }
 

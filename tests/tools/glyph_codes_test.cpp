@@ -37,9 +37,7 @@ TEST(GlyphCodes, AnAccentedLetterIsALetterAndAnAccent) {
   EXPECT_TRUE(run.marks[1].raised);
 }
 
-TEST(GlyphCodes, AnIUnderAnAccentLosesItsDot) {
-  EXPECT_EQ(Glyphs(U"ïi").codes, "\xF5i");
-}
+TEST(GlyphCodes, AnIUnderAnAccentLosesItsDot) { EXPECT_EQ(Glyphs(U"ïi").codes, "\xF5i"); }
 
 TEST(GlyphCodes, ADecomposedLetterEqualsTheComposedOne) {
   const GlyphRun run = Glyphs(U"e\u0301x");

@@ -11,18 +11,10 @@ std::string Outline(std::string_view text) {
   std::string outline;
   for (const Block& block : ParseBlocks(text)) {
     switch (block.kind) {
-      case BlockKind::Title:
-        outline += "h" + std::to_string(block.level);
-        break;
-      case BlockKind::Paragraph:
-        outline += "p";
-        break;
-      case BlockKind::Code:
-        outline += "code";
-        break;
-      case BlockKind::Rule:
-        outline += "rule";
-        break;
+      case BlockKind::Title: outline += "h" + std::to_string(block.level); break;
+      case BlockKind::Paragraph: outline += "p"; break;
+      case BlockKind::Code: outline += "code"; break;
+      case BlockKind::Rule: outline += "rule"; break;
     }
     outline += std::string(block.quote_depth, '>') + std::string(block.list_depth, '.');
     if (!block.marker.empty()) outline += "[" + block.marker + "]";
@@ -93,7 +85,7 @@ TEST(MarkdownBlocks, APlaceIsFoundThroughMarksAndJoins) {
   const Place place = blocks[1].PlaceOf(blocks[1].text.find("wee"));
   EXPECT_EQ(place.line, 4U);
   EXPECT_EQ(place.column, 6U);
-  EXPECT_EQ(blocks[1].PlaceOf(blocks[1].text.find("n")).column, 7U);  // characters, not bytes
+  EXPECT_EQ(blocks[1].PlaceOf(blocks[1].text.find('n')).column, 7U);  // characters, not bytes
 }
 
 }  // namespace
