@@ -64,7 +64,8 @@ class CommandLine(unittest.TestCase):
 
     def test_text_comes_out_in_reading_order(self):
         said = self.typeset(
-            "# Title\n\nOne two\nthree.\n\n- item\n  1. nested\n\n```\ncode  here\n```\n\n> quote\n")
+            "# Title\n\nOne two\nthree.\n\n- item\n  1. nested\n\n"
+            "```\ncode  here\n```\n\n> quote\n")
         self.assertEqual(said, "")
         words = self.text().split()
         self.assertEqual(words[:10], "Title One two three. • item 1. nested code here".split())
@@ -97,7 +98,8 @@ class CommandLine(unittest.TestCase):
                          ("", "me", "you"))
 
     def test_paper_orientation_and_color(self):
-        self.typeset("x", "--paper", "Letter", "--orientation", "landscape", "--page-color", "#ff0000")
+        self.typeset("x", "--paper", "Letter", "--orientation", "landscape",
+                     "--page-color", "#ff0000")
         self.assertRegex(self.info("Page size"), "792 x 612")
         self.assertIn(b"1 0 0 rg", self.expanded())
 

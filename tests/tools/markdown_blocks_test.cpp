@@ -16,9 +16,10 @@ std::string Outline(std::string_view text) {
       case BlockKind::Code: outline += "code"; break;
       case BlockKind::Rule: outline += "rule"; break;
     }
-    outline += std::string(block.quote_depth, '>') + std::string(block.list_depth, '.');
-    if (!block.marker.empty()) outline += "[" + block.marker + "]";
-    for (const char c : " " + block.text) outline += c == '\n' ? '/' : c;
+    outline.append(block.quote_depth, '>').append(block.list_depth, '.');
+    if (!block.marker.empty()) outline.append("[").append(block.marker).append("]");
+    outline += ' ';
+    for (const char c : block.text) outline += c == '\n' ? '/' : c;
     outline += '\n';
   }
   return outline;

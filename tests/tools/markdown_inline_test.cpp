@@ -15,9 +15,10 @@ std::string Looks(std::string_view text) {
     if (span.bold) look += 'b';
     if (span.italic) look += 'i';
     if (span.code) look += 'c';
-    if (span.link != 0) look += "=" + parsed.links[span.link - 1];
-    looks +=
-        look.empty() ? std::string(span.text) : "{" + look + ":" + std::string(span.text) + "}";
+    if (span.link != 0) look.append("=").append(parsed.links[span.link - 1]);
+    if (!look.empty()) looks.append("{").append(look).append(":");
+    looks += span.text;
+    if (!look.empty()) looks += '}';
   }
   return looks;
 }
