@@ -11,7 +11,7 @@ std::string Outline(std::string_view text) {
   std::string outline;
   for (const Block& block : ParseBlocks(text)) {
     switch (block.kind) {
-      case BlockKind::Title: outline += "h" + std::to_string(block.level); break;
+      case BlockKind::Title: outline.append("h").append(std::to_string(block.level)); break;
       case BlockKind::Paragraph: outline += "p"; break;
       case BlockKind::Code: outline += "code"; break;
       case BlockKind::Rule: outline += "rule"; break;
