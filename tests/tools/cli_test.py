@@ -131,7 +131,8 @@ class CommandLine(unittest.TestCase):
         self.assertRegex(said, r"full at line 3\d{4} of the input")
 
     def test_input_may_be_standard_input_with_a_mark_and_crlf(self):
-        done = self.run_tool("-", "-o", "out.pdf", stdin=b"\xef\xbb\xbf# T\r\n\r\nalpha\r\nbeta\r\n")
+        done = self.run_tool("-", "-o", "out.pdf",
+                             stdin=b"\xef\xbb\xbf# T\r\n\r\nalpha\r\nbeta\r\n")
         self.assertEqual((done.returncode, done.stderr), (0, b""))
         self.assertIn("alpha beta", self.text())
         self.assertEqual(self.info("Title"), "T")
