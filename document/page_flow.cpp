@@ -21,6 +21,16 @@ std::string FooterText(Platform& platform) {
   return std::string(platform.ToCodePage(text, storage));
 }
 
+/// A platform of the host's may throw; the steps behind its call run all the same.
+template <class Operation>
+std::error_code ErrorOf(const Operation& operation) noexcept {
+  try {
+    return operation();
+  } catch (const std::exception&) {
+    return std::make_error_code(std::errc::io_error);
+  }
+}
+
 }  // namespace
 
 DocumentModel::DocumentModel(Platform& platform, State& state, LineBuffer& lines, Writer& writer)
@@ -41,7 +51,7 @@ bool DocumentModel::Create(std::string_view file) noexcept {
   const FileHandle before = state_.file;
   const bool created = Attempt([&] { return TryCreate(file); });
   if (!created && state_.file != before && state_.file != FileHandle::Invalid) {
-    platform_.CloseOutput(state_.file);
+    ErrorOf([&] { return platform_.CloseOutput(state_.file); });
     state_.file = FileHandle::Invalid;
   }
   return created;
@@ -155,10 +165,10 @@ RefusalNote DocumentModel::WriteFile() {
   if (state_.file == FileHandle::Invalid) return {RefusalReason::FileNotOpen};
   std::error_code first_error;
   lines_.ForEachLine([&](std::string_view line) {
-    const std::error_code error = platform_.WriteOutput(state_.file, line);
+    const std::error_code error = ErrorOf([&] { return platform_.WriteOutput(state_.file, line); });
     if (error && !first_error) first_error = error;
   });
-  const std::error_code error = platform_.CloseOutput(state_.file);
+  const std::error_code error = ErrorOf([&] { return platform_.CloseOutput(state_.file); });
   state_.file = FileHandle::Invalid;
   if (error && !first_error) first_error = error;
   if (!first_error) return {};

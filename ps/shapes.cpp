@@ -3,7 +3,7 @@
 // Shapes: one path, then the pen and its painting operators (PostScript Language Reference).
 #include "ps/oddities.h"
 #include "ps/ps_writer.h"
-#include "ps/syntax.h"
+#include "ps/real.h"
 
 namespace vellumark::ps {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
 // A text run: font, colour, place and string.
+#include "document/pasted_string.h"
 #include "layout/font.h"
 #include "ps/ps_writer.h"
-#include "ps/syntax.h"
 
 namespace vellumark::ps {
 
@@ -14,7 +14,7 @@ void PsWriter::ShowText(std::string_view text, document::PagePoint baseline) {
   lines_.Append("newpath");
   lines_.Append(state_.color.view(), " setrgbcolor");
   MoveTo(baseline);
-  lines_.Append(PastedString{text}, " show");
+  lines_.Append(document::PastedString{text}, " show");
   lines_.Append("closepath");
 }
 

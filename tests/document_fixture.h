@@ -5,6 +5,7 @@
 #pragma once
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <memory>
@@ -91,7 +92,7 @@ class DocumentTest : public testing::Test {
 
   /// Compares the flushed file with tests/expected/NAME.txt, which has one output line a line.
   void ExpectFile(const std::string& name) {
-    const std::string path = std::string(VELLUMARK_EXPECTED) + "/" + name + ".txt";
+    const auto path = std::filesystem::path(__FILE__).parent_path() / "expected" / (name + ".txt");
     std::ifstream file(path, std::ios::binary);
     ASSERT_TRUE(file) << path;
     Lines expected;

@@ -104,6 +104,15 @@ TEST_F(Create, FlushTellsWhetherTheFileWasWritten) {
   ASSERT_TRUE(unlucky.Create("full.pdf"));
   unlucky.Flush();
   EXPECT_EQ(unlucky.LastRefusal().sentence, "file cannot be written: No space left on device");
+
+  class Throwing : public MemoryPlatform {
+    std::error_code WriteOutput(FileHandle, std::string_view) override { throw std::bad_alloc(); }
+  };
+  PDF short_of_memory(std::make_shared<Throwing>());
+  ASSERT_TRUE(short_of_memory.Create("a.pdf"));
+  short_of_memory.Flush();
+  EXPECT_EQ(short_of_memory.LastRefusal().reason, RefusalReason::FileNotWritten);
+  EXPECT_TRUE(short_of_memory.Create("a.pdf")) << "the file was closed all the same";
 }
 
 }  // namespace

@@ -38,6 +38,7 @@ TEST_F(Title, RefusesUnknownBulletsAndTextThatDoesNotFit) {
   EXPECT_FALSE(doc.WriteTitle("x", kNoAlignment, static_cast<BulletConstants>(3)));
   EXPECT_EQ(Why(), RefusalReason::InvalidBullet);
   EXPECT_FALSE(doc.WriteTitle(std::string(82, 'x'))) << "492 points and the bullet's 9";
+  EXPECT_EQ(Why(), RefusalReason::TitleTooWide);
   EXPECT_TRUE(doc.WriteTitle(std::string(81, 'x')));
   EXPECT_EQ(MarksOfOnlyPage().size(), 2U) << "a refusal writes nothing";
 }
@@ -96,6 +97,8 @@ TEST_F(Paragraph, AnAlignmentMovesTheColumn) {
   Start(0);
   Font(Courier, 10);
   EXPECT_FALSE(doc.WriteMultiText("a", 0, kNoAlignment, false, 596));
+  EXPECT_EQ(doc.LastRefusal().sentence,
+            "lines would be 596 points wide, 595 are left of the right margin");
   EXPECT_FALSE(doc.WriteMultiText("a", 0, static_cast<AlignmentConstants>(4)));
   EXPECT_FALSE(doc.WriteMultiText(std::string(9, 'x'), 0, AlignmentConstants::Center, false, 45));
   EXPECT_EQ(At().x, 275) << "set before the word was refused, and kept";

@@ -56,6 +56,21 @@ TEST_F(Widths, OfFontsThatDoNotExistAreNothing) {
       << "Symbol has one face for any style";
 }
 
+TEST_F(Widths, TheLargestSumIsTheLastThatStillFits) {
+  for (const int height : {0, 8, 9, 10, 11, 12, 13, 25, 71, 72}) {
+    for (int width = -3; width <= 1224; ++width) {
+      const auto h = static_cast<std::uint8_t>(height);
+      const std::int32_t largest = FontWidths::LargestSum(h, width);
+      if (largest > 0) {
+        ASSERT_LE(FontWidths::InPoints(h, largest), Points(width));
+      }
+      if (height > 0) {
+        ASSERT_GT(FontWidths::InPoints(h, largest + 1), Points(width));
+      }
+    }
+  }
+}
+
 TEST_F(Widths, OverflowBeyond16Bits) {
   const std::string text(10000, 'x');
   EXPECT_EQ(ErrorOf([&] { Of(text, Courier, 72); }), RunTimeError::Overflow);

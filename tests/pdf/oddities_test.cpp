@@ -14,15 +14,14 @@ TEST_F(PdfOddities, PositionsDoNotCountLineEnds) {
   Start();
   doc.DrawLine(0, 0, 10, 10);
   const Lines lines = FlushedLines();
-  const auto xref = std::find(lines.begin(), lines.end(), "xref") - lines.begin();
+  const auto xref = std::find(lines.begin(), lines.end(), "xref");
   int checked = 0;
-  for (long position = 0, i = 0; i < xref; position += static_cast<long>(lines[i++].size())) {
-    const std::string& line = lines[i];
-    const std::size_t end = line.find(" 0 obj");
-    if (end == std::string::npos || line == "2 0 obj" || line == "17 0 obj") continue;
+  std::size_t position = 0;
+  for (auto line = lines.begin(); line != xref; position += line++->size()) {
+    if (!line->ends_with(" 0 obj") || *line == "2 0 obj" || *line == "17 0 obj") continue;
     const std::string offset = std::to_string(position);
-    const std::string& entry = lines[xref + 2 + std::stol(line)];
-    EXPECT_EQ(entry, std::string(10 - offset.size(), '0') + offset + " 00000 n ");
+    EXPECT_EQ(xref[2 + std::stol(*line)],
+              std::string(10 - offset.size(), '0') + offset + " 00000 n ");
     ++checked;
   }
   EXPECT_EQ(checked, 23) << "25 objects without the two that are reserved";

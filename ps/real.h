@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
-// The pieces of PostScript syntax that are more than a whole number or a name; parts of a
-// LineBuffer line.
+// Real: a PostScript real number, as a part of a LineBuffer line.
 //
-//     lines.Append(Real{22.5F}, " arc");            // 22.5 arc
-//     lines.Append(PastedString{text}, " show");    // (...) show, not escaped
+//     lines.Append(Real(22.5F), " arc");            // 22.5 arc
 #pragma once
 
 #include <charconv>
 #include <cmath>
 #include <cstddef>
-#include <cstring>
-#include <string_view>
 
 #include "vellumark/run_time_error.h"
 
@@ -33,20 +29,6 @@ class Real {
 
  private:
   float value_;
-};
-
-/// Text between parentheses exactly as the host gave it (ps/oddities.h).
-struct PastedString {
-  std::string_view bytes;
-
-  [[nodiscard]] std::size_t MaxSize() const noexcept { return bytes.size() + 2; }
-  char* Write(char* to) const noexcept {
-    *to++ = '(';
-    if (!bytes.empty()) std::memcpy(to, bytes.data(), bytes.size());
-    to += bytes.size();
-    *to++ = ')';
-    return to;
-  }
 };
 
 }  // namespace vellumark::ps
