@@ -68,7 +68,7 @@ std::size_t TakeMasks(const LittleEndianBytes& file, std::uint32_t compression, 
                       BmpHeader& header) {
   const std::size_t header_end = kHeaderAt + size;
   if (header.pixels != BmpPixels::BitFields) return header_end;
-  for (const std::size_t i : {0, 1, 2}) header.masks[2 - i] = file.At32(kMasksAt + 4 * i);
+  for (std::size_t i = 0; i < 3; ++i) header.masks[2 - i] = file.At32(kMasksAt + 4 * i);
   const bool has_alpha = size >= 56 || compression == kAlphaBitFields;
   if (has_alpha) header.masks[3] = file.At32(kMasksAt + 12);
   return std::max(header_end, kMasksAt + (has_alpha ? 16 : 12));
