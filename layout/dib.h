@@ -5,7 +5,7 @@
 //     Dib dib;
 //     std::string reason;
 //     if (!dib.Load(platform, "logo.bmp", reason)) ...
-//     dib.Row(0)                                     // the bottom row of the picture
+//     dib.Pixels()                                   // begins with the bottom row
 //
 // A Dib that holds a bitmap takes no other until Destroy.
 #pragma once
@@ -14,6 +14,8 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "platform/bitmap.h"
 #include "platform/platform.h"
@@ -49,10 +51,14 @@ class Dib {
   /// 2^bits colours at 8 bits per pixel or fewer, else none.
   [[nodiscard]] std::span<const Bitmap::Color> Palette() const noexcept { return bitmap_.palette; }
 
-  /// A stored row with its padding, counted from the bottom.
-  [[nodiscard]] std::span<const std::uint8_t> Row(std::int16_t row) const noexcept {
-    return std::span(bitmap_.pixels)
-        .subspan(static_cast<std::size_t>(row) * bitmap_.RowSize(), bitmap_.RowSize());
+  /// The stored rows, from the bottom of the picture upwards.
+  [[nodiscard]] std::span<const std::uint8_t> Pixels() const noexcept { return bitmap_.pixels; }
+
+  /// Hands the stored rows over without a copy, and is empty.
+  [[nodiscard]] std::vector<std::uint8_t> TakePixels() noexcept {
+    std::vector<std::uint8_t> pixels = std::move(bitmap_.pixels);
+    Destroy();
+    return pixels;
   }
 
  private:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "layout/picture.h"
 
+#include <cstring>
 #include <limits>
 #include <utility>
 
@@ -36,20 +37,22 @@ void TakePalette(const Dib& dib, Picture& picture) {
   }
 }
 
-/// One pass: each row is copied without its padding and put in order where it then lies.
-void TakeSamples(const Dib& dib, Picture& picture) {
+/// One pass over the stored rows where they lie: each moves up against the one before, which drops
+/// that one's padding, and is put in order there.
+void TakeSamples(Dib& dib, Picture& picture) {
   const std::size_t length = RowLength(dib);
   const std::size_t bytes_per_pixel = dib.BitsPerPixel() / 8U;
+  const auto scan_width = static_cast<std::size_t>(dib.ImageScanWidth());
+  const auto height = static_cast<std::size_t>(dib.ImageHeight());
   std::uint8_t pushed_out = 0;
-  picture.samples.clear();
-  picture.samples.reserve(length * static_cast<std::size_t>(dib.ImageHeight()));
-  for (int r = 0; r < dib.ImageHeight(); ++r) {
-    const auto stored = dib.Row(static_cast<std::int16_t>(r)).first(length);
-    picture.samples.insert(picture.samples.end(), stored.begin(), stored.end());
-    const auto row = std::span(picture.samples).last(length);
+  picture.samples = dib.TakePixels();
+  for (std::size_t r = 0; r < height; ++r) {
+    const std::span<std::uint8_t> row(picture.samples.data() + r * length, length);
+    std::memmove(row.data(), picture.samples.data() + r * scan_width, length);
     if (bytes_per_pixel == 2) ShiftFirstBytes(row, pushed_out);
     if (bytes_per_pixel > 2) ExchangeBlueAndRed(row, bytes_per_pixel);
   }
+  picture.samples.resize(length * height);
 }
 
 }  // namespace
