@@ -4,8 +4,9 @@
 #include <memory>
 
 #include "encoding/bit_writer.h"
-#include "encoding/compressor.h"
 #include "encoding/encoded_output.h"
+#include "encoding/greedy_parser.h"
+#include "encoding/lazy_parser.h"
 #include "encoding/level_parameters.h"
 
 namespace vellumark::encoding {
@@ -28,9 +29,12 @@ bool Deflate::Encode(std::int32_t input_size, std::span<const std::uint8_t> inpu
 
 bool Deflate::Append(std::span<const std::uint8_t> input, std::uint8_t level, std::string& output) {
   if (level < kFastestLevel || level > kSmallestLevel) return false;
-  // Too large for the stack of some threads.
-  const auto compressor = std::make_unique<Compressor>(input, level, output);
-  compressor->Run();
+  // The parsers are too large for the stack of some threads.
+  if (level < kFirstLazyLevel) {
+    std::make_unique<GreedyParser>(input, level, output)->Run();
+  } else {
+    std::make_unique<LazyParser>(input, level, output)->Run();
+  }
   return true;
 }
 
