@@ -4,33 +4,32 @@
 namespace vellumark::encoding {
 
 void GreedyParser::Run() {
+  std::uint32_t position = 0;
   for (;;) {
-    MoveWindow();
-    if (AtEnd()) break;
-    for (const std::uint32_t end = StretchEnd(); position_ < end;) {
-      if (Step()) WriteBlock(false);
-    }
+    position -= MoveWindow(position);
+    if (AtEnd(position)) break;
+    for (const std::uint32_t end = StretchEnd(); position < end;) position = Step(position);
   }
-  WriteBlock(true);
+  WriteBlock(position, true);
 }
 
-// Sends a match or a literal; true when the block is full.
-bool GreedyParser::Step() {
+// Sends a match or a literal; returns the position behind it.
+inline std::uint32_t GreedyParser::Step(std::uint32_t position) {
   Match match = {0, kNoPosition};
-  if (HasThreeBytes(position_)) match = finder_.Find(position_);
+  if (HasThreeBytes(position)) match = finder_.Find(position);
   if (match.length < format::kMinMatch) {
-    const bool full = symbols_.AddLiteral(*finder_.Bytes().At(position_), BlockBytes());
-    ++position_;
-    return full;
+    const bool full = symbols_.AddLiteral(*finder_.Bytes().At(position), BlockBytes(position));
+    if (full) WriteBlock(position + 1, false);
+    return position + 1;
   }
-  const bool full = symbols_.AddMatch(match.length, position_ - match.start, BlockBytes());
-  const std::uint32_t end = position_ + match.length;
+  const bool full = symbols_.AddMatch(match.length, position - match.start, BlockBytes(position));
+  const std::uint32_t end = position + match.length;
   // The strings inside long matches are not worth the time.
   if (match.length <= parameters_.lazy_length && HasThreeBytes(end)) {
-    finder_.Insert(position_ + 1, end);
+    finder_.Insert(position + 1, end);
   }
-  position_ = end;
-  return full;
+  if (full) WriteBlock(end, false);
+  return end;
 }
 
 }  // namespace vellumark::encoding

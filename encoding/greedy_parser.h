@@ -22,7 +22,7 @@ class GreedyParser : private Parser<GreedyMatchFinder> {
   void Run();
 
  private:
-  bool Step();
+  std::uint32_t Step(std::uint32_t position);
 };
 
 }  // namespace vellumark::encoding

@@ -6,52 +6,52 @@
 namespace vellumark::encoding {
 
 void LazyParser::Run() {
+  State state = {0, kNoMatch, false};
   for (;;) {
-    current_.start -= MoveWindow();  // may pass zero; distances come out right
-    if (AtEnd()) break;
-    for (const std::uint32_t end = StretchEnd(); position_ < end;) Step();
+    const std::uint32_t moved = MoveWindow(state.position);
+    state.position -= moved;
+    state.current.start -= moved;  // may pass zero; distances come out right
+    if (AtEnd(state.position)) break;
+    for (const std::uint32_t end = StretchEnd(); state.position < end;) state = Step(state);
   }
   // Whether that fills the block does not matter: the final block is due anyway.
-  if (literal_waits_) SendWaitingLiteral();
-  WriteBlock(true);
+  if (state.literal_waits) SendWaitingLiteral(state.position);
+  WriteBlock(state.position, true);
 }
 
-void LazyParser::Step() {
-  const Match previous = current_;
-  current_ = Find(previous.length);
-  if (previous.length >= format::kMinMatch && current_.length <= previous.length) {
-    SendPrevious(previous);
-    return;
+// The state goes by value, which keeps it in registers.
+inline LazyParser::State LazyParser::Step(State state) {
+  const Match previous = state.current;
+  state.current = Find(state.position, previous.length);
+  if (previous.length >= format::kMinMatch && state.current.length <= previous.length) {
+    return SendPrevious(state, previous);
   }
-  if (literal_waits_ && SendWaitingLiteral()) WriteBlock(false);
-  literal_waits_ = true;
-  ++position_;
-}
-
-Match LazyParser::Find(std::uint32_t best_length) {
-  constexpr Match kNone = {kNoMatch, kNoPosition};
-  if (!HasThreeBytes(position_)) return kNone;
-  if (best_length < parameters_.lazy_length) return finder_.Find(position_, best_length);
-  finder_.Insert(position_, position_ + 1);
-  return kNone;
-}
-
-bool LazyParser::SendWaitingLiteral() {
-  return symbols_.AddLiteral(*finder_.Bytes().At(position_ - 1), BlockBytes());
+  if (state.literal_waits && SendWaitingLiteral(state.position)) WriteBlock(state.position, false);
+  return {state.position + 1, state.current, true};
 }
 
 // The match began one position back.
-void LazyParser::SendPrevious(Match previous) {
+inline LazyParser::State LazyParser::SendPrevious(const State& state, Match previous) {
+  const std::uint32_t start = state.position - 1;
   const bool full =
-      symbols_.AddMatch(previous.length, position_ - 1 - previous.start, BlockBytes());
-  const std::uint32_t end = position_ - 1 + previous.length;
+      symbols_.AddMatch(previous.length, start - previous.start, BlockBytes(state.position));
+  const std::uint32_t end = start + previous.length;
   const auto last_string = static_cast<std::uint32_t>(
       std::min<std::size_t>(end, finder_.Bytes().End() - (format::kMinMatch - 1)));
-  finder_.Insert(position_ + 1, last_string);
-  position_ = end;
-  literal_waits_ = false;
-  current_.length = kNoMatch;
-  if (full) WriteBlock(false);
+  finder_.Insert(state.position + 1, last_string);
+  if (full) WriteBlock(end, false);
+  return {end, kNoMatch, false};
+}
+
+inline Match LazyParser::Find(std::uint32_t position, std::uint32_t best_length) {
+  if (!HasThreeBytes(position)) return kNoMatch;
+  if (best_length < parameters_.lazy_length) return finder_.Find(position, best_length);
+  finder_.Insert(position, position + 1);
+  return kNoMatch;
+}
+
+inline bool LazyParser::SendWaitingLiteral(std::uint32_t position) {
+  return symbols_.AddLiteral(*finder_.Bytes().At(position - 1), BlockBytes(position));
 }
 
 }  // namespace vellumark::encoding

@@ -23,15 +23,19 @@ class LazyParser : private Parser<LazyMatchFinder> {
   void Run();
 
  private:
-  static constexpr std::uint32_t kNoMatch = format::kMinMatch - 1;
+  static constexpr Match kNoMatch = {format::kMinMatch - 1, kNoPosition};
 
-  void Step();
-  Match Find(std::uint32_t best_length);
-  bool SendWaitingLiteral();
-  void SendPrevious(Match previous);
+  // What one step hands to the next.
+  struct State {
+    std::uint32_t position;
+    Match current;       // found at the position before
+    bool literal_waits;  // the byte before the position is not yet sent
+  };
 
-  Match current_ = {kNoMatch, kNoPosition};  // found at the position before
-  bool literal_waits_ = false;               // the byte before the position is not yet sent
+  State Step(State state);
+  State SendPrevious(const State& state, Match previous);
+  Match Find(std::uint32_t position, std::uint32_t best_length);
+  bool SendWaitingLiteral(std::uint32_t position);
 };
 
 }  // namespace vellumark::encoding
