@@ -33,12 +33,12 @@ class HashChain {
     return newest;
   }
 
-  /// Makes `count` positions known that follow `position` and have its hash.
-  void InsertRun(std::uint32_t position, std::uint32_t count, std::uint32_t hash) {
-    for (std::uint32_t i = 0; i < count; ++i) {
-      previous_[(position + 1 + i) % Window::kStep] = static_cast<std::uint16_t>(position + i);
+  /// Makes `count` positions from `first` on known, which have the hash of the one before them.
+  void InsertRun(std::uint32_t first, std::uint32_t count, std::uint32_t hash) {
+    for (std::uint32_t position = first; position < first + count; ++position) {
+      previous_[position % Window::kStep] = static_cast<std::uint16_t>(position - 1);
     }
-    newest_[hash] = static_cast<std::uint16_t>(position + count);
+    newest_[hash] = static_cast<std::uint16_t>(first + count - 1);
   }
 
   [[nodiscard]] std::uint32_t Before(std::uint32_t position) const {

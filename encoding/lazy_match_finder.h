@@ -65,6 +65,9 @@ class LazyMatchFinder {
     return newest;
   }
 
+  [[nodiscard]] bool IsRun(std::uint32_t position) const;
+  std::uint32_t InsertRun(std::uint32_t first, std::uint32_t end);
+
   Match FindOnSecondChain(std::uint32_t position, std::uint32_t newest, std::uint32_t best_length);
   Match FindOnFirstChain(std::uint32_t position, std::uint32_t newest, std::uint32_t best_length);
   Match FindThreeBytes(std::uint32_t position, std::uint32_t newest, std::uint32_t chain) const;
