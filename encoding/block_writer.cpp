@@ -53,7 +53,8 @@ FirstTable MakeFirstTable(std::span<const HuffmanCode> codes) {
   for (std::size_t byte = 0; byte < 256; ++byte) {
     table[byte] = {codes[byte].bits, codes[byte].length};
   }
-  for (std::uint32_t length = format::kMinMatch; length <= format::kMaxMatch; ++length) {
+  for (std::uint32_t length = format::kMinMatch; length <= std::uint32_t{format::kMaxMatch};
+       ++length) {
     const unsigned code = format::LengthCode(length);
     const HuffmanCode huffman = codes[format::kFirstLengthSymbol + code];
     const std::uint32_t extra = length - format::kLengthBase[code];

@@ -21,9 +21,9 @@ class GreedyMatchFinder {
 
   /// Makes the position, which has three bytes to come, known, and finds the longest match there;
   /// a length below 3 means none.
-  Match Find(std::uint32_t position) {
-    const std::uint32_t candidate = InsertOne(position);
-    constexpr std::uint32_t kNoMatch = format::kMinMatch - 1;
+  Match Find(Position position) {
+    const Position candidate = InsertOne(position);
+    constexpr std::int32_t kNoMatch = format::kMinMatch - 1;
     if (candidate == kNoPosition || position - candidate > Window::kGreatestDistance) {
       return {kNoMatch, kNoPosition};
     }
@@ -32,7 +32,7 @@ class GreedyMatchFinder {
   }
 
   /// Makes the positions from `first` up to `end` known; all have three bytes to come.
-  void Insert(std::uint32_t first, std::uint32_t end) {
+  void Insert(Position first, Position end) {
     for (; first < end; ++first) InsertOne(first);
   }
 
@@ -42,7 +42,7 @@ class GreedyMatchFinder {
   }
 
  private:
-  std::uint32_t InsertOne(std::uint32_t position) {
+  Position InsertOne(Position position) {
     const std::uint8_t* const at = window_.At(position);
     return chain_.Insert(position, HashChain::Hash(at[0], at[1], at[2]));
   }

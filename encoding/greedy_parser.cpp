@@ -4,17 +4,17 @@
 namespace vellumark::encoding {
 
 void GreedyParser::Run() {
-  std::uint32_t position = 0;
+  Position position = 0;
   for (;;) {
     position -= MoveWindow(position);
     if (AtEnd(position)) break;
-    for (const std::uint32_t end = StretchEnd(); position < end;) position = Step(position);
+    for (const Position end = StretchEnd(); position < end;) position = Step(position);
   }
   WriteBlock(position, true);
 }
 
 // Sends a match or a literal; returns the position behind it.
-inline std::uint32_t GreedyParser::Step(std::uint32_t position) {
+inline Position GreedyParser::Step(Position position) {
   Match match = {0, kNoPosition};
   if (HasThreeBytes(position)) match = finder_.Find(position);
   if (match.length < format::kMinMatch) {
@@ -23,7 +23,7 @@ inline std::uint32_t GreedyParser::Step(std::uint32_t position) {
     return position + 1;
   }
   const bool full = symbols_.AddMatch(match.length, position - match.start, BlockBytes(position));
-  const std::uint32_t end = position + match.length;
+  const Position end = position + match.length;
   // The strings inside long matches are not worth the time.
   if (match.length <= parameters_.lazy_length && HasThreeBytes(end)) {
     finder_.Insert(position + 1, end);

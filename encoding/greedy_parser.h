@@ -22,7 +22,7 @@ class GreedyParser : private Parser<GreedyMatchFinder> {
   void Run();
 
  private:
-  std::uint32_t Step(std::uint32_t position);
+  Position Step(Position position);
 };
 
 }  // namespace vellumark::encoding

@@ -26,38 +26,38 @@ class HashChain {
   }
 
   /// Makes a position known; returns the newest one before it, or kNoPosition.
-  std::uint32_t Insert(std::uint32_t position, std::uint32_t hash) {
-    const std::uint32_t newest = newest_[hash];
-    previous_[position % Window::kStep] = static_cast<std::uint16_t>(newest);
+  Position Insert(Position position, std::uint32_t hash) {
+    const Position newest = newest_[hash];
+    distances_[Window::RingIndex(position)] = static_cast<std::uint16_t>(position - newest);
     newest_[hash] = static_cast<std::uint16_t>(position);
     return newest;
   }
 
-  /// Makes `count` positions from `first` on known, which have the hash of the one before them.
-  void InsertRun(std::uint32_t first, std::uint32_t count, std::uint32_t hash) {
-    for (std::uint32_t position = first; position < first + count; ++position) {
-      previous_[position % Window::kStep] = static_cast<std::uint16_t>(position - 1);
+  /// Makes positions known that have the hash of the one before `first`.
+  void InsertRun(Position first, Position end, std::uint32_t hash) {
+    for (Position position = first; position < end; ++position) {
+      distances_[Window::RingIndex(position)] = 1;
     }
-    newest_[hash] = static_cast<std::uint16_t>(first + count - 1);
+    newest_[hash] = static_cast<std::uint16_t>(end - 1);
   }
 
-  [[nodiscard]] std::uint32_t Before(std::uint32_t position) const {
-    return previous_[position % Window::kStep];
+  /// The position before this one on its chain. Before one that is out of reach comes no one in
+  /// reach.
+  [[nodiscard]] Position Before(Position position) const {
+    return position - distances_[Window::RingIndex(position)];
   }
 
   /// The longest match, if it is longer than `best_length` (at least 2), on the chain that begins
   /// with `candidate`; otherwise that length. The candidate must be in reach.
-  [[nodiscard]] Match Longest(const Window& window, std::uint32_t position, std::uint32_t candidate,
-                              std::uint32_t best_length, SearchLimits limits) const {
+  [[nodiscard]] Match Longest(const Window& window, Position position, Position candidate,
+                              std::int32_t best_length, SearchLimits limits) const {
     Match best = {best_length, kNoPosition};
     if (best_length >= limits.reach) return best;
     const std::uint8_t* const here = window.At(position);
     do {
       const std::uint8_t* const there = window.At(candidate);
-      // A longer match has the last four bytes up to the next length; at length 2, where there are
-      // only three, the byte before them is masked out. No candidate stands at position 0.
-      if (DiffersUpTo(here, there, best.length)) continue;
-      const std::uint32_t length = CountEqualBytes(here, there, limits.reach);
+      if (DiffersUpTo(best.length, here, there)) continue;
+      const std::int32_t length = CountEqualBytes(here, there, limits.reach);
       if (length <= best.length) continue;
       best = {length, candidate};
       if (length >= limits.nice) break;
@@ -65,26 +65,25 @@ class HashChain {
     return best;
   }
 
+  /// The window moves. Only the newest positions are kept as such; the rest are distances.
   void Rebase() {
-    for (std::uint16_t& position : newest_) Rebase(position);
-    for (std::uint16_t& position : previous_) Rebase(position);
+    for (std::uint16_t& position : newest_) position = Window::RebasedPosition(position);
   }
 
  private:
   static constexpr std::uint32_t kHashMask = 32767;
 
-  static void Rebase(std::uint16_t& position) {
-    position = static_cast<std::uint16_t>(Window::RebasedPosition(position));
-  }
-
-  static bool DiffersUpTo(const std::uint8_t* a, const std::uint8_t* b, std::uint32_t last) {
-    const std::uint32_t difference = LoadLittleEndian<std::uint32_t>(a + last - 3) ^
-                                     LoadLittleEndian<std::uint32_t>(b + last - 3);
-    return (last == 2 ? difference >> 8 : difference) != 0;
+  // Whether a match cannot be longer than `length`: compares the four bytes that end behind it. At
+  // length 2, where there are only three, the byte before them is left out; it can be read, since
+  // no candidate stands at position 0.
+  static bool DiffersUpTo(std::int32_t length, const std::uint8_t* a, const std::uint8_t* b) {
+    const std::uint32_t difference = LoadLittleEndian<std::uint32_t>(a + length - 3) ^
+                                     LoadLittleEndian<std::uint32_t>(b + length - 3);
+    return (length == 2 ? difference >> 8 : difference) != 0;
   }
 
   std::array<std::uint16_t, kHashMask + 1> newest_{};
-  std::array<std::uint16_t, Window::kStep> previous_{};
+  std::array<std::uint16_t, Window::kStep> distances_{};  // to the position before
 };
 
 }  // namespace vellumark::encoding

@@ -3,9 +3,9 @@
 
 namespace vellumark::encoding {
 
-void LazyMatchFinder::Insert(std::uint32_t first, std::uint32_t end) {
-  const std::uint32_t end_of_fours =
-      window_.Holds(end, 3) ? end : std::min(end, static_cast<std::uint32_t>(window_.End()) - 3);
+void LazyMatchFinder::Insert(Position first, Position end) {
+  const Position end_of_fours =
+      window_.Holds(end, 3) ? end : std::min(end, static_cast<Position>(window_.End()) - 3);
   while (first < end_of_fours) {
     InsertOne(first);
     ++first;
@@ -18,32 +18,31 @@ void LazyMatchFinder::Insert(std::uint32_t first, std::uint32_t end) {
 }
 
 // Whether the eight bytes at the position and the one before it are all equal.
-bool LazyMatchFinder::IsRun(std::uint32_t position) const {
+bool LazyMatchFinder::IsRun(Position position) const {
   return LoadLittleEndian<std::uint64_t>(window_.At(position)) ==
          LoadLittleEndian<std::uint64_t>(window_.At(position - 1));
 }
 
-// All strings in a run of equal bytes have the same hashes, so each position's link is to the one
+// All strings in a run of equal bytes have the same hashes, so each position is linked to the one
 // before it. Returns the position behind those inserted.
-std::uint32_t LazyMatchFinder::InsertRun(std::uint32_t first, std::uint32_t end) {
+Position LazyMatchFinder::InsertRun(Position first, Position end) {
   const std::uint8_t* const at = window_.At(first);
   const auto bytes = LoadLittleEndian<std::uint32_t>(at);
-  const std::uint32_t count =
-      CountEqualBytes(at, at - 1, end - first + 3) - 3;  // the last three begin other strings
-  std::uint32_t ordinal = links_[(first - 1) % Window::kStep].ordinal;
-  for (std::uint32_t position = first; position < first + count; ++position) {
-    links_[position % Window::kStep] = {static_cast<std::uint16_t>(position - 1),
-                                        static_cast<std::uint16_t>(++ordinal)};
+  // The last three bytes of the run begin other strings.
+  const Position run_end = first + CountEqualBytes(at, at - 1, end - first + 3) - 3;
+  std::uint32_t ordinal = links_[Window::RingIndex(first - 1)].Ordinal();
+  for (Position position = first; position < run_end; ++position) {
+    links_[Window::RingIndex(position)] = {1, ++ordinal};
   }
-  chain_.InsertRun(first, count, HashChain::Hash(bytes));
-  newest_of_four_[Hash(bytes)] = static_cast<std::uint16_t>(first + count - 1);
-  return first + count;
+  chain_.InsertRun(first, run_end, HashChain::Hash(bytes));
+  newest_of_four_[Hash(bytes)] = static_cast<std::uint16_t>(run_end - 1);
+  return run_end;
 }
 
 // The plain walk: for the last bytes of the input, for a first candidate at the very limit, and
 // where the second chain is full of strangers.
-Match LazyMatchFinder::FindOnFirstChain(std::uint32_t position, std::uint32_t newest,
-                                        std::uint32_t best_length) {
+Match LazyMatchFinder::FindOnFirstChain(Position position, Position newest,
+                                        std::int32_t best_length) const {
   if (newest == kNoPosition || position - newest > Window::kGreatestDistance) {
     return {format::kMinMatch - 1, kNoPosition};
   }
@@ -55,7 +54,7 @@ Match LazyMatchFinder::FindOnFirstChain(std::uint32_t position, std::uint32_t ne
   return match;
 }
 
-Match LazyMatchFinder::FindNearEnd(std::uint32_t position, std::uint32_t best_length) {
+Match LazyMatchFinder::FindNearEnd(Position position, std::int32_t best_length) {
   if (window_.Holds(position, 4)) {
     return FindOnFirstChain(position, InsertOne(position), best_length);
   }
@@ -66,12 +65,7 @@ Match LazyMatchFinder::FindNearEnd(std::uint32_t position, std::uint32_t best_le
 
 void LazyMatchFinder::MoveWindow() {
   chain_.Rebase();
-  for (std::uint16_t& position : newest_of_four_) {
-    position = static_cast<std::uint16_t>(Window::RebasedPosition(position));
-  }
-  for (Link& link : links_) {
-    link.previous = static_cast<std::uint16_t>(Window::RebasedPosition(link.previous));
-  }
+  for (std::uint16_t& position : newest_of_four_) position = Window::RebasedPosition(position);
   window_.Move();
 }
 

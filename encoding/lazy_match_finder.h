@@ -32,9 +32,9 @@ class LazyMatchFinder {
   /// Makes a position known that has three bytes to come, and finds the longest match there if it
   /// is longer than `best_length` (at least 2); otherwise the length is no greater than that. A
   /// match of three bytes far away, which costs more than three literals mostly, is none.
-  Match Find(std::uint32_t position, std::uint32_t best_length) {
+  Match Find(Position position, std::int32_t best_length) {
     if (!window_.Holds(position, format::kMaxMatch)) return FindNearEnd(position, best_length);
-    const std::uint32_t newest = InsertOne(position);
+    const Position newest = InsertOne(position);
     if (position - newest == Window::kGreatestDistance) {
       return FindOnFirstChain(position, newest, best_length);
     }
@@ -42,12 +42,12 @@ class LazyMatchFinder {
   }
 
   /// Makes the positions from `first` up to `end` known; all have three bytes to come.
-  void Insert(std::uint32_t first, std::uint32_t end);
+  void Insert(Position first, Position end);
 
   void MoveWindow();
 
  private:
-  static constexpr std::uint32_t kFarForThreeBytes = 4096;
+  static constexpr std::int32_t kFarForThreeBytes = 4096;
   static constexpr unsigned kHashBits = 16;
 
   static std::uint32_t Hash(std::uint32_t four_bytes) {
@@ -55,29 +55,46 @@ class LazyMatchFinder {
   }
 
   /// Makes a position known that has four bytes to come; returns the newest of its first chain.
-  std::uint32_t InsertOne(std::uint32_t position) {
+  Position InsertOne(Position position) {
     const auto bytes = LoadLittleEndian<std::uint32_t>(window_.At(position));
-    const std::uint32_t newest = chain_.Insert(position, HashChain::Hash(bytes));
+    const Position newest = chain_.Insert(position, HashChain::Hash(bytes));
     std::uint16_t& newest_of_four = newest_of_four_[Hash(bytes)];
-    links_[position % Window::kStep] = {
-        newest_of_four, static_cast<std::uint16_t>(links_[newest % Window::kStep].ordinal + 1)};
+    links_[Window::RingIndex(position)] = {position - newest_of_four,
+                                           links_[Window::RingIndex(newest)].Ordinal() + 1};
     newest_of_four = static_cast<std::uint16_t>(position);
     return newest;
   }
 
-  [[nodiscard]] bool IsRun(std::uint32_t position) const;
-  std::uint32_t InsertRun(std::uint32_t first, std::uint32_t end);
+  [[nodiscard]] bool IsRun(Position position) const;
+  Position InsertRun(Position first, Position end);
 
-  Match FindOnSecondChain(std::uint32_t position, std::uint32_t newest, std::uint32_t best_length);
-  Match FindOnFirstChain(std::uint32_t position, std::uint32_t newest, std::uint32_t best_length);
-  Match FindThreeBytes(std::uint32_t position, std::uint32_t newest, std::uint32_t chain) const;
-  Match FindNearEnd(std::uint32_t position, std::uint32_t best_length);
+  Match FindOnSecondChain(Position position, Position newest, std::int32_t best_length) const;
+  [[nodiscard]] Match FindThreeBytes(Position position, Position newest, std::int32_t chain) const;
+  [[nodiscard]] Match FindOnFirstChain(Position position, Position newest,
+                                       std::int32_t best_length) const;
+  Match FindNearEnd(Position position, std::int32_t best_length);
 
-  // A position's place: the one before it on the second chain, and how many were on its first
-  // chain before it. Ordinals wrap around; differences within the window are right.
-  struct Link {
-    std::uint16_t previous;
-    std::uint16_t ordinal;
+  // A position's place: how far back the one before it on the second chain is, in the low half,
+  // and how many were on its first chain before it, its ordinal, in the high half. Ordinals wrap
+  // around; differences within the window are right.
+  class Link {
+   public:
+    Link() = default;
+    Link(std::int32_t distance, std::uint32_t ordinal)
+        : word_(static_cast<std::uint32_t>(distance) | ordinal << 16) {}
+
+    [[nodiscard]] std::int32_t Distance() const { return word_ & 0xFFFFU; }
+    [[nodiscard]] std::uint32_t Ordinal() const { return word_ >> 16; }
+
+    /// Whether `earlier`, if it is on the same first chain, is more than `chain` places before
+    /// this. In one subtraction: its distance, from 1 to 65,535, borrows at most one place, and
+    /// turns "at least one place more" into "more".
+    [[nodiscard]] bool IsBeyond(std::int32_t chain, Link earlier) const {
+      return (word_ & 0xFFFF0000U) - earlier.word_ > static_cast<std::uint32_t>(chain) << 16;
+    }
+
+   private:
+    std::uint32_t word_ = 0;
   };
 
   LevelParameters parameters_;
@@ -87,55 +104,54 @@ class LazyMatchFinder {
   std::array<Link, Window::kStep> links_{};
 };
 
-// Candidates out of reach are read like others (they are in the window) and then dropped: on data
-// with few matches that spares a branch which cannot be foretold.
-inline Match LazyMatchFinder::FindOnSecondChain(std::uint32_t position, std::uint32_t newest,
-                                                std::uint32_t best_length) {
+// A first candidate out of reach is read like others, which does no harm, and dropped then: on data
+// with few matches that spares branches which cannot be foretold.
+inline Match LazyMatchFinder::FindOnSecondChain(Position position, Position newest,
+                                                std::int32_t best_length) const {
   const SearchLimits limits = LimitsAt(position, window_, parameters_, best_length);
   const std::uint8_t* const here = window_.At(position);
   const auto first_bytes = LoadLittleEndian<std::uint32_t>(here);
-  const Link own = links_[position % Window::kStep];
+  const Link own = links_[Window::RingIndex(position)];
 
   Match best = {std::max(best_length, format::kMinMatch), kNoPosition};
   if (best_length == format::kMaxMatch) return best;
   auto tail = LoadLittleEndian<std::uint32_t>(here + best.length - 3);
-  std::uint32_t candidate = own.previous;
-  std::uint32_t steps = 4 * limits.chain;
+  Position candidate = position - own.Distance();
+  std::int32_t strangers = limits.chain;
   for (;;) {
-    const Link link = links_[candidate % Window::kStep];
+    const Link link = links_[Window::RingIndex(candidate)];
     const std::uint8_t* const there = window_.At(candidate);
-    const bool in_reach = candidate > limits.candidate;
-    const bool exhausted = static_cast<std::uint16_t>(own.ordinal - link.ordinal) > limits.chain;
-    if ((LoadLittleEndian<std::uint32_t>(there + best.length - 3) == tail) & in_reach) {
-      const std::uint32_t length = CountEqualBytes(here, there, format::kMaxMatch);
+    if (LoadLittleEndian<std::uint32_t>(there + best.length - 3) == tail &&
+        candidate > limits.candidate) {
+      const std::int32_t length = CountEqualBytes(here, there, format::kMaxMatch);
       if (length > best.length) {
-        if (exhausted) break;
+        if (own.IsBeyond(limits.chain, link)) break;
         best = {length, candidate};
         if (length >= limits.nice) return best;
         tail = LoadLittleEndian<std::uint32_t>(here + best.length - 3);
       }
     }
-    candidate = in_reach ? link.previous : kNoPosition;
+    candidate -= link.Distance();
     if (candidate <= limits.candidate) break;
-    // Ordinals of strangers, on the chain by a collision only, mean nothing.
-    if (exhausted && (LoadLittleEndian<std::uint32_t>(there) ^ first_bytes) << 8 == 0) break;
-    if (--steps == 0) return FindOnFirstChain(position, newest, best_length);
+    if (own.IsBeyond(limits.chain, link)) {
+      // The ordinal of a stranger, on this chain by a collision only, means nothing.
+      if ((LoadLittleEndian<std::uint32_t>(there) ^ first_bytes) << 8 == 0) break;
+      if (--strangers == 0) return FindOnFirstChain(position, newest, best_length);
+    }
   }
   if (best_length >= format::kMinMatch || best.start != kNoPosition) return best;
   return FindThreeBytes(position, newest, limits.chain);
 }
 
-inline Match LazyMatchFinder::FindThreeBytes(std::uint32_t position, std::uint32_t newest,
-                                             std::uint32_t chain) const {
-  const std::uint32_t near =
-      position > kFarForThreeBytes ? position - kFarForThreeBytes - 1 : kNoPosition;
+inline Match LazyMatchFinder::FindThreeBytes(Position position, Position newest,
+                                             std::int32_t chain) const {
+  const Position near = std::max(position - kFarForThreeBytes - 1, kNoPosition);
   const auto bytes = LoadLittleEndian<std::uint32_t>(window_.At(position));
-  std::uint32_t candidate = newest;
+  Position candidate = newest;
   for (;;) {
     const auto other = LoadLittleEndian<std::uint32_t>(window_.At(candidate));
-    const bool in_reach = candidate > near;
-    if (((bytes ^ other) << 8 == 0) & in_reach) return {format::kMinMatch, candidate};
-    candidate = in_reach ? chain_.Before(candidate) : kNoPosition;
+    if (((bytes ^ other) << 8 == 0) & (candidate > near)) return {format::kMinMatch, candidate};
+    candidate = chain_.Before(candidate);
     if (candidate <= near || --chain == 0) return {format::kMinMatch - 1, kNoPosition};
   }
 }

@@ -8,11 +8,11 @@ namespace vellumark::encoding {
 void LazyParser::Run() {
   State state = {0, kNoMatch, false};
   for (;;) {
-    const std::uint32_t moved = MoveWindow(state.position);
+    const Position moved = MoveWindow(state.position);
     state.position -= moved;
     state.current.start -= moved;  // may pass zero; distances come out right
     if (AtEnd(state.position)) break;
-    for (const std::uint32_t end = StretchEnd(); state.position < end;) state = Step(state);
+    for (const Position end = StretchEnd(); state.position < end;) state = Step(state);
   }
   // Whether that fills the block does not matter: the final block is due anyway.
   if (state.literal_waits) SendWaitingLiteral(state.position);
@@ -32,25 +32,25 @@ inline LazyParser::State LazyParser::Step(State state) {
 
 // The match began one position back.
 inline LazyParser::State LazyParser::SendPrevious(const State& state, Match previous) {
-  const std::uint32_t start = state.position - 1;
+  const Position start = state.position - 1;
   const bool full =
       symbols_.AddMatch(previous.length, start - previous.start, BlockBytes(state.position));
-  const std::uint32_t end = start + previous.length;
-  const auto last_string = static_cast<std::uint32_t>(
-      std::min<std::size_t>(end, finder_.Bytes().End() - (format::kMinMatch - 1)));
+  const Position end = start + previous.length;
+  const auto last_string = static_cast<Position>(
+      std::min<std::ptrdiff_t>(end, finder_.Bytes().End() - (format::kMinMatch - 1)));
   finder_.Insert(state.position + 1, last_string);
   if (full) WriteBlock(end, false);
   return {end, kNoMatch, false};
 }
 
-inline Match LazyParser::Find(std::uint32_t position, std::uint32_t best_length) {
+inline Match LazyParser::Find(Position position, std::int32_t best_length) {
   if (!HasThreeBytes(position)) return kNoMatch;
   if (best_length < parameters_.lazy_length) return finder_.Find(position, best_length);
   finder_.Insert(position, position + 1);
   return kNoMatch;
 }
 
-inline bool LazyParser::SendWaitingLiteral(std::uint32_t position) {
+inline bool LazyParser::SendWaitingLiteral(Position position) {
   return symbols_.AddLiteral(*finder_.Bytes().At(position - 1), BlockBytes(position));
 }
 

@@ -27,15 +27,15 @@ class LazyParser : private Parser<LazyMatchFinder> {
 
   // What one step hands to the next.
   struct State {
-    std::uint32_t position;
+    Position position;
     Match current;       // found at the position before
     bool literal_waits;  // the byte before the position is not yet sent
   };
 
   State Step(State state);
   State SendPrevious(const State& state, Match previous);
-  Match Find(std::uint32_t position, std::uint32_t best_length);
-  bool SendWaitingLiteral(std::uint32_t position);
+  Match Find(Position position, std::int32_t best_length);
+  bool SendWaitingLiteral(Position position);
 };
 
 }  // namespace vellumark::encoding

@@ -28,48 +28,44 @@ class Parser {
         blocks_(output) {}
 
   /// Moves the window if the position asks for it; returns by how much positions became smaller.
-  std::uint32_t MoveWindow(std::uint32_t position) {
+  Position MoveWindow(Position position) {
     if (position < finder_.Bytes().MoveFrom()) return 0;
     finder_.MoveWindow();
-    block_start_ -= static_cast<std::int32_t>(Window::kStep);
+    block_start_ -= Window::kStep;
     return Window::kStep;
   }
 
-  [[nodiscard]] bool AtEnd(std::uint32_t position) const {
-    return position >= finder_.Bytes().End();
-  }
+  [[nodiscard]] bool AtEnd(Position position) const { return position >= finder_.Bytes().End(); }
 
   /// Up to here the window need not move.
-  [[nodiscard]] std::uint32_t StretchEnd() const {
-    return static_cast<std::uint32_t>(
-        std::min<std::size_t>(finder_.Bytes().End(), finder_.Bytes().MoveFrom()));
+  [[nodiscard]] Position StretchEnd() const {
+    return static_cast<Position>(
+        std::min<std::ptrdiff_t>(finder_.Bytes().End(), finder_.Bytes().MoveFrom()));
   }
 
-  [[nodiscard]] bool HasThreeBytes(std::uint32_t position) const {
+  [[nodiscard]] bool HasThreeBytes(Position position) const {
     return finder_.Bytes().Holds(position, format::kMinMatch);
   }
 
-  [[nodiscard]] std::int32_t BlockBytes(std::uint32_t position) const {
-    return static_cast<std::int32_t>(position) - block_start_;
-  }
+  [[nodiscard]] std::int32_t BlockBytes(Position position) const { return position - block_start_; }
 
   /// Writes the symbols up to the position as a block.
-  void WriteBlock(std::uint32_t position, bool is_final) {
+  void WriteBlock(Position position, bool is_final) {
     std::optional<std::span<const std::uint8_t>> bytes;
     if (block_start_ >= 0) {
-      bytes.emplace(finder_.Bytes().At(static_cast<std::uint32_t>(block_start_)),
+      bytes.emplace(finder_.Bytes().At(block_start_),
                     static_cast<std::size_t>(BlockBytes(position)));
     }
     blocks_.Write(symbols_, bytes, is_final);
     symbols_.Clear();
-    block_start_ = static_cast<std::int32_t>(position);
+    block_start_ = position;
   }
 
   LevelParameters parameters_;
   Finder finder_;
   SymbolBuffer symbols_;
   BlockWriter blocks_;
-  std::int32_t block_start_ = 0;  // in the window; negative once that has moved past it
+  Position block_start_ = 0;  // in the window; negative once that has moved past it
 };
 
 }  // namespace vellumark::encoding

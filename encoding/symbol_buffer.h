@@ -60,7 +60,9 @@ class SymbolBuffer {
     ++literal_lengths_[byte];
     return Add(Symbol::Literal(byte), block_bytes);
   }
-  bool AddMatch(std::uint32_t length, std::uint32_t distance, std::int32_t block_bytes) {
+  bool AddMatch(std::int32_t match_length, std::int32_t match_distance, std::int32_t block_bytes) {
+    const auto length = static_cast<std::uint32_t>(match_length);
+    const auto distance = static_cast<std::uint32_t>(match_distance);
     const unsigned distance_code = format::DistanceCode(distance);
     ++literal_lengths_[format::kFirstLengthSymbol + format::LengthCode(length)];
     ++distances_[distance_code];

@@ -5,7 +5,8 @@
 // It is two steps of 32,768 bytes long and moves by a step when fewer than 262 of its bytes are
 // still ahead; nothing is copied, it is a pointer into the input. Positions are counted from its
 // start, so that 16 bits hold them, and become smaller by a step when it moves: RebasedPosition.
-// Position 0 doubles as "none" and is never matched, nor is anything before the window's start.
+// Position 0 doubles as "none" and is never matched, nor is anything before the window's start,
+// where positions are negative.
 #pragma once
 
 #include <algorithm>
@@ -18,32 +19,35 @@
 
 namespace vellumark::encoding {
 
-inline constexpr std::uint32_t kNoPosition = 0;
+using Position = std::int32_t;
+
+inline constexpr Position kNoPosition = 0;
 
 /// `length` bytes that also stand at position `start`.
 struct Match {
-  std::uint32_t length;
-  std::uint32_t start;
+  std::int32_t length;
+  Position start;
 };
 
 class Window {
  public:
-  static constexpr std::uint32_t kStep = 32768;
-  static constexpr std::uint32_t kGreatestDistance = kStep - 262;
+  static constexpr std::int32_t kStep = 32768;
+  static constexpr std::int32_t kGreatestDistance = kStep - 262;
 
-  explicit Window(std::span<const std::uint8_t> input) : bytes_(input.data()), end_(input.size()) {}
+  explicit Window(std::span<const std::uint8_t> input)
+      : bytes_(input.data()), end_(static_cast<std::ptrdiff_t>(input.size())) {}
 
   /// The bytes from a position on, to be read up to End().
-  [[nodiscard]] const std::uint8_t* At(std::uint32_t position) const { return bytes_ + position; }
+  [[nodiscard]] const std::uint8_t* At(Position position) const { return bytes_ + position; }
   /// The end of the input, as a position.
-  [[nodiscard]] std::size_t End() const { return end_; }
-  [[nodiscard]] bool Holds(std::uint32_t position, std::uint32_t count) const {
-    return position + std::size_t{count} <= end_;
+  [[nodiscard]] std::ptrdiff_t End() const { return end_; }
+  [[nodiscard]] bool Holds(Position position, std::int32_t count) const {
+    return position + std::ptrdiff_t{count} <= end_;
   }
 
   /// The window has moved before anything is done at this position or a later one.
-  [[nodiscard]] std::uint32_t MoveFrom() const {
-    constexpr std::uint32_t kMoveFrom = kStep + kGreatestDistance;
+  [[nodiscard]] Position MoveFrom() const {
+    constexpr Position kMoveFrom = kStep + kGreatestDistance;
     return end_ < 2 * kStep ? kMoveFrom : kMoveFrom + 1;
   }
   void Move() {
@@ -52,36 +56,41 @@ class Window {
   }
 
   /// What a position kept in 16 bits becomes when the window moves.
-  static constexpr std::uint32_t RebasedPosition(std::uint32_t position) {
-    const std::uint32_t all_if_kept = 0U - (position >> 15 & 1U);
-    return position & (kStep - 1) & all_if_kept;
+  static constexpr std::uint16_t RebasedPosition(std::uint16_t position) {
+    const std::uint32_t all_if_kept = 0U - (position >> 15U);
+    return static_cast<std::uint16_t>(position & (kStep - 1U) & all_if_kept);
+  }
+
+  /// Where rings that hold a step of positions keep this one.
+  static constexpr std::size_t RingIndex(Position position) {
+    return static_cast<std::uint32_t>(position) % kStep;
   }
 
   /// Candidates at this position and below are out of reach, but for the first of a chain, which
   /// may stand exactly there.
-  static constexpr std::uint32_t LimitAt(std::uint32_t position) {
+  static constexpr Position LimitAt(Position position) {
     return position > kGreatestDistance ? position - kGreatestDistance : kNoPosition;
   }
 
  private:
   const std::uint8_t* bytes_;
-  std::size_t end_;
+  std::ptrdiff_t end_;
 };
 
 /// The frame of one search.
 struct SearchLimits {
-  std::uint32_t reach;      ///< no match is longer: the format's limit, or the input's end
-  std::uint32_t nice;       ///< a match this long ends the search
-  std::uint32_t candidate;  ///< Window::LimitAt
-  std::uint32_t chain;      ///< candidates looked at
+  std::int32_t reach;  ///< no match is longer: the format's limit, or the input's end
+  std::int32_t nice;   ///< a match this long ends the search
+  Position candidate;  ///< Window::LimitAt
+  std::int32_t chain;  ///< candidates looked at
 };
 
-inline SearchLimits LimitsAt(std::uint32_t position, const Window& window,
-                             const LevelParameters& parameters, std::uint32_t best_length) {
-  const auto reach =
-      static_cast<std::uint32_t>(std::min<std::size_t>(format::kMaxMatch, window.End() - position));
-  return {reach, std::min<std::uint32_t>(parameters.nice_length, reach), Window::LimitAt(position),
-          best_length >= parameters.good_length ? parameters.chain_length / 4U
+inline SearchLimits LimitsAt(Position position, const Window& window,
+                             const LevelParameters& parameters, std::int32_t best_length) {
+  const auto reach = static_cast<std::int32_t>(
+      std::min<std::ptrdiff_t>(format::kMaxMatch, window.End() - position));
+  return {reach, std::min<std::int32_t>(parameters.nice_length, reach), Window::LimitAt(position),
+          best_length >= parameters.good_length ? parameters.chain_length / 4
                                                 : parameters.chain_length};
 }
 
