@@ -108,6 +108,9 @@ class DocumentModel {
     std::any writer;
   };
 
+  /// Where a mark's object numbers come from: the free ones, or those kept back for the page end.
+  enum class Numbers { Free, Reserved };
+
   /// The error trap of a member with a result: runs `steps`, which answer a RefusalNote, and keeps
   /// the note; a run-time error becomes one.
   template <class Steps>
@@ -143,6 +146,7 @@ class DocumentModel {
   RefusalNote WriteFile();
   void ResetPen();
   void EndPage();
+  void WriteFooter();
 
   // shapes.cpp
   [[nodiscard]] UsableBox Box() const { return {state_.UsableWidth(), state_.UsableHeight()}; }
@@ -155,7 +159,7 @@ class DocumentModel {
   // text_run.cpp
   [[nodiscard]] RefusalNote CheckText(Points width, AlignmentConstants alignment) const;
   [[nodiscard]] std::optional<Points> EffectLine(Points y) const;
-  RefusalNote TryWriteText(const TextRun& run);
+  RefusalNote TryWriteText(const TextRun& run, Numbers numbers);
 
   // title.cpp
   RefusalNote TryWriteTitle(const Title& title);

@@ -2,14 +2,11 @@
 #include "document/line_buffer.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace vellumark::document {
 
 std::size_t LineBuffer::AppendOwned(std::string&& line) {
-  if (line.size() > std::numeric_limits<std::int32_t>::max() - kLineEnd.size()) {
-    throw RunTimeError(RunTimeError::Overflow);
-  }
+  if (line.size() > kLongestLine - kLineEnd.size()) throw RunTimeError(RunTimeError::Overflow);
   line.append(kLineEnd);
   Chunk chunk;
   chunk.owned = std::move(line);

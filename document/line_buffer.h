@@ -19,6 +19,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -96,6 +97,7 @@ class LineBuffer {
 
  private:
   static constexpr std::size_t kChunkSize = 65536;
+  static constexpr std::size_t kLongestLine = std::numeric_limits<std::int32_t>::max();
 
   /// Lines one behind the other: many in an arena, or a single one that was taken over.
   struct Chunk {
@@ -137,7 +139,9 @@ class LineBuffer {
     return part.Write(to);
   }
 
+  /// Room for a line of at most `size` bytes. Raises run-time error 6 for one of 2 GiB.
   char* Room(std::size_t size) {
+    if (size > kLongestLine) throw RunTimeError(RunTimeError::Overflow);
     if (chunks_.empty() || chunks_.back().capacity - chunks_.back().used < size) AddArena(size);
     return chunks_.back().arena.get() + chunks_.back().used;
   }

@@ -21,6 +21,16 @@ std::string FooterText(Platform& platform) {
   return std::string(platform.ToCodePage(text, storage));
 }
 
+/// A platform of the host's may throw; the steps behind its call run all the same.
+template <class Operation>
+std::error_code ErrorOf(const Operation& operation) noexcept {
+  try {
+    return operation();
+  } catch (const std::exception&) {
+    return std::make_error_code(std::errc::io_error);
+  }
+}
+
 }  // namespace
 
 DocumentModel::DocumentModel(Platform& platform, State& state, LineBuffer& lines, Writer& writer)
@@ -40,8 +50,8 @@ const layout::FontWidths& DocumentModel::Widths() {
 bool DocumentModel::Create(std::string_view file) noexcept {
   const FileHandle before = state_.file;
   const bool created = Attempt([&] { return TryCreate(file); });
-  if (!created && state_.file != before) {
-    platform_.CloseOutput(state_.file);
+  if (!created && state_.file != before && state_.file != FileHandle::Invalid) {
+    ErrorOf([&] { return platform_.CloseOutput(state_.file); });
     state_.file = FileHandle::Invalid;
   }
   return created;
@@ -57,6 +67,7 @@ RefusalNote DocumentModel::TryCreate(std::string_view file) {
   const FileHandle opened = platform_.CreateOutput(file, error);
   if (opened == FileHandle::Invalid) {
     detail_ = std::string(file) + ": " + error.message();
+    if (!writer_.KeepsFileWhenCreateFails()) state_.file = opened;
     return {RefusalReason::FileNotCreated};
   }
   state_.file = opened;
@@ -133,11 +144,16 @@ void DocumentModel::EndPage() {
                        FontEffectConstants::NoFontEffect);
              },
              [&] { SetPosition(-1, state_.UsableHeight() - kFooterHeight); },
-             [&] { WriteText({.text = footer_, .alignment = AlignmentConstants::Center}); },
+             [&] { WriteFooter(); },
              [&] { state_.color = layout::FormatColor(color.red, color.green, color.blue); },
              [&] { SetFont(font.number, font.height, font.style, font.effect); },
              [&] { SetPosition(x, y); },  //
              [&] { writer_.EndPage(); });
+}
+
+void DocumentModel::WriteFooter() {
+  const TextRun footer = {.text = footer_, .alignment = AlignmentConstants::Center};
+  Attempt([&] { return TryWriteText(footer, Numbers::Reserved); });
 }
 
 void DocumentModel::Flush() noexcept {
@@ -149,10 +165,10 @@ RefusalNote DocumentModel::WriteFile() {
   if (state_.file == FileHandle::Invalid) return {RefusalReason::FileNotOpen};
   std::error_code first_error;
   lines_.ForEachLine([&](std::string_view line) {
-    const std::error_code error = platform_.WriteOutput(state_.file, line);
+    const std::error_code error = ErrorOf([&] { return platform_.WriteOutput(state_.file, line); });
     if (error && !first_error) first_error = error;
   });
-  const std::error_code error = platform_.CloseOutput(state_.file);
+  const std::error_code error = ErrorOf([&] { return platform_.CloseOutput(state_.file); });
   state_.file = FileHandle::Invalid;
   if (error && !first_error) first_error = error;
   if (!first_error) return {};

@@ -42,7 +42,7 @@ RefusalNote DocumentModel::PlaceParagraph(const Paragraph& paragraph, Points& wi
   const bool aligned = paragraph.alignment != AlignmentConstants::NoAlignment;
   const Points reach = aligned ? width : state_.position_x + width;
   if (reach > usable) {
-    return {RefusalReason::TextTooWide, width.value(),
+    return {RefusalReason::LinesTooWide, width.value(),
             usable.value() - (aligned ? 0 : state_.position_x.value())};
   }
   if (aligned) {
@@ -56,13 +56,14 @@ RefusalNote DocumentModel::PlaceParagraph(const Paragraph& paragraph, Points& wi
 
 /// Splits the text at every single blank; a word wider than the line refuses the paragraph.
 RefusalNote DocumentModel::MeasureWords(std::string_view text, Points width) {
+  const std::int32_t widest = layout::FontWidths::LargestSum(state_.font.height, width);
   words_.clear();
   std::size_t begin = 0;
   for (;;) {
     const std::size_t end = std::min(text.find(' ', begin), text.size());
     const std::int32_t sum = Widths().Sum(text.substr(begin, end - begin), state_.font);
-    const Points word_width = layout::FontWidths::InPoints(state_.font.height, sum);
-    if (word_width > width) {
+    if (sum > widest) {
+      const Points word_width = layout::FontWidths::InPoints(state_.font.height, sum);
       return {RefusalReason::WordTooWide, word_width.value(), width.value()};
     }
     words_.push_back({begin, end, sum});
@@ -73,12 +74,13 @@ RefusalNote DocumentModel::MeasureWords(std::string_view text, Points width) {
 
 RefusalNote DocumentModel::WriteLines(const Paragraph& paragraph, Points width) {
   const Points left = state_.position_x;
+  const std::int32_t widest = layout::FontWidths::LargestSum(state_.font.height, width);
   const std::int32_t blank = Widths().Sum(" ", state_.font);
   std::size_t line_begin = 0;
   std::int32_t line_sum = 0;
   for (const Word& word : words_) {
     const std::int32_t with_blank = word.sum + blank;  // a blank always follows a word
-    if (layout::FontWidths::InPoints(state_.font.height, line_sum + with_blank) > width) {
+    if (line_sum + with_blank > widest) {
       const auto line = paragraph.text.substr(line_begin, word.begin - line_begin);
       const RefusalNote refused =
           WriteFinishedLine(WithoutTrailingBlanks(line), paragraph, width, left);

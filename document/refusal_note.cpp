@@ -29,6 +29,9 @@ std::string Sentence(const RefusalNote& note, std::string_view detail) {
     case RefusalReason::FileNotOpen: return "no file is open, nothing was written";
     case RefusalReason::FileNotWritten: return Join({"file cannot be written: ", detail});
     case RefusalReason::MarginsNotTaken:
+      if (note.got < 0) {
+        return Join({"a margin is ", got, ", none may be below 0; the previous margins stay"});
+      }
       return Join({"margins take ", got, " points together, at most ", allowed,
                    " leave room; the previous margins stay"});
     case RefusalReason::NegativeCoordinate:
@@ -41,6 +44,12 @@ std::string Sentence(const RefusalNote& note, std::string_view detail) {
       return Join({"radius is ", got, " points, the centre lies ", allowed, " from the edge"});
     case RefusalReason::TextTooWide:
       return Join({"text is ", got, " points wide, ", allowed, " are left of the right margin"});
+    case RefusalReason::TitleTooWide:
+      return Join({"title is ", got, " points wide with its bullet, ", allowed,
+                   " are left of the right margin"});
+    case RefusalReason::LinesTooWide:
+      return Join(
+          {"lines would be ", got, " points wide, ", allowed, " are left of the right margin"});
     case RefusalReason::WordTooWide:
       return Join({"a word is ", got, " points wide, the line ", allowed});
     case RefusalReason::InvalidAlignment:

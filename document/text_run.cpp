@@ -7,28 +7,26 @@
 namespace vellumark::document {
 
 bool DocumentModel::WriteText(const TextRun& run) noexcept {
-  return Attempt([&] { return TryWriteText(run); });
+  return Attempt([&] { return TryWriteText(run, Numbers::Free); });
 }
 
-RefusalNote DocumentModel::TryWriteText(const TextRun& run) {
+RefusalNote DocumentModel::TryWriteText(const TextRun& run, Numbers numbers) {
   const Points width = Widths().GetTextWidth(run.text, state_.font);
   if (const RefusalNote refused = CheckText(width, run.alignment)) return refused;
 
-  const std::uint8_t height = state_.font.height;
+  const bool aligned = run.alignment != AlignmentConstants::NoAlignment;
+  const Points x = aligned ? layout::GetAlignmentOffset(state_.UsableWidth(), width, run.alignment)
+                           : state_.position_x;
   const Points y = state_.Y();
+  const std::uint8_t height = state_.font.height;
   const std::optional<Points> effect_y = EffectLine(y);
-  const Points old_x = state_.position_x;
-  if (run.alignment != AlignmentConstants::NoAlignment) {
-    state_.position_x = layout::GetAlignmentOffset(state_.UsableWidth(), width, run.alignment);
-  }
-  const Points x = state_.position_x;
   const bool effect_fits = effect_y && !Box().CheckPoints({{x, *effect_y}, {x + width, *effect_y}});
-  const Pieces pieces = {.marks = effect_fits ? 2 : 1, .links = run.hyperlink.empty() ? 0 : 1};
-  if (const RefusalNote refused = writer_.RoomFor(pieces)) {
-    state_.position_x = old_x;
-    return refused;
+  if (numbers == Numbers::Free) {
+    const Pieces pieces = {.marks = effect_fits ? 2 : 1, .links = run.hyperlink.empty() ? 0 : 1};
+    if (const RefusalNote refused = writer_.RoomFor(pieces)) return refused;
   }
 
+  state_.position_x = x;
   writer_.ShowText(run.text, OnPage(x, y + height));
   if (effect_fits) DrawLine(x, *effect_y, x + width, *effect_y);
   if (!run.hyperlink.empty()) {

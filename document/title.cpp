@@ -15,7 +15,10 @@ RefusalNote DocumentModel::TryWriteTitle(const Title& title) {
   if (title.bullet != BulletConstants::Disc && title.bullet != BulletConstants::Square) {
     return {RefusalReason::InvalidBullet, static_cast<std::int32_t>(title.bullet)};
   }
-  if (const RefusalNote refused = CheckText(width, title.alignment)) return refused;
+  if (RefusalNote refused = CheckText(width, title.alignment)) {
+    if (refused.reason == RefusalReason::TextTooWide) refused.reason = RefusalReason::TitleTooWide;
+    return refused;
+  }
   if (title.alignment != AlignmentConstants::NoAlignment) {
     state_.position_x = layout::GetAlignmentOffset(state_.UsableWidth(), width, title.alignment);
   }

@@ -44,6 +44,9 @@ class Writer {
   Writer& operator=(Writer&&) = delete;
   virtual ~Writer() = default;
 
+  /// Whether a Create that could not create its file leaves the document that was open as it is.
+  [[nodiscard]] virtual bool KeepsFileWhenCreateFails() const { return true; }
+
   /// Refuses pieces after which the page and the document could no longer be finished.
   [[nodiscard]] virtual RefusalNote RoomFor(const Pieces& /*pieces*/) const { return {}; }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// gallery FOLDER: writes FOLDER/gallery.pdf, every drawing and text feature on labelled pages.
+// gallery FOLDER: writes FOLDER/gallery.pdf and FOLDER/gallery.ps, every drawing and text feature
+// on labelled pages, both from the same code.
 #include <iostream>
 #include <string>
 
@@ -28,5 +29,7 @@ bool WriteGallery(const std::string& file) {
 
 int main(int argc, char** argv) {
   const std::string folder = argc > 1 ? argv[1] : ".";
-  return WriteGallery<vellumark::PDF>(folder + "/gallery.pdf") ? 0 : 1;
+  const bool pdf = WriteGallery<vellumark::PDF>(folder + "/gallery.pdf");
+  const bool ps = WriteGallery<vellumark::PS>(folder + "/gallery.ps");
+  return pdf && ps ? 0 : 1;
 }

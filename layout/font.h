@@ -34,4 +34,14 @@ constexpr int FontIndex(const Font& font) noexcept {
   return number < 4 ? (number - 1) * 4 + style - 1 : number + 8;
 }
 
+/// Name of the font; empty where it is none of the fourteen.
+constexpr std::string_view FontName(const Font& font) noexcept {
+  const bool faced =
+      font.style >= FontStyleConstants::Regular && font.style <= FontStyleConstants::BoldItalic;
+  const bool known = font.number >= FontNumberConstants::Courier &&
+                     font.number <= FontNumberConstants::ZapfDingbats &&
+                     (faced || font.number >= FontNumberConstants::Symbol);
+  return known ? kFontNames[static_cast<std::size_t>(FontIndex(font))] : std::string_view();
+}
+
 }  // namespace vellumark::layout

@@ -45,6 +45,14 @@ Points FontWidths::InPoints(std::uint8_t height, std::int32_t sum) {
   return {RoundHalfEven(height * (sum / 1000.0))};
 }
 
+std::int32_t FontWidths::LargestSum(std::uint8_t height, Points width) {
+  if (height == 0) return width < 0 ? -1 : std::numeric_limits<std::int32_t>::max();
+  // Half a point more than the width, from where the tie and what rounds up are given back.
+  std::int32_t sum = (2 * width.value() + 1) * 500 / height + 1;
+  while (InPoints(height, sum) > width) --sum;
+  return sum;
+}
+
 const FontWidths::Table* FontWidths::TableOf(const Font& font) const noexcept {
   switch (font.number) {
     case FontNumberConstants::Symbol: return &tables_[8];

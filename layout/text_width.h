@@ -39,6 +39,9 @@ class FontWidths {
   /// run-time error 6 beyond 16 bits.
   [[nodiscard]] static Points InPoints(std::uint8_t height, std::int32_t sum);
 
+  /// The largest sum that InPoints rounds to at most `width`: to compare many sums with one width.
+  [[nodiscard]] static std::int32_t LargestSum(std::uint8_t height, Points width);
+
   [[nodiscard]] Points GetTextWidth(std::string_view text, const Font& font) const {
     return InPoints(font.height, Sum(text, font));
   }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pdf/arc_path.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -48,6 +49,7 @@ int RoundedPoints(float value) { return layout::RoundHalfEven(value); }
 
 ArcPath BuildArc(document::PagePoint center, layout::Points radius, float th1, float th2) {
   const float difference = th2 - th1;
+  if (!std::isfinite(difference)) throw RunTimeError(RunTimeError::Overflow);
   double span = difference < 0 ? difference + kFullTurn : difference;
   if (span > 2 * kFullTurn) span = kFullTurn + std::fmod(span, kFullTurn);
 

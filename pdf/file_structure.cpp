@@ -15,6 +15,7 @@
 //     %%EOF
 #include <string>
 
+#include "document/pasted_string.h"
 #include "document/resume_next.h"
 #include "layout/font.h"
 #include "pdf/oddities.h"
@@ -37,14 +38,14 @@ void PdfWriter::BeginDocument(const LocalTime& now) {
 void PdfWriter::WriteInformation(const LocalTime& now) {
   objects_.info = BeginObject();
   lines_.Append("<<");
-  lines_.Append("/Author ", PastedString{state_.author.bytes});
+  lines_.Append("/Author ", document::PastedString{state_.author.bytes});
   lines_.Append("/CreationDate (D:", Padded<4>{now.year}, Padded<2>{now.month}, Padded<2>{now.day},
                 Padded<2>{now.hour}, Padded<2>{now.minute}, Padded<2>{now.second}, ')');
-  lines_.Append("/Creator ", PastedString{state_.creator.bytes});
-  lines_.Append("/Producer ", PastedString{properties.producer.bytes});
-  lines_.Append("/Title ", PastedString{state_.title.bytes});
-  lines_.Append("/Subject ", PastedString{properties.subject.bytes});
-  lines_.Append("/Keywords ", PastedString{properties.keywords.bytes});
+  lines_.Append("/Creator ", document::PastedString{state_.creator.bytes});
+  lines_.Append("/Producer ", document::PastedString{properties.producer.bytes});
+  lines_.Append("/Title ", document::PastedString{state_.title.bytes});
+  lines_.Append("/Subject ", document::PastedString{properties.subject.bytes});
+  lines_.Append("/Keywords ", document::PastedString{properties.keywords.bytes});
   lines_.Append(">>");
   lines_.Append("endobj");
 }

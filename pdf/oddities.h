@@ -50,8 +50,8 @@ inline std::string_view ShapeFill(const document::State& state) noexcept {
 }
 
 /// In a page's text only parentheses are escaped (LiteralString), in property texts and link
-/// addresses nothing is (PastedString). A host can thus write octal codes and other escapes of its
-/// own; one that must show a backslash doubles it.
+/// addresses nothing is (document/pasted_string.h). A host can thus write octal codes and other
+/// escapes of its own; one that must show a backslash doubles it.
 inline constexpr bool kBackslashesAreEscaped = false;
 
 /// The control distance of a quarter circle comes from this pi; rounded to whole points, circles

@@ -57,22 +57,24 @@ void PdfWriter::DrawCurve(PagePoint start, PagePoint control, PagePoint end) {
 void PdfWriter::DrawCircle(PagePoint center, Points radius) {
   // Single precision throughout: the whole points below are rounded from it.
   const float control = radius.value() * ArcControl(0, oddities::kCirclePi / 2);
-  const auto above = [control](Points value) { return RoundedPoints(value.value() + control); };
-  const auto below = [control](Points value) { return RoundedPoints(value.value() - control); };
   const auto [x, y] = center;
+  const Points near_left = RoundedPoints(x.value() - control);
+  const Points near_right = RoundedPoints(x.value() + control);
+  const Points near_top = RoundedPoints(y.value() + control);
+  const Points near_bottom = RoundedPoints(y.value() - control);
   const Points left = x - radius;
   const Points right = x + radius;
   const Points top = y + radius;
   const Points bottom = y - radius;
   PaintClosedShape([&, x = x, y = y] {
-    const auto curve = [&](auto x1, auto y1, auto x2, auto y2, Points x3, Points y3) {
+    const auto curve = [&](Points x1, Points y1, Points x2, Points y2, Points x3, Points y3) {
       lines_.Append(x1, ' ', y1, ' ', x2, ' ', y2, ' ', x3, ' ', y3, " c");
     };
     lines_.Append(left, ' ', y, " m");
-    curve(left, above(y), below(x), top, x, top);
-    curve(above(x), top, right, above(y), right, y);
-    curve(right, below(y), above(x), bottom, x, bottom);
-    curve(below(x), bottom, left, below(y), left, y);
+    curve(left, near_top, near_left, top, x, top);
+    curve(near_right, top, right, near_top, right, y);
+    curve(right, near_bottom, near_right, bottom, x, bottom);
+    curve(near_left, bottom, left, near_bottom, left, y);
     lines_.Append("b");
   });
 }

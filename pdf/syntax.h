@@ -4,9 +4,10 @@
 //
 //     lines.Append("/Parent ", Reference{2});          // /Parent 2 0 R
 //     lines.Append(LiteralString{"a(b)c"}, " Tj");     // (a\(b\)c) Tj
-//     lines.Append("/Title ", PastedString{title});    // /Title (...), not escaped
 #pragma once
 
+#include <array>
+#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -44,31 +45,33 @@ struct LiteralString {
   }
 };
 
-/// Text between parentheses exactly as the host gave it (pdf/oddities.h).
-struct PastedString {
-  std::string_view bytes;
-
-  [[nodiscard]] std::size_t MaxSize() const noexcept { return bytes.size() + 2; }
-  char* Write(char* to) const noexcept {
-    *to++ = '(';
-    if (!bytes.empty()) std::memcpy(to, bytes.data(), bytes.size());
-    to += bytes.size();
-    *to++ = ')';
-    return to;
-  }
-};
-
-/// A number with leading zeros: the offsets of the cross-reference table have ten digits.
-template <int kDigits>
+/// The last digits of a number that is not negative, with leading zeros: an even count of them. The
+/// offsets of the cross-reference table have ten; a long document has thousands, so they are made
+/// two at a time.
+template <std::size_t kDigits>
 struct Padded {
-  std::int64_t value = 0;
+  static_assert(kDigits % 2 == 0);
+
+  std::int32_t value = 0;
 
   [[nodiscard]] static std::size_t MaxSize() noexcept { return kDigits; }
   char* Write(char* to) const noexcept {
-    std::int64_t rest = value;
-    for (int i = kDigits - 1; i >= 0; --i, rest /= 10) to[i] = static_cast<char>('0' + rest % 10);
+    auto rest = static_cast<std::uint32_t>(value);
+    for (std::size_t i = kDigits; i > 0; i -= 2, rest /= 100) {
+      std::memcpy(to + i - 2, kDigitPairs.data() + rest % 100 * 2, 2);
+    }
     return to + kDigits;
   }
+
+ private:
+  static constexpr std::array<char, 200> kDigitPairs = [] {
+    std::array<char, 200> pairs{};
+    for (std::size_t i = 0; i < 100; ++i) {
+      pairs[2 * i] = static_cast<char>('0' + i / 10);
+      pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+    }
+    return pairs;
+  }();
 };
 
 }  // namespace vellumark::pdf

@@ -8,8 +8,8 @@
 //     Send(memory->TakeFile("answer.pdf"));
 //
 // Names are any bytes; a file comes into being with CreateOutput and, as on any platform, cannot be
-// created again while it is open. Notices are kept and shown to nobody. The clock is the system's
-// until SetTime stops it.
+// created again while it is open; a document destroyed without Flush leaves it open for good.
+// Notices are kept and shown to nobody. The clock is the system's until SetTime stops it.
 #pragma once
 
 #include <map>

@@ -32,7 +32,9 @@ enum class RefusalReason : std::int32_t {
   BeyondRightMargin,    ///< a shape or picture reaches over the right margin
   BeyondBottomMargin,   ///< a shape, text or picture reaches over the bottom margin
   RadiusBeyondEdge,     ///< a radius is longer than its centre's way to the left or top edge
-  TextTooWide,          ///< a text, title or paragraph is wider than the room it has
+  TextTooWide,          ///< a text is wider than the room it has
+  TitleTooWide,         ///< a title with its bullet is wider than the room it has
+  LinesTooWide,         ///< the lines asked for are wider than the room they have
   WordTooWide,          ///< a word of a paragraph is wider than the line
   InvalidAlignment,     ///< the alignment is no member of AlignmentConstants
   InvalidBullet,        ///< the bullet is no member of BulletConstants

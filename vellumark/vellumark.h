@@ -2,8 +2,8 @@
 //
 // Vellumark: printable documents without a printer driver.
 //
-// The one header a C++ host includes. It declares PDF, which writes PDF 1.2 files, and Enumerations
-// and the eight enumerations whose members the calls take:
+// The one header a C++ host includes. It declares PDF, which writes PDF 1.2 files, PS, which writes
+// PostScript programs, and Enumerations and the eight enumerations whose members the calls take:
 //
 //     #include <vellumark/vellumark.h>
 //     using namespace vellumark;
@@ -53,8 +53,8 @@
 
 namespace vellumark {
 
-/// What every document can do, whatever its language. Not created itself: see PDF. A function that
-/// takes a Document& draws the same pages into any of them.
+/// What every document can do, whatever its language. Not created itself: see PDF and PS. A
+/// function that takes a Document& draws the same pages into either.
 class VELLUMARK_API Document {
  public:
   Document(const Document&) = delete;
@@ -62,7 +62,7 @@ class VELLUMARK_API Document {
 
   // --- Properties. They keep their values from one Create to the next. --------------------------
 
-  /// Written into the file by Create, exactly as set: a "(", ")" or "\" is not escaped.
+  /// Written into the file by Create, exactly as set: nothing is escaped.
   [[nodiscard]] std::string Author() const;
   void Author(std::string_view author);
   [[nodiscard]] std::string Creator() const;
@@ -77,6 +77,7 @@ class VELLUMARK_API Document {
   void PaperSize(PaperSizeConstants papersize);
 
   /// PDF: marks each page that ends while it is set; readers show the page upright all the same.
+  /// PS: turns the whole document, set before Create; see docs/postscript.md.
   [[nodiscard]] bool Rotated() const;
   void Rotated(bool rotated);
 
@@ -109,7 +110,7 @@ class VELLUMARK_API Document {
   bool DrawLine(std::int16_t x1, std::int16_t y1, std::int16_t x2, std::int16_t y2) noexcept;
 
   /// By its top left corner. PDF: an unfilled closed shape is white inside and covers what is
-  /// below.
+  /// below; PS leaves it open.
   bool DrawRectangle(std::int16_t x, std::int16_t y, std::int16_t width,
                      std::int16_t height) noexcept;
 
@@ -125,7 +126,7 @@ class VELLUMARK_API Document {
 
   /// A slice of a circle from the centre, counter-clockwise between two angles in degrees from the
   /// positive x axis. PDF takes the smaller angle first and brings both below 360; where the second
-  /// then lies below the first the slice runs through 0 degrees.
+  /// then lies below the first the slice runs through 0 degrees. PS takes the angles as they are.
   bool DrawArc(std::int16_t x, std::int16_t y, std::int16_t r, float th1, float th2) noexcept;
 
   // --- Text, in the current colour and font.
@@ -133,8 +134,9 @@ class VELLUMARK_API Document {
 
   /// One run of text; the current position is its top left corner. It must fit: without alignment
   /// between the current x and the right margin, else within the usable width, and above the bottom
-  /// margin. Then the position moves behind it, or with `carriagereturn` to the x of the last
-  /// SetPosition and down by the font height and `dy`.
+  /// margin. PDF escapes parentheses in it, PS nothing; a backslash is passed on by both. Then the
+  /// position moves behind it, or with `carriagereturn` to the x of the last SetPosition and down
+  /// by the font height and `dy`.
   bool WriteText(std::string_view text, bool carriagereturn = false, std::uint8_t dy = 0,
                  AlignmentConstants alignment = AlignmentConstants::NoAlignment) noexcept;
 
@@ -250,6 +252,21 @@ class VELLUMARK_API PDF : public Document {
   using Document::WriteTitle;
   bool WriteTitle(std::string_view text, AlignmentConstants alignment, BulletConstants bullet,
                   std::string_view hyperlink) noexcept;
+};
+
+/// Class to generate PS documents: PostScript programs with structuring comments. It has everything
+/// a Document has, no limit on the number of marks or pages, and no links.
+class VELLUMARK_API PS : public Document {
+ public:
+  /// As for PDF.
+  PS();
+  explicit PS(std::shared_ptr<Platform> platform);
+
+  PS(const PS&) = delete;
+  PS& operator=(const PS&) = delete;
+  PS(PS&& other) noexcept;
+  PS& operator=(PS&& other) noexcept;
+  ~PS();
 };
 
 }  // namespace vellumark

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+//
+// A text run: font, colour, place and string.
+#include "document/pasted_string.h"
+#include "layout/font.h"
+#include "ps/ps_writer.h"
+
+namespace vellumark::ps {
+
+void PsWriter::ShowText(std::string_view text, document::PagePoint baseline) {
+  lines_.Append('/', layout::FontName(state_.font), " findfont");
+  lines_.Append(state_.font.height, " scalefont");
+  lines_.Append("setfont");
+  lines_.Append("newpath");
+  lines_.Append(state_.color.view(), " setrgbcolor");
+  MoveTo(baseline);
+  lines_.Append(document::PastedString{text}, " show");
+  lines_.Append("closepath");
+}
+
+}  // namespace vellumark::ps

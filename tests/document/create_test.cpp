@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include <tuple>
+
+#include "tests/document_fixture.h"
+
+namespace vellumark::tests {
+namespace {
+
+class Create : public PdfTest {};
+
+TEST_F(Create, ChecksOrientationAndPaperSizeBeforeItTouchesTheFile) {
+  for (const int orientation : {0, 3, -1}) {
+    doc.Orientation(static_cast<OrientationConstants>(orientation));
+    EXPECT_FALSE(doc.Create("doc"));
+    EXPECT_EQ(Why(), RefusalReason::InvalidOrientation);
+  }
+  doc.Orientation(OrientationConstants::Landscape);
+  for (const int paper : {0, 2, 6, 10, 12, 13, 15, -9}) {
+    doc.PaperSize(static_cast<PaperSizeConstants>(paper));
+    EXPECT_FALSE(doc.Create("doc")) << paper;
+    EXPECT_EQ(Why(), RefusalReason::InvalidPaperSize);
+  }
+  EXPECT_EQ(memory->File("doc"), nullptr);
+}
+
+TEST_F(Create, TakesThePageSizeOfPaperAndOrientation) {
+  using enum PaperSizeConstants;
+  struct Row {
+    PaperSizeConstants paper;
+    int width;
+    int height;
+  };
+  for (const Row& row : {Row{A3, 842, 1191}, Row{A4, 595, 842}, Row{A5, 420, 595},
+                         Row{Executive, 522, 756}, Row{Folio, 595, 935}, Row{Ledger, 1224, 792},
+                         Row{Legal, 612, 1008}, Row{Letter, 612, 792}, Row{Tabloid, 792, 1224}}) {
+    for (const bool turned : {false, true}) {
+      PDF page(memory);
+      page.PaperSize(row.paper);
+      if (turned) page.Orientation(OrientationConstants::Landscape);
+      ASSERT_TRUE(page.Create("page.pdf"));
+      std::int16_t width = 0;
+      std::int16_t height = 0;
+      page.GetPageDimensions(width, height);
+      EXPECT_EQ(std::tuple(width, height),
+                turned ? std::tuple(row.height, row.width) : std::tuple(row.width, row.height));
+      page.Flush();
+    }
+  }
+}
+
+TEST_F(Create, AFileThatIsOpenCannotBeCreatedAgain) {
+  Start();
+  PDF second(memory);
+  EXPECT_FALSE(second.Create("doc"));
+  EXPECT_EQ(second.LastRefusal().reason, RefusalReason::FileNotCreated);
+  EXPECT_EQ(second.LastRefusal().sentence, "file cannot be created: doc: Device or resource busy");
+  EXPECT_FALSE(doc.Create("doc")) << "nor by the document that has it open";
+  EXPECT_EQ(FlushedLines().back(), "%%EOF") << "which goes on undisturbed";
+  EXPECT_TRUE(second.Create("doc"));
+}
+
+TEST_F(Create, MarginsThatLeaveNoRoomAreNotTaken) {
+  Start(10);
+  const auto margins_after = [&](std::int16_t l, std::int16_t t, std::int16_t r, std::int16_t b) {
+    doc.NewPage(l, t, r, b, 255, 255, 255);
+    doc.GetPageMargins(l, t, r, b);
+    return std::tuple(l, t, r, b);
+  };
+  EXPECT_EQ(margins_after(300, 0, 300, 0), std::tuple(10, 10, 10, 10));
+  EXPECT_EQ(doc.LastRefusal().sentence,
+            "margins take 600 points together, at most 574 leave room; the previous margins stay");
+  EXPECT_EQ(margins_after(275, 0, 300, 0), std::tuple(10, 10, 10, 10));
+  EXPECT_EQ(margins_after(32767, 0, 32767, 0), std::tuple(10, 10, 10, 10)) << "sum overflows";
+  EXPECT_EQ(margins_after(0, -1, 0, 0), std::tuple(10, 10, 10, 10));
+  EXPECT_EQ(margins_after(274, 0, 300, 821), std::tuple(274, 0, 300, 821));
+  EXPECT_EQ(Why(), RefusalReason::None);
+}
+
+TEST_F(Create, ContentBeforeTheFirstPageIsDroppedFromIt) {
+  ASSERT_TRUE(doc.Create("doc"));
+  EXPECT_TRUE(doc.DrawLine(0, 0, 10, 10));
+  doc.NewPage(0, 0, 0, 0, 255, 255, 255);
+  const Lines lines = FlushedLines();
+  EXPECT_TRUE(Has(lines, "/Contents [ 20 0 R 22 0 R ]"));
+}
+
+TEST_F(Create, FlushTellsWhetherTheFileWasWritten) {
+  doc.Flush();
+  EXPECT_EQ(Why(), RefusalReason::FileNotOpen);
+  Start();
+  doc.Flush();
+  EXPECT_EQ(Why(), RefusalReason::None);
+  const std::string once = *memory->File("doc");
+  doc.Flush();
+  EXPECT_EQ(Why(), RefusalReason::FileNotOpen);
+  EXPECT_EQ(*memory->File("doc"), once) << "a second Flush has no file to write to";
+
+  class FullDisk : public MemoryPlatform {
+    std::error_code WriteOutput(FileHandle, std::string_view) override {
+      return std::make_error_code(std::errc::no_space_on_device);
+    }
+  };
+  PDF unlucky(std::make_shared<FullDisk>());
+  ASSERT_TRUE(unlucky.Create("full.pdf"));
+  unlucky.Flush();
+  EXPECT_EQ(unlucky.LastRefusal().sentence, "file cannot be written: No space left on device");
+
+  class Throwing : public MemoryPlatform {
+    std::error_code WriteOutput(FileHandle, std::string_view) override { throw std::bad_alloc(); }
+  };
+  PDF short_of_memory(std::make_shared<Throwing>());
+  ASSERT_TRUE(short_of_memory.Create("a.pdf"));
+  short_of_memory.Flush();
+  EXPECT_EQ(short_of_memory.LastRefusal().reason, RefusalReason::FileNotWritten);
+  EXPECT_TRUE(short_of_memory.Create("a.pdf")) << "the file was closed all the same";
+}
+
+}  // namespace
+}  // namespace vellumark::tests

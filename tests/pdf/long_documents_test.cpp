@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <set>
+
+#include "tests/document_fixture.h"
+
+namespace vellumark::tests {
+namespace {
+
+class LongDocuments : public PdfTest {
+ protected:
+  /// Every object named by the cross-reference table, the pages and the catalog stands in the file,
+  /// once.
+  void ExpectWhole(const Lines& lines) {
+    std::set<long> objects;
+    for (const std::string& line : lines) {
+      if (!line.ends_with(" 0 obj")) continue;
+      EXPECT_TRUE(objects.insert(std::stol(line)).second) << line;
+    }
+    const auto size = std::find_if(lines.begin(), lines.end(), [](const std::string& line) {
+      return line.starts_with("/Size ");
+    });
+    ASSERT_NE(size, lines.end());
+    EXPECT_EQ(*objects.rbegin() + 1, std::stol(size->substr(6)));
+    EXPECT_EQ(static_cast<long>(objects.size()), *objects.rbegin());
+    EXPECT_EQ(lines.back(), "%%EOF");
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "endobj"), static_cast<long>(objects.size()));
+  }
+};
+
+TEST_F(LongDocuments, EveryLineReachesTheFileBeyond32768) {
+  Start();
+  for (int i = 0; i < 5000; ++i) ASSERT_TRUE(doc.DrawLine(0, 0, 1, 1));
+  const Lines lines = FlushedLines();
+  EXPECT_GT(lines.size(), 65536U);
+  ExpectWhole(lines);
+}
+
+TEST_F(LongDocuments, RefuseTheMarkThatWouldNotLeaveNumbersForTheEnd) {
+  Start();
+  // 17 fixed objects and the background's two; four are kept for footer, page and catalog.
+  const int room = (32767 - 19 - 4) / 2;
+  for (int i = 0; i < room; ++i) ASSERT_TRUE(doc.DrawLine(0, 0, 1, 1));
+  EXPECT_FALSE(doc.DrawLine(0, 0, 1, 1));
+  EXPECT_FALSE(doc.WriteText("x"));
+  EXPECT_EQ(doc.LastRefusal().sentence,
+            "call needs more object numbers than the 0 that are left beside those that finish the "
+            "document");
+  doc.NewPage(0, 0, 0, 0, 255, 255, 255);
+  EXPECT_EQ(Why(), RefusalReason::NoObjectNumbersLeft);
+  const Lines lines = FlushedLines();
+  ExpectWhole(lines);
+  EXPECT_TRUE(Has(lines, "/Size 32768"));
+  EXPECT_TRUE(Has(lines, "/Count 1"));
+}
+
+TEST_F(LongDocuments, ACompositeCallIsTakenBackWhole) {
+  Start();
+  for (int i = 0; i < 16370; ++i) ASSERT_TRUE(doc.DrawLine(0, 0, 1, 1));  // four numbers are left
+  doc.SetPosition(7, 700);
+  doc.SetDash("1 2");
+  Font(FontNumberConstants::Courier, 10, FontStyleConstants::Regular,
+       FontEffectConstants::Underline);
+  EXPECT_FALSE(doc.WriteTitle("bullet, text and underline need six"));
+  EXPECT_EQ(Why(), RefusalReason::NoObjectNumbersLeft);
+  EXPECT_FALSE(doc.WriteMultiText("three lines need a new page", 0, kNoAlignment, true, 60));
+  EXPECT_EQ(Why(), RefusalReason::NoObjectNumbersLeft);
+  EXPECT_EQ(At(), (Position{7, 700}));
+  EXPECT_EQ(std::pair(doc.GetDash(), doc.GetFillStyle()), std::pair(std::string("1 2"), false));
+  EXPECT_TRUE(doc.WriteMultiText("one")) << "one line with its underline needs four";
+  const Lines lines = FlushedLines();
+  ExpectWhole(lines);
+  EXPECT_EQ(Streams(lines).size(), 1U + 16370 + 2 + 1);
+}
+
+TEST_F(LongDocuments, PagesGoOnUntilTheNumbersEnd) {
+  Start();
+  int pages = 1;
+  for (;; ++pages) {
+    doc.NewPage(0, 0, 0, 0, 255, 255, 255);
+    if (Why() != RefusalReason::None) break;
+  }
+  EXPECT_EQ(pages, 1 + (32767 - 19 - 4) / 5);
+  const Lines lines = FlushedLines();
+  ExpectWhole(lines);
+  EXPECT_TRUE(Has(lines, "/Count " + std::to_string(pages)));
+}
+
+}  // namespace
+}  // namespace vellumark::tests

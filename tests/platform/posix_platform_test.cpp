@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "platform/posix_platform.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/windows_1252.h"
+#include "vellumark/vellumark.h"
+
+namespace vellumark {
+namespace {
+
+class PosixFiles : public testing::Test {
+ protected:
+  PosixFiles() { std::filesystem::create_directories(folder); }
+  ~PosixFiles() override { std::filesystem::remove_all(folder); }
+
+  std::string Path(const std::string& name) const { return folder + "/" + name; }
+
+  static std::string Content(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+
+  FileHandle Create(const std::string& path) { return platform.CreateOutput(path, error); }
+
+  std::string folder = testing::TempDir() + "vellumark." + std::to_string(::getpid());
+  std::error_code error;
+  PosixPlatform platform;
+};
+
+TEST_F(PosixFiles, AnExistingFileIsEmptiedAndWrittenAnew) {
+  std::ofstream(Path("a")) << "old and long content";
+  const FileHandle file = Create(Path("a"));
+  EXPECT_FALSE(platform.WriteOutput(file, "new\r\n"));
+  EXPECT_FALSE(platform.CloseOutput(file));
+  EXPECT_EQ(Content(Path("a")), "new\r\n");
+  EXPECT_TRUE(platform.CloseOutput(file)) << "a handle closes once";
+  EXPECT_TRUE(platform.WriteOutput(file, "x"));
+  EXPECT_TRUE(platform.WriteOutput(FileHandle::Invalid, "x"));
+}
+
+TEST_F(PosixFiles, AFileInUseIsRefusedAndLeftAlone) {
+  const FileHandle file = Create(Path("a"));
+  EXPECT_FALSE(platform.WriteOutput(file, "kept"));
+  PosixPlatform other;
+  EXPECT_EQ(other.CreateOutput(Path("a"), error), FileHandle::Invalid);
+  EXPECT_EQ(error, std::errc::device_or_resource_busy);
+  EXPECT_FALSE(platform.CloseOutput(file));
+  EXPECT_EQ(Content(Path("a")), "kept");
+  EXPECT_NE(other.CreateOutput(Path("a"), error), FileHandle::Invalid);
+}
+
+TEST_F(PosixFiles, LinesOfEverySizeArriveInOrder) {
+  std::string expected;
+  const FileHandle file = Create(Path("a"));
+  for (const std::size_t size : {1U, 65535U, 1U, 65536U, 3U, 200000U, 0U, 70000U, 5U}) {
+    const std::string line(size, static_cast<char>('a' + expected.size() % 26));
+    expected += line;
+    EXPECT_FALSE(platform.WriteOutput(file, line));
+  }
+  EXPECT_FALSE(platform.CloseOutput(file));
+  EXPECT_EQ(Content(Path("a")), expected);
+}
+
+TEST_F(PosixFiles, WhatCannotBeCreatedIsRefusedAtOnce) {
+  ASSERT_EQ(::mkfifo(Path("pipe").c_str(), 0600), 0);
+  using namespace std::string_literals;
+  for (const std::string& path : {""s, folder, Path("no/such/folder"), Path("pipe"), "a\0b"s}) {
+    EXPECT_EQ(Create(path), FileHandle::Invalid) << path;
+    EXPECT_TRUE(error);
+  }
+}
+
+TEST_F(PosixFiles, AFullDiskIsReportedAtTheLatestByClose) {
+  const FileHandle file = Create("/dev/full");
+  ASSERT_NE(file, FileHandle::Invalid);
+  EXPECT_FALSE(platform.WriteOutput(file, "held back"));
+  EXPECT_EQ(platform.CloseOutput(file), std::errc::no_space_on_device);
+}
+
+TEST_F(PosixFiles, ADocumentThatIsNotFlushedLeavesAnEmptyFileAndLetsItGo) {
+  {
+    PDF doc;
+    ASSERT_TRUE(doc.Create(Path("a.pdf")));
+    doc.NewPage(0, 0, 0, 0, 255, 255, 255);
+  }
+  EXPECT_EQ(Content(Path("a.pdf")), "");
+  EXPECT_NE(Create(Path("a.pdf")), FileHandle::Invalid);
+}
+
+TEST(PosixClock, HonoursSourceDateEpochInUtc) {
+  ::setenv("SOURCE_DATE_EPOCH", "1700000000", 1);
+  const LocalTime fixed = PosixPlatform().Now();
+  EXPECT_EQ(std::tuple(fixed.year, fixed.month, fixed.day, fixed.hour, fixed.minute, fixed.second,
+                       fixed.weekday),
+            std::tuple(2023, 11, 14, 22, 13, 20, 2));
+  ::setenv("SOURCE_DATE_EPOCH", "soon", 1);
+  EXPECT_GE(PosixPlatform().Now().year, 2026);
+  ::unsetenv("SOURCE_DATE_EPOCH");
+}
+
+TEST(Windows1252, HasOneByteForEachCharacter) {
+  const auto bytes = [](std::string_view utf8) {
+    std::string storage;
+    return std::string(platform::ToWindows1252(utf8, storage));
+  };
+  EXPECT_EQ(bytes("plain ASCII, more than eight bytes"), "plain ASCII, more than eight bytes");
+  EXPECT_EQ(bytes("é€“ÿ\u0081"), "\xE9\x80\x93\xFF\x81");
+  EXPECT_EQ(bytes("日𝄞\u0100"), "???");
+  EXPECT_EQ(bytes(std::string_view("\0é", 3)), std::string("\0\xE9", 2));
+  EXPECT_EQ(bytes("a\xC0\xAF\xED\xA0\x80\xF4\x90z\xE9"), "a???????z?")
+      << "overlong, surrogate, too high, cut off: one for each part that is no UTF-8";
+}
+
+}  // namespace
+}  // namespace vellumark

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+//
+// One test for each deliberate oddity of ps/oddities.h that another test does not pin down already.
+#include "tests/document_fixture.h"
+
+namespace vellumark::tests {
+namespace {
+
+class PsOddities : public PsTest {};
+
+TEST_F(PsOddities, ThePageCommentCountsFirstAndFollowsTheBackground) {
+  Start(0);
+  doc.NewPage(0, 0, 0, 0, 255, 0, 0);
+  const Lines lines = FlushedLines();
+  const auto comment = std::find(lines.begin(), lines.end(), "%%Page: 2 2");
+  ASSERT_NE(comment, lines.end());
+  EXPECT_EQ(Lines(comment - 2, comment), (Lines{"1 0 0 setrgbcolor", "stroke"}));
+}
+
+TEST_F(PsOddities, TextAndPropertiesAreNotEscaped) {
+  doc.Title("a (b \\ é");
+  Start();
+  EXPECT_TRUE(doc.WriteText(R"(\(x) \101)"));
+  const Lines lines = FlushedLines();
+  EXPECT_TRUE(Has(lines, "%%Title: a (b \\ \xE9"));
+  EXPECT_TRUE(Has(lines, R"((\(x) \101) show)"));
+}
+
+TEST_F(PsOddities, ALineIsClosedAndNeverFilled) {
+  Start(0);
+  doc.SetFillStyle(true);
+  EXPECT_TRUE(doc.DrawLine(0, 0, 10, 0));
+  EXPECT_EQ(MarksOfLastPage(), (Lines{"newpath", "0 842 moveto", "10 842 lineto", "closepath",
+                                      "0 0 0 setrgbcolor", "1 setlinewidth", "stroke"}));
+}
+
+TEST_F(PsOddities, ASolidLineDoesNotResetTheDash) {
+  Start(0);
+  doc.SetDash("3 2");
+  doc.DrawLine(0, 0, 10, 0);
+  doc.SetDash("");
+  doc.DrawLine(0, 0, 10, 0);
+  const Lines lines = MarksOfLastPage();
+  EXPECT_EQ(std::count(lines.begin(), lines.end(), "[3 2] 0 setdash"), 1);
+  EXPECT_FALSE(Has(lines, "[] 0 setdash"));
+}
+
+TEST_F(PsOddities, AnUnfilledShapeIsLeftOpen) {
+  Start(0);
+  doc.DrawRectangle(0, 0, 10, 10);
+  EXPECT_FALSE(Has(MarksOfLastPage(), "fill"));
+}
+
+TEST_F(PsOddities, ACreateThatFailsForgetsTheOpenFile) {
+  Start(0);
+  EXPECT_FALSE(doc.Create("doc"));
+  doc.Flush();
+  EXPECT_EQ(Why(), RefusalReason::FileNotOpen);
+  EXPECT_EQ(*memory->File("doc"), "");
+}
+
+}  // namespace
+}  // namespace vellumark::tests

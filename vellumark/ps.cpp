@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#include "ps/ps_writer.h"
+#include "vellumark/document_parts.h"
+
+namespace vellumark {
+namespace {
+
+std::unique_ptr<document::Writer> MakeWriter(const document::State& state,
+                                             document::LineBuffer& lines) {
+  return std::make_unique<ps::PsWriter>(state, lines);
+}
+
+}  // namespace
+
+PS::PS() : PS(NativePlatform()) {}
+
+PS::PS(std::shared_ptr<Platform> platform)
+    : Document(std::make_unique<Parts>(std::move(platform), "3.0", MakeWriter)) {}
+
+PS::PS(PS&& other) noexcept = default;
+PS& PS::operator=(PS&& other) noexcept = default;
+PS::~PS() = default;
+
+}  // namespace vellumark
