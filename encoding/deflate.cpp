@@ -10,6 +10,11 @@
 #include "encoding/level_parameters.h"
 
 namespace vellumark::encoding {
+namespace {
+
+constexpr std::size_t kMostMemory = std::size_t{460} * 1024;
+
+}  // namespace
 
 bool Deflate::Encode(std::int32_t input_size, std::span<const std::uint8_t> input,
                      std::int32_t& output_size, std::string& output, std::uint8_t level) {
@@ -29,7 +34,8 @@ bool Deflate::Encode(std::int32_t input_size, std::span<const std::uint8_t> inpu
 
 bool Deflate::Append(std::span<const std::uint8_t> input, std::uint8_t level, std::string& output) {
   if (level < kFastestLevel || level > kSmallestLevel) return false;
-  // The parsers are too large for the stack of some threads.
+  // Too large for the stack of some threads.
+  static_assert(sizeof(GreedyParser) <= kMostMemory && sizeof(LazyParser) <= kMostMemory);
   if (level < kFirstLazyLevel) {
     std::make_unique<GreedyParser>(input, level, output)->Run();
   } else {

@@ -68,7 +68,8 @@ class LazyMatchFinder {
   [[nodiscard]] bool IsRun(Position position) const;
   Position InsertRun(Position first, Position end);
 
-  Match FindOnSecondChain(Position position, Position newest, std::int32_t best_length) const;
+  [[nodiscard]] Match FindOnSecondChain(Position position, Position newest,
+                                        std::int32_t best_length) const;
   [[nodiscard]] Match FindThreeBytes(Position position, Position newest, std::int32_t chain) const;
   [[nodiscard]] Match FindOnFirstChain(Position position, Position newest,
                                        std::int32_t best_length) const;

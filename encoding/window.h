@@ -32,6 +32,7 @@ struct Match {
 class Window {
  public:
   static constexpr std::int32_t kStep = 32768;
+  static constexpr std::int32_t kLength = 2 * kStep;
   static constexpr std::int32_t kGreatestDistance = kStep - 262;
 
   explicit Window(std::span<const std::uint8_t> input)
@@ -48,7 +49,7 @@ class Window {
   /// The window has moved before anything is done at this position or a later one.
   [[nodiscard]] Position MoveFrom() const {
     constexpr Position kMoveFrom = kStep + kGreatestDistance;
-    return end_ < 2 * kStep ? kMoveFrom : kMoveFrom + 1;
+    return end_ < kLength ? kMoveFrom : kMoveFrom + 1;
   }
   void Move() {
     bytes_ += kStep;

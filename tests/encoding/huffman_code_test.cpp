@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "encoding/huffman_code.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -49,12 +50,14 @@ TEST(HuffmanCode, NoCodeIsLongerThanTheLimitAndTheCodeStaysComplete) {
 TEST(HuffmanCode, CodesAreCanonicalAndLieReversed) {
   // The example of RFC 1951, 3.2.2: codes 010 011 100 101 110 00 1110 1111.
   std::vector<HuffmanCode> codes;
+  codes.reserve(8);
   for (const int length : {3, 3, 3, 3, 3, 2, 4, 4}) {
     codes.push_back({0, static_cast<std::uint16_t>(length)});
   }
   AssignCodes(codes);
-  std::vector<int> bits;
-  for (const HuffmanCode code : codes) bits.push_back(code.bits);
+  std::vector<int> bits(codes.size());
+  std::transform(codes.begin(), codes.end(), bits.begin(),
+                 [](HuffmanCode code) { return code.bits; });
   EXPECT_EQ(bits, (std::vector<int>{0b010, 0b110, 0b001, 0b101, 0b011, 0b00, 0b0111, 0b1111}));
 }
 
