@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "tools/conversion.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <memory>
+#include <ostream>
+
+#include "tools/pdf_output.h"
+#include "tools/progress_line.h"
+#include "tools/ps_output.h"
+
+namespace vellumark::tools {
+namespace {
+
+constexpr const char* kFile = "document";
+
+/// The first title of the text, for the property.
+std::string FirstTitle(const std::vector<Block>& blocks) {
+  for (const Block& block : blocks) {
+    if (block.kind == BlockKind::Title) return PlainText(ParseInline(block.text));
+  }
+  return {};
+}
+
+std::string Utf8Name(char32_t character) {
+  std::array<char, 12> text{};
+  const int size =
+      std::snprintf(text.data(), text.size(), "U+%04X", static_cast<unsigned>(character));
+  return {text.data(), static_cast<std::size_t>(std::max(size, 0))};
+}
+
+void ReportMissing(const TypesetResult& result, std::ostream& notes) {
+  if (result.missing == 0) return;
+  const bool one = result.missing == 1;
+  notes << "vellumark: " << result.missing << (one ? " character is" : " characters are")
+        << " not in the fonts and " << (one ? "was" : "were")
+        << " set as \"?\"; first: " << Utf8Name(result.first_missing) << " at line "
+        << result.first_missing_place.line << ", column " << result.first_missing_place.column
+        << '\n';
+}
+
+std::unique_ptr<OutputFormat> MakeOutput(Format format, std::shared_ptr<Platform> platform) {
+  if (format == Format::Ps) return std::make_unique<PsOutput>(std::move(platform));
+  return std::make_unique<PdfOutput>(std::move(platform));
+}
+
+class Conversion {
+ public:
+  Conversion(const std::string& text, const Options& options)
+      : blocks_(ParseBlocks(text)),
+        options_(options),
+        progress_(static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'))) {
+    if (!options.title_given) options_.properties.title = FirstTitle(blocks_);
+  }
+
+  std::string Run(std::ostream& notes) {
+    std::string bytes;
+    try {
+      bytes = Attempt(options_.style);
+    } catch (const ObjectNumbersUsedUp&) {
+      if (!options_.style.justify) FailTooLong();
+      bytes = RunRagged(notes);
+    }
+    progress_.Clear();
+    ReportMissing(result_, notes);
+    return bytes;
+  }
+
+ private:
+  std::string RunRagged(std::ostream& notes) {
+    progress_.Clear();
+    notes << "vellumark: the text is too long to be justified (one document holds about 16,000 "
+             "justified words) and is set ragged\n";
+    TextStyle ragged = options_.style;
+    ragged.justify = false;
+    try {
+      return Attempt(ragged);
+    } catch (const ObjectNumbersUsedUp&) {
+      FailTooLong();
+    }
+  }
+
+  std::string Attempt(const TextStyle& style) {
+    auto platform = std::make_shared<MemoryPlatform>();
+    const std::unique_ptr<OutputFormat> output = MakeOutput(options_.format, platform);
+    Document& document = output->document();
+    output->SetProperties(options_.properties);
+    document.PaperSize(options_.paper);
+    document.Orientation(options_.orientation);
+    if (!document.Create(kFile)) throw Failure(document.LastRefusal().sentence);
+    result_ = {};
+    Typesetter(*output, measure_, style)
+        .Typeset(blocks_, result_,
+                 [this](int pages, std::size_t line) { progress_.Show(pages, line); });
+    document.Flush();
+    const Refusal refusal = document.LastRefusal();
+    if (refusal.reason != RefusalReason::None) throw Failure(refusal.sentence);
+    return platform->TakeFile(kFile);
+  }
+
+  [[noreturn]] void FailTooLong() const {
+    throw Failure("the text is too long for one document: it is full at line " +
+                  std::to_string(result_.line) + " of the input, after " +
+                  std::to_string(result_.pages) + " pages; split the input there");
+  }
+
+  std::vector<Block> blocks_;
+  Options options_;
+  ProgressLine progress_;
+  GlyphMeasure measure_;
+  TypesetResult result_;
+};
+
+}  // namespace
+
+std::string Convert(const std::string& text, const Options& options, std::ostream& notes) {
+  return Conversion(text, options).Run(notes);
+}
+
+}  // namespace vellumark::tools

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+//
+// Failure: what ends the program with exit status 2.
+//
+// Its text is the one sentence that the user reads after "vellumark: ": it names the file, option
+// or input line concerned and has no full stop.
+#pragma once
+
+#include <stdexcept>
+
+namespace vellumark::tools {
+
+class Failure : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+}  // namespace vellumark::tools

@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+#include "tools/line_composer.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace vellumark::tools {
+namespace {
+
+constexpr int kWidestGap = 1;  // added to a blank of a justified line, in ems
+
+void AppendRuns(const Word& word, int x, Line& line) {
+  std::int64_t offset = 0;
+  for (const Piece& piece : word.pieces) {
+    line.runs.push_back({x + ToPoints(offset), piece.face, piece.glyphs, piece.link});
+    offset += piece.width;
+  }
+}
+
+}  // namespace
+
+std::vector<Line> LineComposer::Compose(std::vector<Word> words) {
+  for (Word& word : words) {
+    const bool ends_line = word.ends_line;
+    if (ToPoints(word.width) > width_) {
+      AddBroken(std::move(word));
+    } else {
+      Add(std::move(word));
+    }
+    if (ends_line) EndLine(false);
+  }
+  EndLine(false);
+  return std::move(lines_);
+}
+
+/// The blank between two words is the narrower one of both: code has wide blanks of its own.
+std::int64_t LineComposer::Gap(const Word& before, const Word& behind) const {
+  return std::min(measure_.Width(before.pieces.back().face, " "),
+                  measure_.Width(behind.pieces.front().face, " "));
+}
+
+void LineComposer::Add(Word word) {
+  if (!draft_.words.empty() && !Takes(word)) EndLine(true);
+  if (!draft_.words.empty()) {
+    const Word& last = draft_.words.back();
+    const std::int64_t gap = Gap(last, word);
+    draft_.exact += gap;
+    draft_.rounded += ToPoints(last.width + gap);
+  }
+  draft_.exact += word.width;
+  draft_.words.push_back(std::move(word));
+}
+
+bool LineComposer::Takes(const Word& word) const {
+  const Word& last = draft_.words.back();
+  const std::int64_t gap = Gap(last, word);
+  const int rounded = draft_.rounded + ToPoints(last.width + gap) + ToPoints(word.width);
+  return rounded <= width_ && ToPoints(draft_.exact + gap + word.width) <= width_;
+}
+
+/// A word wider than the line starts a line of its own and is cut into as many as it takes.
+void LineComposer::AddBroken(Word word) {
+  if (!draft_.words.empty()) EndLine(true);
+  std::reverse(word.pieces.begin(), word.pieces.end());  // so that taking the first is cheap
+  while (ToPoints(word.width) > width_) {
+    Add(BreakOff(word));
+    EndLine(false);
+  }
+  std::reverse(word.pieces.begin(), word.pieces.end());
+  if (!word.pieces.empty()) Add(std::move(word));
+}
+
+/// Takes a line's width off a word whose pieces are in reverse order.
+Word LineComposer::BreakOff(Word& word) const {
+  Word head;
+  const std::int64_t room = std::int64_t{width_} * 1000;
+  while (!word.pieces.empty() && head.width + word.pieces.back().width <= room) {
+    head.width += word.pieces.back().width;
+    head.pieces.push_back(std::move(word.pieces.back()));
+    word.pieces.pop_back();
+  }
+  word.width -= head.width;
+  if (word.pieces.empty()) return head;
+  Piece& rest = word.pieces.back();
+  std::size_t count = FittingGlyphs(rest, room - head.width);
+  if (count == 0 && head.pieces.empty()) count = 1;
+  if (count == 0) return head;
+  Piece taken{rest.face, rest.glyphs.Part(0, count), rest.link, 0};
+  taken.width = measure_.Width(taken.face, taken.glyphs.codes);
+  rest.glyphs = rest.glyphs.Part(count, std::string::npos);
+  rest.width -= taken.width;
+  word.width -= taken.width;
+  head.width += taken.width;
+  head.pieces.push_back(std::move(taken));
+  return head;
+}
+
+/// How many glyphs fit; of an address and its like, up to a slash or another joint if one stands in
+/// the second half.
+std::size_t LineComposer::FittingGlyphs(const Piece& piece, std::int64_t room) const {
+  const std::string& codes = piece.glyphs.codes;
+  std::size_t count = 0;
+  for (std::int64_t used = 0; count < codes.size(); ++count) {
+    used += measure_.Width(piece.face, std::string_view(codes).substr(count, 1));
+    if (used > room) break;
+  }
+  if (count == codes.size() || count == 0) return count;
+  const std::size_t joint = codes.find_last_of("/-_.?&=\\", count - 1);
+  return joint != std::string::npos && joint + 1 > count / 2 ? joint + 1 : count;
+}
+
+void LineComposer::EndLine(bool may_justify) {
+  if (draft_.words.empty()) return;
+  bool justified = justify_ && may_justify && draft_.words.size() > 1;
+  if (justified) {
+    const Word& last = draft_.words.back();
+    const int spare = width_ - draft_.rounded - ToPoints(last.width);
+    const auto gaps = static_cast<int>(draft_.words.size()) - 1;
+    justified = spare <= gaps * kWidestGap * last.pieces.back().face.size;
+  }
+  lines_.push_back(justified ? Justified() : Natural());
+  draft_ = {};
+}
+
+Line LineComposer::Natural() const {
+  Line line;
+  std::int64_t offset = 0;
+  const Word* before = nullptr;
+  for (const Word& word : draft_.words) {
+    if (before != nullptr) offset += Gap(*before, word);
+    for (const Piece& piece : word.pieces) {
+      Run* const last = line.runs.empty() ? nullptr : &line.runs.back();
+      if (last != nullptr && last->face == piece.face && last->link == piece.link) {
+        if (before != nullptr && &piece == &word.pieces.front()) last->glyphs.codes += ' ';
+        last->glyphs.Append(piece.glyphs);
+      } else {
+        line.runs.push_back({ToPoints(offset), piece.face, piece.glyphs, piece.link});
+      }
+      offset += piece.width;
+    }
+    before = &word;
+  }
+  return line;
+}
+
+Line LineComposer::Justified() const {
+  const auto gaps = static_cast<int>(draft_.words.size()) - 1;
+  const int spare = width_ - draft_.rounded - ToPoints(draft_.words.back().width);
+  const int each = spare / gaps;
+  int extra = spare % gaps;
+  Line line;
+  int x = 0;
+  const Word* before = nullptr;
+  for (const Word& word : draft_.words) {
+    if (before != nullptr) {
+      x += ToPoints(before->width + Gap(*before, word)) + each + (extra > 0 ? 1 : 0);
+      --extra;
+    }
+    AppendRuns(word, x, line);
+    before = &word;
+  }
+  return line;
+}
+
+}  // namespace vellumark::tools

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+//
+// LineComposer: words to lines.
+//
+// A line takes as many words as fit; a word that is wider than the line is broken. Unjustified,
+// neighbours of one look become one run, so that a plain line is a single piece of text. Justified,
+// each word is a run of its own: the room left over is shared out among the gaps in whole points,
+// one more to the first gaps as far as it goes, so that the last word ends at the right edge. The
+// last line, a line that ends where the text says so, and one whose gaps would grow by more than an
+// em are not justified.
+//
+//     for (const Line& line : LineComposer(measure, width, true).Compose(words)) ...
+//
+// Positions are whole points from the line's left edge. No run ends right of the width, neither by
+// exact measure nor by the library's, which rounds every run.
+#pragma once
+
+#include <vector>
+
+#include "tools/words.h"
+
+namespace vellumark::tools {
+
+struct Run {
+  int x = 0;
+  Face face;
+  GlyphRun glyphs;
+  std::size_t link = 0;
+};
+
+struct Line {
+  std::vector<Run> runs;
+};
+
+class LineComposer {
+ public:
+  /// `width` in points; wide enough for any single glyph.
+  LineComposer(GlyphMeasure& measure, int width, bool justify)
+      : measure_(measure), width_(width), justify_(justify) {}
+
+  [[nodiscard]] std::vector<Line> Compose(std::vector<Word> words);
+
+ private:
+  /// The words of a line, and how wide they are side by side.
+  struct Draft {
+    std::vector<Word> words;
+    std::int64_t exact = 0;  // in 1/1000 point, with the gaps, without a blank at the end
+    int rounded = 0;         // in points, each word rounded with the blank behind it
+  };
+
+  [[nodiscard]] std::int64_t Gap(const Word& before, const Word& behind) const;
+  [[nodiscard]] bool Takes(const Word& word) const;
+  [[nodiscard]] Word BreakOff(Word& word) const;
+  [[nodiscard]] std::size_t FittingGlyphs(const Piece& piece, std::int64_t room) const;
+  void Add(Word word);
+  void AddBroken(Word word);
+  void EndLine(bool may_justify);
+  [[nodiscard]] Line Natural() const;
+  [[nodiscard]] Line Justified() const;
+
+  GlyphMeasure& measure_;
+  int width_;
+  bool justify_;
+  Draft draft_;
+  std::vector<Line> lines_;
+};
+
+}  // namespace vellumark::tools

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+//
+// vellumark INPUT -o OUTPUT.pdf: typesets a text file with light Markdown.
+//
+// Reads, converts and writes, in this order: nothing stands under the output's name until the
+// document is finished. Exit status 0 or 2; see tools/options.h and docs/command-line.md.
+#include <exception>
+#include <iostream>
+#include <new>
+#include <optional>
+#include <string>
+
+#include "tools/conversion.h"
+#include "tools/failure.h"
+#include "tools/input_text.h"
+#include "tools/options.h"
+#include "tools/output_file.h"
+
+namespace {
+
+constexpr int kFailed = 2;
+
+int Run(int argc, const char* const* argv) {
+  using namespace vellumark::tools;
+  const std::optional<Options> options = ParseOptions(argc, argv);
+  if (!options) return 0;
+  const OutputFile output(options->output, options->input);
+  const std::string text = ReadInput(options->input);
+  output.Write(Convert(text, *options, std::cerr));
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return Run(argc, argv);
+  } catch (const std::bad_alloc&) {
+    std::cerr << "vellumark: out of memory\n";
+  } catch (const std::exception& error) {
+    std::cerr << "vellumark: " << error.what() << '\n';
+  }
+  return kFailed;
+}

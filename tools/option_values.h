@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+//
+// The words that option values may be, and what they stand for. Case does not matter.
+//
+// Each function answers nothing for a text that is no such value; the lists are for help and error
+// messages.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "tools/output_format.h"
+#include "tools/page_writer.h"
+#include "vellumark/vellumark.h"
+
+namespace vellumark::tools {
+
+inline constexpr std::string_view kPaperNames =
+    "a3, a4, a5, executive, folio, ledger, legal, letter, tabloid";
+inline constexpr std::string_view kOrientationNames = "portrait, landscape";
+inline constexpr std::string_view kFormatNames = "pdf, ps";
+inline constexpr std::string_view kFontNames = "courier, helvetica, times";
+inline constexpr std::string_view kColorNames =
+    "white, ivory, beige, cream, linen, snow, silver, lightgray, lightyellow, lightblue, "
+    "lightgreen, pink";
+
+[[nodiscard]] std::optional<PaperSizeConstants> ParsePaper(std::string_view name);
+[[nodiscard]] std::optional<OrientationConstants> ParseOrientation(std::string_view name);
+[[nodiscard]] std::optional<Format> ParseFormat(std::string_view name);
+[[nodiscard]] std::optional<FontNumberConstants> ParseFont(std::string_view name);
+
+/// A name or "#rrggbb".
+[[nodiscard]] std::optional<Rgb> ParseColor(std::string_view text);
+
+/// "72" for all four, or "left,top,right,bottom"; whole points from 0 to 2000.
+[[nodiscard]] std::optional<Margins> ParseMargins(std::string_view text);
+
+/// A whole number from `least` to `most`, digits only.
+[[nodiscard]] std::optional<int> ParseNumber(std::string_view text, int least, int most);
+
+}  // namespace vellumark::tools

@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+#include "tools/options.h"
+
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <functional>
+#include <iostream>
+#include <sstream>
+#include <string_view>
+
+#include "tools/failure.h"
+#include "tools/option_values.h"
+#include "tools/type_scale.h"
+#include "tools/utf8_text.h"
+
+namespace vellumark::tools {
+namespace {
+
+constexpr std::string_view kFooter =
+    "Exit status: 0 when the document was written, 2 when it was not, with one line on standard\n"
+    "error that says why.";
+
+/// Options as typed, before their values are looked at. The texts are the defaults.
+struct RawOptions {
+  std::string paper = "a4";
+  std::string orientation = "portrait";
+  std::string margins = "64";
+  std::string font = "times";
+  std::string size = "11";
+  std::string page_color = "white";
+  std::string format;
+};
+
+std::string OneOf(std::string_view what, std::string_view names) {
+  return std::string(what) + ": " + std::string(names);
+}
+
+/// Help in lines that fit beside the options' names.
+std::string Wrapped(const std::string& help) {
+  constexpr std::size_t kColumns = 70;
+  std::string wrapped;
+  std::size_t column = 0;
+  std::istringstream words(help);
+  for (std::string word; words >> word; column += word.size()) {
+    const bool fits = column + 1 + word.size() <= kColumns;
+    if (!wrapped.empty()) wrapped += fits ? ' ' : '\n';
+    column = fits ? column + 1 : 0;
+    wrapped += word;
+  }
+  return wrapped;
+}
+
+void AddLayoutOptions(CLI::App& app, RawOptions& raw, Options& options) {
+  const auto add = [&app](const char* name, std::string& value, const std::string& help,
+                          const char* type) {
+    app.add_option(name, value, Wrapped(help + " [default: " + value + "]"))->type_name(type);
+  };
+  app.add_option("--format", raw.format,
+                 Wrapped(OneOf("Format of the output", kFormatNames) +
+                         " [default: by the ending of the output, else pdf]"))
+      ->type_name("NAME");
+  add("--paper", raw.paper, OneOf("Paper size", kPaperNames), "NAME");
+  add("--orientation", raw.orientation, OneOf("How the paper lies", kOrientationNames), "NAME");
+  add("--margins", raw.margins,
+      "Margins in points (1/72 inch), one number or LEFT,TOP,RIGHT,BOTTOM", "POINTS");
+  add("--page-color", raw.page_color, OneOf("Colour of the page, #rrggbb or", kColorNames),
+      "COLOR");
+  add("--font", raw.font, OneOf("Font of text and titles", kFontNames), "NAME");
+  add("--size", raw.size, "Size of the text in points, 8 to 72", "POINTS");
+  bool& justify = options.style.justify;
+  app.add_flag_callback(
+      "--justify", [&justify] { justify = true; }, "Set paragraphs flush on both sides [default]");
+  app.add_flag_callback(
+      "--no-justify", [&justify] { justify = false; }, "Set paragraphs ragged on the right");
+}
+
+void AddPropertyOptions(CLI::App& app, Options& options) {
+  const auto add = [&app](const char* name, std::string& value, const std::string& help,
+                          const std::string& standard) {
+    app.add_option(name, value, Wrapped(help + " [default: " + standard + "]"))->type_name("TEXT");
+  };
+  Properties& properties = options.properties;
+  add("--title", properties.title, "Title property", "the first title of the text");
+  add("--author", properties.author, "Author property", "none");
+  add("--creator", properties.creator, "Creator property, the origin of the text",
+      properties.creator);
+  add("--producer", properties.producer, "Producer property", properties.producer);
+  add("--subject", properties.subject, "Subject property", "none");
+  add("--keywords", properties.keywords, "Keywords property", "none");
+}
+
+template <typename Value>
+Value Taken(const std::optional<Value>& value, const std::string& option, const std::string& typed,
+            std::string_view expected) {
+  if (value) return *value;
+  throw Failure(option + ": \"" + typed + "\" is none of: " + std::string(expected));
+}
+
+void TakeValues(const RawOptions& raw, Options& options) {
+  options.paper = Taken(ParsePaper(raw.paper), "--paper", raw.paper, kPaperNames);
+  options.orientation =
+      Taken(ParseOrientation(raw.orientation), "--orientation", raw.orientation, kOrientationNames);
+  TextStyle& style = options.style;
+  style.font = Taken(ParseFont(raw.font), "--font", raw.font, kFontNames);
+  style.page.page_color = Taken(ParseColor(raw.page_color), "--page-color", raw.page_color,
+                                OneOf("#rrggbb", kColorNames));
+  const auto margins = ParseMargins(raw.margins);
+  if (!margins) {
+    throw Failure("--margins: \"" + raw.margins +
+                  "\" is neither one nor four (LEFT,TOP,RIGHT,BOTTOM) whole numbers up to 2000");
+  }
+  style.page.margins = *margins;
+  const auto size = ParseNumber(raw.size, kSmallestSize, kLargestSize);
+  if (!size) throw Failure("--size: \"" + raw.size + "\" is no whole number from 8 to 72");
+  style.size = *size;
+}
+
+void CheckTexts(const Properties& properties) {
+  for (const std::string* text :
+       {&properties.title, &properties.author, &properties.creator, &properties.producer,
+        &properties.subject, &properties.keywords}) {
+    if (FirstInvalidByte(*text)) throw Failure("a property on the command line is not UTF-8");
+  }
+}
+
+/// Settles format and output; each follows from the other where only one was given.
+void TakeOutput(const RawOptions& raw, bool output_given, Options& options) {
+  if (!raw.format.empty()) {
+    options.format = Taken(ParseFormat(raw.format), "--format", raw.format, kFormatNames);
+  } else if (output_given && std::filesystem::path(options.output).extension() == ".ps") {
+    options.format = Format::Ps;
+  }
+  if (output_given) return;
+  if (options.input == "-") throw Failure("reading standard input needs an output: -o FILE");
+  std::filesystem::path path(options.input);
+  const char* const ending = options.format == Format::Ps ? ".ps" : ".pdf";
+  if (path.extension() == ending) {
+    throw Failure(options.input + " would be written over: name another output with -o");
+  }
+  options.output = path.replace_extension(ending).string();
+}
+
+}  // namespace
+
+std::optional<Options> ParseOptions(int argc, const char* const* argv) {
+  Options options;
+  options.properties.creator = "vellumark";
+  options.properties.producer = "Vellumark " VELLUMARK_VERSION;
+  RawOptions raw;
+  CLI::App app("Typesets a text file with light Markdown as a PDF or PostScript document.",
+               "vellumark");
+  app.footer(std::string(kFooter));
+  app.set_version_flag("--version", "vellumark " VELLUMARK_VERSION, "Print the version and exit");
+  app.set_help_flag("-h,--help", "Print this help and exit");
+  app.add_option("INPUT", options.input, "Text file in UTF-8; - reads standard input")
+      ->required()
+      ->type_name(" ");
+  app.add_option("-o,--output", options.output,
+                 "File to write; - is standard output\n[default: INPUT with the ending .pdf or "
+                 ".ps, beside it]")
+      ->type_name("FILE");
+  AddLayoutOptions(app, raw, options);
+  AddPropertyOptions(app, options);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::Success& answered) {
+    app.exit(answered, std::cout, std::cerr);
+    return std::nullopt;
+  } catch (const CLI::ParseError& error) {
+    throw Failure(std::string(error.what()) + "; see vellumark --help");
+  }
+  TakeValues(raw, options);
+  CheckTexts(options.properties);
+  options.title_given = app.count("--title") > 0;
+  TakeOutput(raw, app.count("--output") > 0, options);
+  return options;
+}
+
+}  // namespace vellumark::tools

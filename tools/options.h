@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+//
+// The command line.
+//
+//     const std::optional<Options> options = ParseOptions(argc, argv);
+//     if (!options) return 0;          // --help or --version was answered
+//
+// Unknown options and values throw Failure, which names the option and what it takes.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "tools/output_format.h"
+#include "tools/typesetter.h"
+
+namespace vellumark::tools {
+
+struct Options {
+  Format format = Format::Pdf;
+  std::string input;   ///< a file name, or "-" for standard input
+  std::string output;  ///< a file name, or "-" for standard output
+  PaperSizeConstants paper = PaperSizeConstants::A4;
+  OrientationConstants orientation = OrientationConstants::Portrait;
+  TextStyle style;
+  Properties properties;
+  bool title_given = false;  ///< else the title is the text's first heading
+};
+
+[[nodiscard]] std::optional<Options> ParseOptions(int argc, const char* const* argv);
+
+}  // namespace vellumark::tools

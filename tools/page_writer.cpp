@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+#include "tools/page_writer.h"
+
+#include <algorithm>
+#include <string>
+
+namespace vellumark::tools {
+namespace {
+
+constexpr int kFooter = 20;        // the library's footer and some air
+constexpr int kNarrowest = 120;    // the footer must fit
+constexpr int kMostInset = 48;     // more than the widest escaped glyph, 0.6 em of 72 points
+constexpr int kLinesPerPage = 3;   // of the largest text, at least
+constexpr int kGlyphsPerLine = 6;  // of the largest text, at least
+constexpr Rgb kTextColor{0, 0, 0};
+constexpr Rgb kLinkColor{0, 0, 176};
+constexpr Rgb kRuleColor{128, 128, 128};
+
+std::int16_t Coordinate(int value) { return static_cast<std::int16_t>(value); }
+
+void SetColor(Document& document, Rgb color) {
+  document.SetColor(color.red, color.green, color.blue);
+}
+
+[[noreturn]] void RefuseMargins(int width, int height, int least_width, int least_height) {
+  const auto size = [](int across, int down) {
+    return std::to_string(std::max(across, 0)) + " x " + std::to_string(std::max(down, 0));
+  };
+  throw Failure("the margins leave " + size(width, height) +
+                " points of the page for text, at least " + size(least_width, least_height) +
+                " are needed");
+}
+
+}  // namespace
+
+PageWriter::PageWriter(OutputFormat& output, GlyphMeasure& measure, const PageSetup& setup)
+    : output_(output), measure_(measure), outer_(setup.margins), page_color_(setup.page_color) {
+  std::int16_t page_width = 0;
+  std::int16_t page_height = 0;
+  output_.document().GetPageDimensions(page_width, page_height);
+  const Margins& margins = setup.margins;
+  // Where the margins are too small to stand back, the text does.
+  const int overhang = setup.largest_size * 6 / 10 + 2;
+  inset_x_ = std::min({margins.left, margins.right, kMostInset});
+  inset_y_ = std::min(margins.top, kMostInset);
+  width_ = page_width - margins.left - margins.right - std::max(overhang - inset_x_, 0);
+  height_ = page_height - margins.top - margins.bottom - kFooter;
+  const int least_width = std::max(kNarrowest, kGlyphsPerLine * setup.largest_size);
+  const int least_height = kLinesPerPage * setup.largest_size;
+  if (width_ < least_width || height_ < least_height) {
+    RefuseMargins(width_, height_, least_width, least_height);
+  }
+  outer_.left -= inset_x_;
+  outer_.right -= inset_x_;
+  outer_.top -= inset_y_;
+  outer_width_ = page_width - outer_.left - outer_.right;
+  NewPage();
+}
+
+void PageWriter::NewPage() {
+  Document& document = output_.document();
+  document.NewPage(Coordinate(outer_.left), Coordinate(outer_.top), Coordinate(outer_.right),
+                   Coordinate(outer_.bottom), page_color_.red, page_color_.green, page_color_.blue);
+  Check(document.LastRefusal().reason == RefusalReason::None);
+  y_ = 0;
+  ++pages_;
+}
+
+void PageWriter::WriteLine(const Line& line, const std::vector<std::string>& links, int x,
+                           int size) {
+  for (const Run& run : line.runs) {
+    WriteRun(run, run.link == 0 ? std::string_view() : links[run.link - 1], x,
+             size - run.face.size);
+  }
+}
+
+void PageWriter::WriteTitleLine(const Line& line, const std::vector<std::string>& links, int x,
+                                int size, BulletConstants bullet) {
+  if (line.runs.empty()) return;
+  const int behind_bullet = size - 1;
+  const Run& first = line.runs.front();
+  const std::vector<Stroke> strokes = Split(first, x + behind_bullet);
+  const std::string_view link = first.link == 0 ? std::string_view() : links[first.link - 1];
+  SetColor(output_.document(), first.link == 0 ? kTextColor : kLinkColor);
+  for (const Stroke& stroke : strokes) {
+    const bool opening = &stroke == &strokes.front();
+    Stroke placed = stroke;
+    if (opening) placed.x = x + inset_x_;
+    Place(placed, first, size - first.face.size);
+    const std::string_view stroke_link = stroke.linked ? link : std::string_view();
+    Check(opening ? output_.WriteTitle(stroke.codes, bullet, stroke_link)
+                  : output_.WriteText(stroke.codes, stroke_link));
+  }
+  const Line rest{{line.runs.begin() + 1, line.runs.end()}};
+  WriteLine(rest, links, x + behind_bullet, size);
+}
+
+void PageWriter::WriteRule(int x, int below) {
+  Document& document = output_.document();
+  SetColor(document, kRuleColor);
+  const std::int16_t y = Coordinate(inset_y_ + y_ + below);
+  Check(document.DrawLine(Coordinate(inset_x_ + x), y, Coordinate(inset_x_ + width_), y));
+}
+
+void PageWriter::WriteRun(const Run& run, std::string_view link, int x, int below) {
+  SetColor(output_.document(), run.link == 0 ? kTextColor : kLinkColor);
+  for (const Stroke& stroke : Split(run, x)) {
+    Place(stroke, run, below);
+    Check(output_.WriteText(stroke.codes, stroke.linked ? link : std::string_view()));
+  }
+}
+
+/// Sets font and position for a stroke whose x is the library's.
+void PageWriter::Place(const Stroke& stroke, const Run& run, int below) {
+  Document& document = output_.document();
+  document.SetFont(run.face.family, run.face.size, run.face.style,
+                   FontEffectConstants::NoFontEffect);
+  const int y = std::max(inset_y_ + y_ + below - stroke.rise, 0);
+  document.SetPosition(Coordinate(stroke.x), Coordinate(y));
+}
+
+std::vector<Stroke> PageWriter::Split(const Run& run, int x) {
+  Run placed = run;
+  placed.x += x + inset_x_;
+  return SplitRun(placed, {0, outer_width_, &output_}, measure_);
+}
+
+void PageWriter::Check(bool done) {
+  if (done) return;
+  const Refusal refusal = output_.document().LastRefusal();
+  if (refusal.reason == RefusalReason::NoObjectNumbersLeft) {
+    throw ObjectNumbersUsedUp(refusal.sentence);
+  }
+  throw Failure("the document refused a text: " + refusal.sentence);
+}
+
+}  // namespace vellumark::tools
