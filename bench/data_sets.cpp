@@ -28,12 +28,12 @@ class Random {
 };
 
 std::vector<std::string> MakeWords(Random& random, std::size_t count) {
-  constexpr std::array<std::string_view, 20> kOnsets = {"b", "br", "c",  "d", "f", "g",  "h",
-                                                        "l", "m",  "n",  "p", "r", "s",  "st",
+  constexpr std::array<std::string_view, 20> kOnsets = {"b", "br", "c",  "d", "f", "g", "h",
+                                                        "l", "m",  "n",  "p", "r", "s", "st",
                                                         "t", "th", "tr", "v", "w", "wh"};
   constexpr std::array<std::string_view, 8> kVowels = {"a", "e", "i", "o", "u", "ea", "ou", "e"};
-  constexpr std::array<std::string_view, 10> kCodas = {"", "n", "r", "s", "t", "d", "l", "", "ng",
-                                                       "st"};
+  constexpr std::array<std::string_view, 10> kCodas = {"",  "n", "r", "s",  "t",
+                                                       "d", "l", "",  "ng", "st"};
   std::vector<std::string> words;
   for (std::size_t i = 0; i < count; ++i) {
     std::string word;
@@ -107,8 +107,8 @@ void DrawWindow(Canvas& canvas, Random& random, const std::vector<Glyph>& font) 
     if (striped && (line / 14) % 2 == 0) canvas.Fill(x + 2, line - 2, width - 4, 14, 13);
     if (random.Below(8) == 0) continue;
     const auto text_width = static_cast<std::uint32_t>(right - x);
-    DrawTextLine(canvas, random, font, x + 8, line,
-                 x + random.Between(text_width / 3, text_width), 0);
+    DrawTextLine(canvas, random, font, x + 8, line, x + random.Between(text_width / 3, text_width),
+                 0);
   }
 }
 
@@ -147,18 +147,21 @@ DataSet Photo(std::size_t size) {
     std::array<double, 3> colour;
   };
   std::vector<Blob> blobs;
+  blobs.reserve(40);
   const double height = static_cast<double>(size) / 3 / kWidth;
   for (int i = 0; i < 40; ++i) {
-    blobs.push_back({static_cast<double>(random.Below(kWidth)), random.Below(1000) * height / 1000,
-                     static_cast<double>(random.Between(40, 400)),
-                     {random.Below(256) - 128.0, random.Below(256) - 128.0,
-                      random.Below(256) - 128.0}});
+    blobs.push_back(
+        {static_cast<double>(random.Below(kWidth)),
+         random.Below(1000) * height / 1000,
+         static_cast<double>(random.Between(40, 400)),
+         {random.Below(256) - 128.0, random.Below(256) - 128.0, random.Below(256) - 128.0}});
   }
   std::vector<std::uint8_t> bytes;
   bytes.reserve(size + 3);
   for (std::size_t pixel = 0; bytes.size() < size; ++pixel) {
     const auto x = static_cast<double>(pixel % kWidth);
-    const auto y = static_cast<double>(pixel / kWidth);
+    const std::size_t row = pixel / kWidth;
+    const auto y = static_cast<double>(row);
     std::array<double, 3> colour = {110 + 90 * y / height, 120 + 60 * x / kWidth, 150};
     for (const Blob& blob : blobs) {
       const double dx = (x - blob.x) / blob.radius;

@@ -24,8 +24,3 @@ if(VELLUMARK_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
-
-# The fuzzers look for inputs that reach new code of the library.
-if(VELLUMARK_FUZZ)
-  add_compile_options(-fsanitize=fuzzer-no-link)
-endif()

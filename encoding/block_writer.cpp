@@ -41,45 +41,66 @@ std::size_t CodedBits(std::span<const std::uint16_t> frequencies,
   return bits;
 }
 
-// A code together with the extra bits that follow it, ready to be put as one number.
-struct SendBits {
+// What a literal or a match length is sent as: code and extra bits as one number, and their count.
+struct FirstBits {
   std::uint32_t bits;
   std::uint32_t count;
 };
+using FirstTable = std::array<FirstBits, Symbol::kFirsts>;
 
-// What each match length is sent as.
-using LengthTable = std::array<SendBits, format::kMaxMatch + 1>;
-
-LengthTable MakeLengthTable(std::span<const HuffmanCode> literal_lengths) {
-  LengthTable table;
-  for (std::uint32_t length = format::kMinMatch; length <= format::kMaxMatch; ++length) {
+FirstTable MakeFirstTable(std::span<const HuffmanCode> codes) {
+  FirstTable table;
+  for (std::size_t byte = 0; byte < 256; ++byte) {
+    table[byte] = {codes[byte].bits, codes[byte].length};
+  }
+  for (std::uint32_t length = format::kMinMatch; length <= std::uint32_t{format::kMaxMatch};
+       ++length) {
     const unsigned code = format::LengthCode(length);
-    const HuffmanCode huffman = literal_lengths[format::kFirstLengthSymbol + code];
+    const HuffmanCode huffman = codes[format::kFirstLengthSymbol + code];
     const std::uint32_t extra = length - format::kLengthBase[code];
-    table[length] = {
-        huffman.bits | extra << huffman.length,
-        huffman.length + static_cast<unsigned>(format::LengthExtraBits(static_cast<int>(code)))};
+    const auto extra_bits =
+        static_cast<std::uint32_t>(format::LengthExtraBits(static_cast<int>(code)));
+    table[256 + length - format::kMinMatch] = {huffman.bits | extra << huffman.length,
+                                               huffman.length + extra_bits};
+  }
+  return table;
+}
+
+// What a distance code is sent as, and how many bits it takes with its extra bits. A literal's
+// missing distance takes none, so that literals and matches are sent alike, without a branch.
+struct DistanceBits {
+  std::uint16_t bits;
+  std::uint8_t count;
+  std::uint8_t total_count;
+};
+using DistanceTable = std::array<DistanceBits, Symbol::kNoDistance + 1>;
+
+DistanceTable MakeDistanceTable(std::span<const HuffmanCode> codes) {
+  DistanceTable table{};
+  for (std::size_t code = 0; code < codes.size(); ++code) {
+    const int extra_bits = format::DistanceExtraBits(static_cast<int>(code));
+    table[code] = {codes[code].bits, static_cast<std::uint8_t>(codes[code].length),
+                   static_cast<std::uint8_t>(codes[code].length + extra_bits)};
   }
   return table;
 }
 
 }  // namespace
 
-void BlockWriter::Write(std::span<const Symbol> symbols,
+void BlockWriter::Write(const SymbolBuffer& symbols,
                         std::optional<std::span<const std::uint8_t>> bytes, bool is_final) {
-  CountFrequencies(symbols);
   const std::size_t literal_lengths =
-      BuildCodeLengths(literal_length_frequencies_, format::kMaxCodeLength, literal_length_codes_);
+      BuildCodeLengths(symbols.LiteralLengths(), format::kMaxCodeLength, literal_length_codes_);
   const std::size_t distances =
-      BuildCodeLengths(distance_frequencies_, format::kMaxCodeLength, distance_codes_);
+      BuildCodeLengths(symbols.Distances(), format::kMaxCodeLength, distance_codes_);
   const TreeDescription description{std::span{literal_length_codes_}.first(literal_lengths),
                                     std::span{distance_codes_}.first(distances)};
 
-  const auto size_under = [this](std::span<const HuffmanCode> literal_length_codes,
-                                 std::span<const HuffmanCode> distance_codes) {
-    return CodedBits(literal_length_frequencies_, literal_length_codes,
+  const auto size_under = [&symbols](std::span<const HuffmanCode> literal_length_codes,
+                                     std::span<const HuffmanCode> distance_codes) {
+    return CodedBits(symbols.LiteralLengths(), literal_length_codes,
                      format::LiteralLengthExtraBits) +
-           CodedBits(distance_frequencies_, distance_codes, format::DistanceExtraBits);
+           CodedBits(symbols.Distances(), distance_codes, format::DistanceExtraBits);
   };
   // Whole bytes with the block's three header bits.
   const std::size_t dynamic_size =
@@ -96,33 +117,18 @@ void BlockWriter::Write(std::span<const Symbol> symbols,
   } else if (fixed_size == coded_size) {
     bits_.Reserve(fixed_size);
     WriteHeader(format::BlockType::Fixed, is_final);
-    WriteSymbols(symbols, kFixedLiteralLengthCodes, kFixedDistanceCodes);
+    WriteSymbols(symbols.Symbols(), kFixedLiteralLengthCodes, kFixedDistanceCodes);
   } else {
     bits_.Reserve(dynamic_size);
     WriteHeader(format::BlockType::Dynamic, is_final);
     description.Write(bits_);
     AssignCodes(literal_length_codes_);
     AssignCodes(distance_codes_);
-    WriteSymbols(symbols, literal_length_codes_, distance_codes_);
+    WriteSymbols(symbols.Symbols(), literal_length_codes_, distance_codes_);
   }
   if (is_final) {
     bits_.AlignToByte();
     bits_.Finish();
-  }
-}
-
-void BlockWriter::CountFrequencies(std::span<const Symbol> symbols) {
-  literal_length_frequencies_.fill(0);
-  distance_frequencies_.fill(0);
-  literal_length_frequencies_[format::kEndOfBlock] = 1;
-  for (const Symbol symbol : symbols) {
-    if (symbol.IsLiteral()) {
-      ++literal_length_frequencies_[symbol.Byte()];
-    } else {
-      ++literal_length_frequencies_[format::kFirstLengthSymbol +
-                                    format::LengthCode(symbol.Length())];
-      ++distance_frequencies_[format::DistanceCode(symbol.Distance())];
-    }
   }
 }
 
@@ -143,21 +149,14 @@ void BlockWriter::WriteStored(std::span<const std::uint8_t> bytes) {
 void BlockWriter::WriteSymbols(std::span<const Symbol> symbols,
                                std::span<const HuffmanCode> literal_lengths,
                                std::span<const HuffmanCode> distances) {
-  const LengthTable lengths = MakeLengthTable(literal_lengths);
+  const FirstTable first_table = MakeFirstTable(literal_lengths);
+  const DistanceTable distance_table = MakeDistanceTable(distances);
   BitWriter bits = bits_;
   for (const Symbol symbol : symbols) {
-    if (symbol.IsLiteral()) {
-      const HuffmanCode code = literal_lengths[symbol.Byte()];
-      bits.Put(code.bits, code.length);
-    } else {
-      const SendBits length = lengths[symbol.Length()];
-      const unsigned distance_code = format::DistanceCode(symbol.Distance());
-      const HuffmanCode distance = distances[distance_code];
-      bits.Put(length.bits, length.count);
-      bits.Put(distance.bits, distance.length);
-      bits.Put(symbol.Distance() - format::kDistanceBase[distance_code],
-               static_cast<unsigned>(format::DistanceExtraBits(static_cast<int>(distance_code))));
-    }
+    const FirstBits first = first_table[symbol.First()];
+    const DistanceBits distance = distance_table[symbol.DistanceCode()];
+    bits.Put(first.bits, first.count);
+    bits.Put(distance.bits | symbol.DistanceExtra() << distance.count, distance.total_count);
     bits.Flush();
   }
   const HuffmanCode end = literal_lengths[format::kEndOfBlock];

@@ -28,19 +28,16 @@ class BlockWriter {
 
   /// Writes one block. `bytes` are the input bytes that the symbols stand for; without them the
   /// block is never stored. After the final block the output is complete.
-  void Write(std::span<const Symbol> symbols, std::optional<std::span<const std::uint8_t>> bytes,
+  void Write(const SymbolBuffer& symbols, std::optional<std::span<const std::uint8_t>> bytes,
              bool is_final);
 
  private:
-  void CountFrequencies(std::span<const Symbol> symbols);
+  void WriteHeader(format::BlockType type, bool is_final);
   void WriteStored(std::span<const std::uint8_t> bytes);
   void WriteSymbols(std::span<const Symbol> symbols, std::span<const HuffmanCode> literal_lengths,
                     std::span<const HuffmanCode> distances);
-  void WriteHeader(format::BlockType type, bool is_final);
 
   BitWriter bits_;
-  std::array<std::uint16_t, format::kLiteralLengthCodes> literal_length_frequencies_;
-  std::array<std::uint16_t, format::kDistanceCodes> distance_frequencies_;
   std::array<HuffmanCode, format::kLiteralLengthCodes> literal_length_codes_;
   std::array<HuffmanCode, format::kDistanceCodes> distance_codes_;
 };

@@ -43,16 +43,13 @@ void StoreLittleEndian(std::uint8_t* to, Number value) {
 }
 
 /// Counts the equal bytes at the front of `a` and `b`, at most `limit`; reads no byte past it.
-inline std::uint32_t CountEqualBytes(const std::uint8_t* a, const std::uint8_t* b,
-                                     std::uint32_t limit) {
-  std::uint32_t count = 0;
-  while (count + 8 <= limit) {
+inline std::int32_t CountEqualBytes(const std::uint8_t* a, const std::uint8_t* b,
+                                    std::int32_t limit) {
+  std::int32_t count = 0;
+  for (; count + 8 <= limit; count += 8) {
     const std::uint64_t difference =
         LoadLittleEndian<std::uint64_t>(a + count) ^ LoadLittleEndian<std::uint64_t>(b + count);
-    if (difference != 0) {
-      return count + static_cast<std::uint32_t>(std::countr_zero(difference)) / 8;
-    }
-    count += 8;
+    if (difference != 0) return count + std::countr_zero(difference) / 8;
   }
   while (count < limit && a[count] == b[count]) ++count;
   return count;

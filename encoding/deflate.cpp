@@ -4,11 +4,17 @@
 #include <memory>
 
 #include "encoding/bit_writer.h"
-#include "encoding/compressor.h"
 #include "encoding/encoded_output.h"
+#include "encoding/greedy_parser.h"
+#include "encoding/lazy_parser.h"
 #include "encoding/level_parameters.h"
 
 namespace vellumark::encoding {
+namespace {
+
+constexpr std::size_t kMostMemory = std::size_t{460} * 1024;
+
+}  // namespace
 
 bool Deflate::Encode(std::int32_t input_size, std::span<const std::uint8_t> input,
                      std::int32_t& output_size, std::string& output, std::uint8_t level) {
@@ -29,8 +35,12 @@ bool Deflate::Encode(std::int32_t input_size, std::span<const std::uint8_t> inpu
 bool Deflate::Append(std::span<const std::uint8_t> input, std::uint8_t level, std::string& output) {
   if (level < kFastestLevel || level > kSmallestLevel) return false;
   // Too large for the stack of some threads.
-  const auto compressor = std::make_unique<Compressor>(input, level, output);
-  compressor->Run();
+  static_assert(sizeof(GreedyParser) <= kMostMemory && sizeof(LazyParser) <= kMostMemory);
+  if (level < kFirstLazyLevel) {
+    std::make_unique<GreedyParser>(input, level, output)->Run();
+  } else {
+    std::make_unique<LazyParser>(input, level, output)->Run();
+  }
   return true;
 }
 

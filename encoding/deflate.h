@@ -7,7 +7,7 @@
 //     if (Deflate::Encode(input_size, input, size, compressed, 6)) ...
 //
 // Levels 1 (fastest) to 9 (smallest). Same input and level, same bytes, everywhere. The input is
-// read in place; beside it and the output about 200 KiB are in use during a call.
+// read in place; beside it and the output at most 460 KiB are in use during a call.
 #pragma once
 
 #include <cstddef>

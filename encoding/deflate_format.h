@@ -15,8 +15,8 @@
 
 namespace vellumark::encoding::format {
 
-inline constexpr std::uint32_t kMinMatch = 3;
-inline constexpr std::uint32_t kMaxMatch = 258;
+inline constexpr std::int32_t kMinMatch = 3;
+inline constexpr std::int32_t kMaxMatch = 258;
 
 inline constexpr int kLiterals = 256;
 inline constexpr int kEndOfBlock = 256;

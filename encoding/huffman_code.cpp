@@ -21,6 +21,7 @@ class Node {
   [[nodiscard]] std::uint32_t Number() const { return word_ & 0xFFFFU; }
   [[nodiscard]] bool TakenBefore(Node other) const { return word_ >> 16 <= other.word_ >> 16; }
 
+  static Node Last() { return {UINT32_MAX, 0, 0}; }
   static Node Join(Node a, Node b, std::uint32_t number) {
     return {a.Frequency() + b.Frequency(), std::max(a.Depth(), b.Depth()) + 1, number};
   }
@@ -32,10 +33,14 @@ class Node {
   std::uint64_t word_;
 };
 
-// The least node is in slot 1; the children of slot k are in slots 2k and 2k + 1.
+// The least node is in slot 1; the children of slot k are in slots 2k and 2k + 1. Behind the last
+// node stands one that is never taken, for an only child's brother.
 class Heap {
  public:
-  void Append(Node node) { slots_[++size_] = node; }
+  void Append(Node node) {
+    slots_[++size_] = node;
+    slots_[size_ + 1] = Node::Last();
+  }
   void Order() {
     for (std::size_t slot = size_ / 2; slot >= 1; --slot) SiftDown(slot, slots_[slot]);
   }
@@ -43,14 +48,15 @@ class Heap {
   [[nodiscard]] Node Least() const { return slots_[1]; }
   void ReplaceLeast(Node node) { SiftDown(1, node); }
   void RemoveLeast() {
-    const Node last = slots_[size_--];
+    const Node last = slots_[size_];
+    slots_[size_--] = Node::Last();
     SiftDown(1, last);
   }
 
  private:
   void SiftDown(std::size_t slot, Node node) {
     for (std::size_t child = 2 * slot; child <= size_; child = 2 * slot) {
-      if (child < size_ && slots_[child + 1].TakenBefore(slots_[child])) ++child;
+      child += slots_[child + 1].TakenBefore(slots_[child]) ? 1 : 0;
       if (node.TakenBefore(slots_[child])) break;
       slots_[slot] = slots_[child];
       slot = child;
@@ -59,7 +65,7 @@ class Heap {
   }
 
   std::size_t size_ = 0;
-  std::array<Node, kMaxSymbols + 1> slots_;
+  std::array<Node, kMaxSymbols + 2> slots_;
 };
 
 // Builds one tree: leaves are numbered by their symbols, joined nodes upwards from the number of

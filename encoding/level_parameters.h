@@ -19,6 +19,7 @@ struct LevelParameters {
 inline constexpr int kFastestLevel = 1;
 inline constexpr int kSmallestLevel = 9;
 inline constexpr int kFirstLazyLevel = 4;
+inline constexpr int kFirstEarlyCutLevel = 3;  // see SymbolBuffer
 
 /// Parameters of levels 1 to 9.
 inline constexpr std::array<LevelParameters, 9> kLevelParameters = {{

@@ -14,8 +14,8 @@ namespace vellumark::encoding::oddities {
 inline constexpr int kFinalRunLengthByteLess = 2;
 
 /// The data ends with this byte and not with the filter's end-of-data code 128. A decoder takes it
-/// for the start of one more run, finds no byte to repeat and ends there, all samples read; it
-/// stays for the same reason.
+/// for the length of one more run and either repeats the byte behind it or finds none; all samples
+/// are read by then. It stays for the same reason.
 inline constexpr std::uint8_t kRunLengthEndMarker = 0xC7;
 
 }  // namespace vellumark::encoding::oddities

@@ -16,8 +16,9 @@ constexpr std::size_t kGreatestRun = 128;
 
 std::size_t RunAt(std::span<const std::uint8_t> data, std::size_t start) {
   const std::size_t limit = std::min(kGreatestRun, data.size() - start) - 1;
-  return 1 + CountEqualBytes(data.data() + start, data.data() + start + 1,
-                             static_cast<std::uint32_t>(limit));
+  const std::int32_t repetitions = CountEqualBytes(data.data() + start, data.data() + start + 1,
+                                                   static_cast<std::int32_t>(limit));
+  return 1 + static_cast<std::size_t>(repetitions);
 }
 
 std::size_t CountRuns(std::span<const std::uint8_t> data) {

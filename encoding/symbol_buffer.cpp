@@ -3,6 +3,14 @@
 
 namespace vellumark::encoding {
 
+void SymbolBuffer::Clear() {
+  count_ = 0;
+  next_check_ = cuts_early_ ? kEarlyCut : kFull;
+  literal_lengths_.fill(0);
+  distances_.fill(0);
+  literal_lengths_[format::kEndOfBlock] = 1;
+}
+
 // Halfway, a block that is coding well is ended at once: few matches, yet an estimated size below
 // half of its bytes. Its statistics are good, and the text that follows may have others.
 bool SymbolBuffer::IsFull(std::int32_t block_bytes) {
@@ -10,11 +18,10 @@ bool SymbolBuffer::IsFull(std::int32_t block_bytes) {
   next_check_ = kFull;
   std::size_t matches = 0;
   std::size_t bits = count_ * 8;
-  for (const Symbol symbol : Symbols()) {
-    if (symbol.IsLiteral()) continue;
-    ++matches;
-    bits += static_cast<std::size_t>(
-        5 + format::DistanceExtraBits(static_cast<int>(format::DistanceCode(symbol.Distance()))));
+  for (std::size_t code = 0; code < distances_.size(); ++code) {
+    const auto extra = static_cast<std::size_t>(format::DistanceExtraBits(static_cast<int>(code)));
+    matches += distances_[code];
+    bits += distances_[code] * (5 + extra);
   }
   return matches < count_ / 2 && bits / 8 < static_cast<std::size_t>(block_bytes) / 2;
 }

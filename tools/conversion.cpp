@@ -9,6 +9,7 @@
 
 #include "tools/pdf_output.h"
 #include "tools/progress_line.h"
+#include "tools/ps_output.h"
 
 namespace vellumark::tools {
 namespace {
@@ -38,6 +39,11 @@ void ReportMissing(const TypesetResult& result, std::ostream& notes) {
         << " set as \"?\"; first: " << Utf8Name(result.first_missing) << " at line "
         << result.first_missing_place.line << ", column " << result.first_missing_place.column
         << '\n';
+}
+
+std::unique_ptr<OutputFormat> MakeOutput(Format format, std::shared_ptr<Platform> platform) {
+  if (format == Format::Ps) return std::make_unique<PsOutput>(std::move(platform));
+  return std::make_unique<PdfOutput>(std::move(platform));
 }
 
 class Conversion {
@@ -78,14 +84,14 @@ class Conversion {
 
   std::string Attempt(const TextStyle& style) {
     auto platform = std::make_shared<MemoryPlatform>();
-    PdfOutput output(platform);
-    Document& document = output.document();
-    output.SetProperties(options_.properties);
+    const std::unique_ptr<OutputFormat> output = MakeOutput(options_.format, platform);
+    Document& document = output->document();
+    output->SetProperties(options_.properties);
     document.PaperSize(options_.paper);
     document.Orientation(options_.orientation);
     if (!document.Create(kFile)) throw Failure(document.LastRefusal().sentence);
     result_ = {};
-    Typesetter(output, measure_, style)
+    Typesetter(*output, measure_, style)
         .Typeset(blocks_, result_,
                  [this](int pages, std::size_t line) { progress_.Show(pages, line); });
     document.Flush();

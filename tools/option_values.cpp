@@ -34,6 +34,11 @@ constexpr std::array<Named<OrientationConstants>, 2> kOrientations = {{
     {"landscape", OrientationConstants::Landscape},
 }};
 
+constexpr std::array<Named<Format>, 2> kFormats = {{
+    {"pdf", Format::Pdf},
+    {"ps", Format::Ps},
+}};
+
 constexpr std::array<Named<FontNumberConstants>, 3> kFonts = {{
     {"courier", FontNumberConstants::Courier},
     {"helvetica", FontNumberConstants::Helvetica},
@@ -82,6 +87,8 @@ std::optional<PaperSizeConstants> ParsePaper(std::string_view name) { return Fin
 std::optional<OrientationConstants> ParseOrientation(std::string_view name) {
   return Find(name, kOrientations);
 }
+
+std::optional<Format> ParseFormat(std::string_view name) { return Find(name, kFormats); }
 
 std::optional<FontNumberConstants> ParseFont(std::string_view name) { return Find(name, kFonts); }
 

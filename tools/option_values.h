@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "tools/output_format.h"
 #include "tools/page_writer.h"
 #include "vellumark/vellumark.h"
 
@@ -18,6 +19,7 @@ namespace vellumark::tools {
 inline constexpr std::string_view kPaperNames =
     "a3, a4, a5, executive, folio, ledger, legal, letter, tabloid";
 inline constexpr std::string_view kOrientationNames = "portrait, landscape";
+inline constexpr std::string_view kFormatNames = "pdf, ps";
 inline constexpr std::string_view kFontNames = "courier, helvetica, times";
 inline constexpr std::string_view kColorNames =
     "white, ivory, beige, cream, linen, snow, silver, lightgray, lightyellow, lightblue, "
@@ -25,6 +27,7 @@ inline constexpr std::string_view kColorNames =
 
 [[nodiscard]] std::optional<PaperSizeConstants> ParsePaper(std::string_view name);
 [[nodiscard]] std::optional<OrientationConstants> ParseOrientation(std::string_view name);
+[[nodiscard]] std::optional<Format> ParseFormat(std::string_view name);
 [[nodiscard]] std::optional<FontNumberConstants> ParseFont(std::string_view name);
 
 /// A name or "#rrggbb".

@@ -28,7 +28,7 @@ struct RawOptions {
   std::string font = "times";
   std::string size = "11";
   std::string page_color = "white";
-  std::string format = "pdf";
+  std::string format;
 };
 
 std::string OneOf(std::string_view what, std::string_view names) {
@@ -55,7 +55,10 @@ void AddLayoutOptions(CLI::App& app, RawOptions& raw, Options& options) {
                           const char* type) {
     app.add_option(name, value, Wrapped(help + " [default: " + value + "]"))->type_name(type);
   };
-  add("--format", raw.format, "Format of the output: pdf", "NAME");
+  app.add_option("--format", raw.format,
+                 Wrapped(OneOf("Format of the output", kFormatNames) +
+                         " [default: by the ending of the output, else pdf]"))
+      ->type_name("NAME");
   add("--paper", raw.paper, OneOf("Paper size", kPaperNames), "NAME");
   add("--orientation", raw.orientation, OneOf("How the paper lies", kOrientationNames), "NAME");
   add("--margins", raw.margins,
@@ -101,7 +104,6 @@ void TakeValues(const RawOptions& raw, Options& options) {
   style.font = Taken(ParseFont(raw.font), "--font", raw.font, kFontNames);
   style.page.page_color = Taken(ParseColor(raw.page_color), "--page-color", raw.page_color,
                                 OneOf("#rrggbb", kColorNames));
-  if (raw.format != "pdf") throw Failure("--format: \"" + raw.format + "\" is none of: pdf");
   const auto margins = ParseMargins(raw.margins);
   if (!margins) {
     throw Failure("--margins: \"" + raw.margins +
@@ -121,13 +123,21 @@ void CheckTexts(const Properties& properties) {
   }
 }
 
-/// The name of the output where none was given: beside the input.
-std::string DefaultOutput(const std::string& input) {
-  if (input == "-") throw Failure("reading standard input needs an output: -o FILE");
-  std::filesystem::path path(input);
-  if (path.extension() == ".pdf") throw Failure(input + " is a PDF already: name another with -o");
-  path.replace_extension(".pdf");
-  return path.string();
+/// Settles format and output; each follows from the other where only one was given.
+void TakeOutput(const RawOptions& raw, bool output_given, Options& options) {
+  if (!raw.format.empty()) {
+    options.format = Taken(ParseFormat(raw.format), "--format", raw.format, kFormatNames);
+  } else if (output_given && std::filesystem::path(options.output).extension() == ".ps") {
+    options.format = Format::Ps;
+  }
+  if (output_given) return;
+  if (options.input == "-") throw Failure("reading standard input needs an output: -o FILE");
+  std::filesystem::path path(options.input);
+  const char* const ending = options.format == Format::Ps ? ".ps" : ".pdf";
+  if (path.extension() == ending) {
+    throw Failure(options.input + " would be written over: name another output with -o");
+  }
+  options.output = path.replace_extension(ending).string();
 }
 
 }  // namespace
@@ -137,16 +147,17 @@ std::optional<Options> ParseOptions(int argc, const char* const* argv) {
   options.properties.creator = "vellumark";
   options.properties.producer = "Vellumark " VELLUMARK_VERSION;
   RawOptions raw;
-  CLI::App app("Typesets a text file with light Markdown as a PDF document.", "vellumark");
+  CLI::App app("Typesets a text file with light Markdown as a PDF or PostScript document.",
+               "vellumark");
   app.footer(std::string(kFooter));
   app.set_version_flag("--version", "vellumark " VELLUMARK_VERSION, "Print the version and exit");
   app.set_help_flag("-h,--help", "Print this help and exit");
   app.add_option("INPUT", options.input, "Text file in UTF-8; - reads standard input")
       ->required()
       ->type_name(" ");
-  app.add_option(
-         "-o,--output", options.output,
-         "File to write; - is standard output\n[default: INPUT with the ending .pdf, beside it]")
+  app.add_option("-o,--output", options.output,
+                 "File to write; - is standard output\n[default: INPUT with the ending .pdf or "
+                 ".ps, beside it]")
       ->type_name("FILE");
   AddLayoutOptions(app, raw, options);
   AddPropertyOptions(app, options);
@@ -161,7 +172,7 @@ std::optional<Options> ParseOptions(int argc, const char* const* argv) {
   TakeValues(raw, options);
   CheckTexts(options.properties);
   options.title_given = app.count("--title") > 0;
-  if (app.count("--output") == 0) options.output = DefaultOutput(options.input);
+  TakeOutput(raw, app.count("--output") > 0, options);
   return options;
 }
 

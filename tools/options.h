@@ -17,6 +17,7 @@
 namespace vellumark::tools {
 
 struct Options {
+  Format format = Format::Pdf;
   std::string input;   ///< a file name, or "-" for standard input
   std::string output;  ///< a file name, or "-" for standard output
   PaperSizeConstants paper = PaperSizeConstants::A4;

@@ -14,6 +14,8 @@
 
 namespace vellumark::tools {
 
+enum class Format { Pdf, Ps };
+
 /// UTF-8, unescaped. A format takes those that it has.
 struct Properties {
   std::string title;

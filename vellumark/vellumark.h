@@ -60,7 +60,7 @@ class VELLUMARK_API Document {
   Document(const Document&) = delete;
   Document& operator=(const Document&) = delete;
 
-  // --- Properties. They keep their values from one Create to the next. --------------------------
+  // --- Properties. They keep their values from one Create to the next. ---
 
   /// Written into the file by Create, exactly as set: nothing is escaped.
   [[nodiscard]] std::string Author() const;
@@ -84,7 +84,7 @@ class VELLUMARK_API Document {
   /// Version of the file format.
   [[nodiscard]] std::string Version() const;
 
-  // --- The document and its pages. ---------------------------------------------------------------
+  // --- The document and its pages. ---
 
   /// Creates the file (always anew, for nobody else as long as it is open) and starts the document.
   /// Pen, font, margins, colours and picture box go back to their defaults: black, solid, 1 point,
@@ -103,8 +103,8 @@ class VELLUMARK_API Document {
   /// one. Whether the file was written in full, LastRefusal tells.
   void Flush() noexcept;
 
-  // --- Shapes, in the current colour, dash, fill colour, fill style and thickness.
-  // ---------------- Every point must lie in the usable area, edges included; a circle, ellipse or
+  // --- Shapes, in the current colour, dash, fill colour, fill style and thickness. ---
+  // Every point must lie in the usable area, edges included; a circle, ellipse or
   // slice as a whole.
 
   bool DrawLine(std::int16_t x1, std::int16_t y1, std::int16_t x2, std::int16_t y2) noexcept;
@@ -129,8 +129,7 @@ class VELLUMARK_API Document {
   /// then lies below the first the slice runs through 0 degrees. PS takes the angles as they are.
   bool DrawArc(std::int16_t x, std::int16_t y, std::int16_t r, float th1, float th2) noexcept;
 
-  // --- Text, in the current colour and font.
-  // ------------------------------------------------------
+  // --- Text, in the current colour and font. ---
 
   /// One run of text; the current position is its top left corner. It must fit: without alignment
   /// between the current x and the right margin, else within the usable width, and above the bottom
@@ -154,8 +153,7 @@ class VELLUMARK_API Document {
                       AlignmentConstants alignment = AlignmentConstants::NoAlignment,
                       bool justified = false, std::int16_t width = 0) noexcept;
 
-  // --- Pictures.
-  // ----------------------------------------------------------------------------------
+  // --- Pictures. ---
 
   /// The picture of a BMP, GIF or JPG file, told by its content, with its top left corner at the
   /// current position. `file` is a name for the platform, UTF-8. A pixel is drawn as one point,
@@ -175,8 +173,7 @@ class VELLUMARK_API Document {
                    AlignmentConstants alignment = AlignmentConstants::NoAlignment,
                    EncodingConstants encoding = EncodingConstants::ASCII85) noexcept;
 
-  // --- Pen, font, page and position.
-  // --------------------------------------------------------------
+  // --- Pen, font, page and position. ---
 
   /// The colours; each component 0 to 255. Before Create there is none, and reading throws
   /// RunTimeError 9 (subscript out of range).
@@ -220,8 +217,7 @@ class VELLUMARK_API Document {
   void GetPosition(std::int16_t& x, std::int16_t& y) const;
   void SetPosition(std::int16_t x = -1, std::int16_t y = -1);
 
-  // --- Why.
-  // ---------------------------------------------------------------------------------------
+  // --- Why. ---
 
   /// The reason why the latest Create, NewPage, Flush, drawing or writing call did not do what was
   /// asked; None after one that did.

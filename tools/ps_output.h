@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+//
+// PsOutput: a PostScript document behind the typesetter's interface. It has no links and no
+// producer, subject and keywords; those are left out.
+#pragma once
+
+#include <memory>
+#include <utility>
+
+#include "tools/output_format.h"
+#include "tools/ps_escapes.h"
+
+namespace vellumark::tools {
+
+class PsOutput final : public OutputFormat {
+ public:
+  explicit PsOutput(std::shared_ptr<Platform> platform) : ps_(std::move(platform)) {}
+
+  [[nodiscard]] Document& document() override { return ps_; }
+  void SetProperties(const Properties& properties) override;
+  [[nodiscard]] bool WriteText(std::string_view codes, std::string_view link) override;
+  [[nodiscard]] bool WriteTitle(std::string_view codes, BulletConstants bullet,
+                                std::string_view link) override;
+  [[nodiscard]] int MeasuredAs(char code) const override { return IsEscapedInPs(code) ? 2 : 1; }
+
+ private:
+  PS ps_;
+};
+
+}  // namespace vellumark::tools
