@@ -21,7 +21,8 @@ int main(int argc, char** argv) {
   if (!document.Create(argv[3])) Fail("vellumark", "no document");
   document.NewPage(50, 50, 50, 50, 255, 255, 255);
   document.SetPictureDimensions(495, 700);
-  const auto encoding = static_cast<vellumark::EncodingConstants>(std::atoi(argv[2]));
+  const auto encoding =
+      static_cast<vellumark::EncodingConstants>(std::strtol(argv[2], nullptr, 10));
   const std::string_view picture = argv[1];
   if (!picture.empty() && !document.DrawPicture(picture, {}, "", encoding)) {
     Fail("vellumark", "the picture was refused");

@@ -12,7 +12,7 @@ namespace vellumark::layout {
 namespace {
 
 std::size_t RowLength(const Dib& dib) {
-  const std::size_t width = static_cast<std::size_t>(dib.ImageWidth());
+  const auto width = static_cast<std::size_t>(dib.ImageWidth());
   if (dib.BitsPerPixel() > 8) {
     const std::size_t length = width * (dib.BitsPerPixel() / 8U);
     if (length > std::numeric_limits<std::int16_t>::max()) {

@@ -26,11 +26,11 @@ void TakePalette(std::span<const std::uint8_t> file, const BmpHeader& header, Bi
 class Channel {
  public:
   Channel(std::uint32_t mask, int bits)
-      : mask_(mask),
+      : greatest_((std::uint64_t{1} << std::popcount(mask)) - 1),
+        mask_(mask),
+        wanted_greatest_((1U << bits) - 1),
         shift_(mask == 0 ? 0 : std::countr_zero(mask)),
-        surplus_(std::max(0, std::popcount(mask) - bits)),
-        greatest_((std::uint64_t{1} << std::popcount(mask)) - 1),
-        wanted_greatest_((1U << bits) - 1) {}
+        surplus_(std::max(0, std::popcount(mask) - bits)) {}
 
   [[nodiscard]] std::uint32_t Of(std::uint32_t pixel) const {
     const std::uint32_t value = (pixel & mask_) >> shift_;
@@ -41,11 +41,11 @@ class Channel {
   }
 
  private:
-  std::uint32_t mask_;
-  int shift_;
-  int surplus_;             // bits more than wanted: the lowest are dropped
   std::uint64_t greatest_;  // the value of a full channel
+  std::uint32_t mask_;
   std::uint32_t wanted_greatest_;
+  int shift_;
+  int surplus_;  // bits more than wanted: the lowest are dropped
 };
 
 /// Brings the pixels to 5-5-5 at 16 bits, and to 8-8-8-8 at 32, where a missing alpha is 0.

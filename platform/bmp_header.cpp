@@ -13,7 +13,13 @@ constexpr std::uint32_t kForeignInfoSize = 64;  // its compressions mean somethi
 constexpr std::size_t kMasksAt = kHeaderAt + kInfoSize;
 
 /// The numbers that "compression" carries.
-enum : std::uint32_t { kPlain = 0, kRle8 = 1, kRle4 = 2, kBitFields = 3, kAlphaBitFields = 6 };
+enum Compression : std::uint32_t {
+  Plain = 0,
+  Rle8 = 1,
+  Rle4 = 2,
+  BitFields = 3,
+  AlphaBitFields = 6
+};
 
 constexpr std::string_view kUnknownKind = "this kind of BMP file is not known";
 
@@ -52,11 +58,15 @@ void TakeSize(const LittleEndianBytes& file, std::uint32_t size, BmpHeader& head
 bool TakeCompression(std::uint32_t compression, std::uint32_t size, BmpHeader& header) {
   const bool foreign = size == kForeignInfoSize;
   switch (compression) {
-    case kPlain: header.pixels = BmpPixels::Plain; return true;
-    case kRle8: header.pixels = BmpPixels::Rle8; return header.bits == 8 && !header.top_down;
-    case kRle4: header.pixels = BmpPixels::Rle4; return header.bits == 4 && !header.top_down;
-    case kBitFields:
-    case kAlphaBitFields:
+    case Compression::Plain: header.pixels = BmpPixels::Plain; return true;
+    case Compression::Rle8:
+      header.pixels = BmpPixels::Rle8;
+      return header.bits == 8 && !header.top_down;
+    case Compression::Rle4:
+      header.pixels = BmpPixels::Rle4;
+      return header.bits == 4 && !header.top_down;
+    case Compression::BitFields:
+    case Compression::AlphaBitFields:
       header.pixels = BmpPixels::BitFields;
       return (header.bits == 16 || header.bits == 32) && !foreign;
     default: return false;
@@ -69,7 +79,7 @@ std::size_t TakeMasks(const LittleEndianBytes& file, std::uint32_t compression, 
   const std::size_t header_end = kHeaderAt + size;
   if (header.pixels != BmpPixels::BitFields) return header_end;
   for (std::size_t i = 0; i < 3; ++i) header.masks[2 - i] = file.At32(kMasksAt + 4 * i);
-  const bool has_alpha = size >= 56 || compression == kAlphaBitFields;
+  const bool has_alpha = size >= 56 || compression == Compression::AlphaBitFields;
   if (has_alpha) header.masks[3] = file.At32(kMasksAt + 12);
   return std::max(header_end, kMasksAt + (has_alpha ? 16 : 12));
 }
@@ -89,18 +99,18 @@ void TakePalette(const LittleEndianBytes& file, std::uint32_t size, BmpHeader& h
 
 }  // namespace
 
-std::string_view ReadBmpHeader(std::span<const std::uint8_t> bytes, BmpHeader& header) {
-  const LittleEndianBytes file(bytes);
-  const std::uint32_t size = file.At32(kHeaderAt);
-  if (bytes.size() < kHeaderAt + 4 || bytes.size() - kHeaderAt < size) {
+std::string_view ReadBmpHeader(std::span<const std::uint8_t> file, BmpHeader& header) {
+  const LittleEndianBytes numbers(file);
+  const std::uint32_t size = numbers.At32(kHeaderAt);
+  if (file.size() < kHeaderAt + 4 || file.size() - kHeaderAt < size) {
     return "the BMP file's header is cut off";
   }
   if (size != kCoreSize && !IsInfoSize(size)) return kUnknownKind;
-  TakeSize(file, size, header);
-  const std::uint32_t compression = size == kCoreSize ? kPlain : file.At32(30);
+  TakeSize(numbers, size, header);
+  const std::uint32_t compression = size == kCoreSize ? Compression::Plain : numbers.At32(30);
   if (!IsDepth(header.bits) || !TakeCompression(compression, size, header)) return kUnknownKind;
-  header.palette_at = TakeMasks(file, compression, size, header);
-  TakePalette(file, size, header);
+  header.palette_at = TakeMasks(numbers, compression, size, header);
+  TakePalette(numbers, size, header);
   if (!std::all_of(header.masks.begin(), header.masks.end(), IsContiguous)) return kUnknownKind;
   return {};
 }

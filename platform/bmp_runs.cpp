@@ -18,7 +18,7 @@ class RunExpander {
       const std::uint8_t value = data_[at_++];
       if (count > 0) {
         Repeat(count, value);
-      } else if (value == kEndOfPicture) {
+      } else if (value == EndOfPicture) {
         return true;
       } else if (!Escape(value)) {
         return false;
@@ -28,17 +28,18 @@ class RunExpander {
   }
 
  private:
-  enum : std::uint8_t { kEndOfRow = 0, kEndOfPicture = 1, kMove = 2 };
+  /// What follows a count of 0.
+  enum Escapes : std::uint8_t { EndOfRow = 0, EndOfPicture = 1, Move = 2 };
 
   [[nodiscard]] bool AtLastPixel() const { return y_ == bitmap_.height - 1 && x_ >= bitmap_.width; }
 
   bool Escape(std::uint8_t value) {
     switch (value) {
-      case kEndOfRow:
+      case EndOfRow:
         x_ = 0;
         ++y_;
         return true;
-      case kMove:
+      case Move:
         if (data_.size() - at_ < 2) return false;
         x_ += data_[at_++];
         y_ += data_[at_++];

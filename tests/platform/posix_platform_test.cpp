@@ -42,7 +42,7 @@ TEST_F(PosixFiles, APictureIsARegularFileOrRefusedAtOnce) {
     EXPECT_FALSE(platform.DecodePicture(name, bitmap, reason));
     EXPECT_EQ(reason, "not a regular file") << name;
   }
-  std::ofstream(Path("empty"));
+  std::ofstream(Path("empty")) << "";
   EXPECT_FALSE(platform.DecodePicture(Path("empty"), bitmap, reason));
   EXPECT_EQ(reason, "not a BMP, GIF or JPG file");
   EXPECT_FALSE(platform.DecodePicture(std::string("a\0b", 3), bitmap, reason));
