@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+//
+// Ascii85: bytes as base-85 text.
+//
+//     text  = { group | "z" } [ rest ] "~>"
+//     group = five characters "!" to "u": four bytes as one number, the first byte highest, in
+//             base 85, the highest digit first
+//     "z"   = four zero bytes
+//     rest  = m + 1 characters for m = 1 to 3 last bytes, missing bytes counting as zero; never "z"
+//
+// No line breaks are written. The text is five quarters of the input.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+namespace vellumark::encoding {
+
+class Ascii85 {
+ public:
+  /// Encodes the first `input_size` bytes of `input` into `output` and sets `output_size` to the
+  /// length of the text. False, with an empty output, when the input size is negative or more than
+  /// `input` holds, or the text would have more than 2^31 - 1 characters.
+  static bool Encode(std::int32_t input_size, std::span<const std::uint8_t> input,
+                     std::int32_t& output_size, std::string& output);
+};
+
+}  // namespace vellumark::encoding

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+//
+// AsciiHex: bytes as hexadecimal text.
+//
+//     text = { digit digit } ">"     digits "0" to "9" and "A" to "F", the high four bits first
+//
+// No white space and no line breaks are written. The text is twice the input and one character.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+namespace vellumark::encoding {
+
+class AsciiHex {
+ public:
+  /// Encodes the first `input_size` bytes of `input` into `output` and sets `output_size` to the
+  /// length of the text. False, with an empty output, when the input size is negative or more than
+  /// `input` holds, or the text would have more than 2^31 - 1 characters.
+  static bool Encode(std::int32_t input_size, std::span<const std::uint8_t> input,
+                     std::int32_t& output_size, std::string& output);
+};
+
+}  // namespace vellumark::encoding

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+//
+// EncodeStream: the body of a stream under one of the four filters, end marker included.
+//
+//     std::string line = EncodeStream(samples, EncodingConstants::Flate);
+//     line += "\r\n";                                        // room for these two is there
+//
+//     encoding   file      written
+//     ASCII85    ascii85   base-85 text and "~>"
+//     ASCIIHex   ascii_hex hexadecimal text and ">"
+//     RunLength  run_length pairs of length and byte, and 0xC7
+//     Flate      zlib      a zlib stream, compressed at level 6
+//
+// Any other encoding gives an empty string, and so does data whose encoded form would have more
+// than 2^31 - 1 bytes. RunLength on empty data raises RunTimeError::SubscriptOutOfRange.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include "vellumark/enumerations.h"
+
+namespace vellumark::encoding {
+
+/// The encoded bytes of `data`; two more may be appended without a reallocation.
+std::string EncodeStream(std::span<const std::uint8_t> data, EncodingConstants encoding);
+
+}  // namespace vellumark::encoding

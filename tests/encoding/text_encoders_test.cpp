@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+#include <string_view>
+
+#include "encoding/ascii85.h"
+#include "encoding/ascii_hex.h"
+#include "encoding/hex_digits.h"
+#include "tests/encoding/generated_input.h"
+#include "tests/encoding/guarded_bytes.h"
+
+namespace vellumark::encoding {
+namespace {
+
+using testing::Bytes;
+
+template <typename Encoder>
+std::string Encode(const Bytes& input) {
+  std::string output;
+  std::int32_t size = -1;
+  const testing::GuardedBytes guarded(input);
+  EXPECT_TRUE(
+      Encoder::Encode(static_cast<std::int32_t>(input.size()), guarded.Get(), size, output));
+  EXPECT_EQ(static_cast<std::size_t>(size), output.size());
+  EXPECT_GE(output.capacity(), output.size() + 2);
+  return output;
+}
+
+TEST(Ascii85, GroupsRestsAndZeros) {
+  struct Case {
+    Bytes input;
+    std::string_view output;
+  };
+  const Case cases[] = {
+      {{}, "~>"},
+      {{0, 0, 0, 0}, "z~>"},
+      {{0}, "!!~>"},  // a rest of zeros is no "z"
+      {{0, 0, 0}, "!!!!~>"},
+      {{0, 0, 0, 1}, "!!!!\"~>"},
+      {{255, 255, 255, 255}, "s8W-!~>"},
+      {{'M', 'a', 'n'}, "9jqo~>"},
+      {{'M', 'a', 'n', ' '}, "9jqo^~>"},
+      {{'M', 'a', 'n', ' ', 0, 0, 0, 0}, "9jqo^z~>"},
+      {{'M', 'a', 'n', ' ', 0}, "9jqo^!!~>"},
+      {{255}, "rr~>"},
+  };
+  for (const Case& one : cases) EXPECT_EQ(Encode<Ascii85>(one.input), one.output);
+}
+
+// Decodes as readers do: a rest is filled up with the greatest digit.
+Bytes DecodeBase85(std::string_view text) {
+  Bytes bytes;
+  text.remove_suffix(2);
+  while (!text.empty()) {
+    if (text.front() == 'z') {
+      bytes.insert(bytes.end(), 4, 0);
+      text.remove_prefix(1);
+      continue;
+    }
+    const std::size_t count = std::min<std::size_t>(5, text.size());
+    std::uint32_t value = 0;
+    for (std::size_t i = 0; i < 5; ++i) {
+      value = value * 85 + (i < count ? static_cast<std::uint32_t>(text[i] - '!') : 84);
+    }
+    for (std::size_t i = 0; i + 1 < count; ++i) {
+      bytes.push_back(static_cast<std::uint8_t>(value >> (24 - 8 * i)));
+    }
+    text.remove_prefix(count);
+  }
+  return bytes;
+}
+
+// Past the blocks of a few thousand characters that the text is made in.
+TEST(Ascii85, LongDataComesBack) {
+  for (const std::size_t size : {6551U, 6552U, 6553U, 100'003U}) {
+    const Bytes input = testing::GeneratedInput(size, 6);
+    EXPECT_EQ(DecodeBase85(Encode<Ascii85>(input)), input);
+  }
+}
+
+TEST(AsciiHex, UpperCaseDigitsAndAnEndMarker) {
+  EXPECT_EQ(Encode<AsciiHex>({}), ">");
+  EXPECT_EQ(Encode<AsciiHex>({0x00, 0xAB, 0xFF}), "00ABFF>");
+  EXPECT_EQ(Encode<AsciiHex>({0x90, 0x9A, 0xA9}), "909AA9>");
+}
+
+TEST(AsciiHex, VectorAndPortableDigitsAgree) {
+  for (std::size_t size = 0; size < 10'000; size = size * 2 + 3) {
+    const Bytes input = testing::Noise(size);
+    std::string portable(2 * size, '?');
+    WriteHexDigitsPortable(input, reinterpret_cast<std::uint8_t*>(portable.data()));
+    EXPECT_EQ(Encode<AsciiHex>(input), portable + '>');
+  }
+}
+
+template <typename Encoder>
+void ExpectRefusesSizesThatCannotBe() {
+  for (const std::int32_t input_size : {-1, 11}) {
+    std::string output = "left over";
+    std::int32_t size = 99;
+    EXPECT_FALSE(Encoder::Encode(input_size, Bytes(10), size, output));
+    EXPECT_EQ(size, 0);
+    EXPECT_EQ(output, "");
+  }
+}
+
+TEST(TextEncoders, RefuseSizesThatCannotBe) {
+  ExpectRefusesSizesThatCannotBe<Ascii85>();
+  ExpectRefusesSizesThatCannotBe<AsciiHex>();
+}
+
+}  // namespace
+}  // namespace vellumark::encoding
