@@ -63,8 +63,12 @@ RefusalNote DocumentModel::TryCreate(std::string_view file) {
   if (!layout::IsPaperSize(state_.paper_size)) {
     return {RefusalReason::InvalidPaperSize, static_cast<std::int32_t>(state_.paper_size)};
   }
-  std::error_code error;
-  const FileHandle opened = platform_.CreateOutput(file, error);
+  FileHandle opened = FileHandle::Invalid;
+  const std::error_code error = ErrorOf([&] {
+    std::error_code reason;
+    opened = platform_.CreateOutput(file, reason);
+    return reason;
+  });
   if (opened == FileHandle::Invalid) {
     detail_ = std::string(file) + ": " + error.message();
     if (!writer_.KeepsFileWhenCreateFails()) state_.file = opened;

@@ -29,6 +29,14 @@ int PdfWriter::BeginObject() {
   return number;
 }
 
+/// Opens an object whose number was handed out before.
+void PdfWriter::BeginReservedObject(int number) {
+  if (oddities::kReservedObjectsHaveOffsets) {
+    objects_.table.SetOffset(number, oddities::Position(lines_));
+  }
+  lines_.Append(number, " 0 obj");
+}
+
 int PdfWriter::BeginStreamObject() {
   const int number = BeginObject();
   lines_.Append("<<");

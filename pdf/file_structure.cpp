@@ -15,7 +15,6 @@
 //     %%EOF
 #include <string>
 
-#include "document/pasted_string.h"
 #include "document/resume_next.h"
 #include "layout/font.h"
 #include "pdf/oddities.h"
@@ -52,14 +51,14 @@ void PdfWriter::BeginDocument(const LocalTime& now) {
 void PdfWriter::WriteInformation(const LocalTime& now) {
   objects_.info = BeginObject();
   lines_.Append("<<");
-  lines_.Append("/Author ", document::PastedString{state_.author.bytes});
+  lines_.Append("/Author ", oddities::UnescapedText(state_.author.bytes));
   lines_.Append("/CreationDate (D:", Padded<4>{now.year}, Padded<2>{now.month}, Padded<2>{now.day},
                 Padded<2>{now.hour}, Padded<2>{now.minute}, Padded<2>{now.second}, ')');
-  lines_.Append("/Creator ", document::PastedString{state_.creator.bytes});
-  lines_.Append("/Producer ", document::PastedString{properties.producer.bytes});
-  lines_.Append("/Title ", document::PastedString{state_.title.bytes});
-  lines_.Append("/Subject ", document::PastedString{properties.subject.bytes});
-  lines_.Append("/Keywords ", document::PastedString{properties.keywords.bytes});
+  lines_.Append("/Creator ", oddities::UnescapedText(state_.creator.bytes));
+  lines_.Append("/Producer ", oddities::UnescapedText(properties.producer.bytes));
+  lines_.Append("/Title ", oddities::UnescapedText(state_.title.bytes));
+  lines_.Append("/Subject ", oddities::UnescapedText(properties.subject.bytes));
+  lines_.Append("/Keywords ", oddities::UnescapedText(properties.keywords.bytes));
   lines_.Append(">>");
   lines_.Append("endobj");
 }
@@ -92,7 +91,7 @@ void PdfWriter::EndDocument() {
 }
 
 void PdfWriter::WriteResources() {
-  lines_.Append(objects_.resources, " 0 obj");
+  BeginReservedObject(objects_.resources);
   lines_.Append("<<");
   if (!objects_.fonts.empty()) {
     lines_.Append("/Font << ", NamedReferences("/F", objects_.fonts), ">>");

@@ -25,9 +25,15 @@ class ObjectTable {
   /// The next number, for an object that starts at `offset`.
   int Add(std::int32_t offset) {
     const int number = Reserve();
-    offsets_.resize(static_cast<std::size_t>(number) + 1);
-    offsets_[static_cast<std::size_t>(number)] = offset;
+    SetOffset(number, offset);
     return number;
+  }
+
+  /// Records where an object starts that was reserved before.
+  void SetOffset(int number, std::int32_t offset) {
+    const auto index = static_cast<std::size_t>(number);
+    if (index >= offsets_.size()) offsets_.resize(index + 1);
+    offsets_[index] = offset;
   }
 
   /// The highest number handed out.

@@ -3,8 +3,9 @@
 // What this writer does otherwise than a reader of the PDF reference would expect.
 //
 // Each is a decision of this house: files written over the years look like this, hosts compare them
-// byte for byte, and readers cope. An output without them would replace the functions below and
-// nothing else; each has a test of its name (tests/pdf/oddities_test.cpp).
+// byte for byte, and readers cope. The writer asks here wherever it would otherwise do what the
+// reference suggests; an output without the oddities changes this file. Each has a test that names
+// it (tests/pdf/).
 #pragma once
 
 #include <cstdint>
@@ -12,7 +13,9 @@
 #include <string_view>
 
 #include "document/line_buffer.h"
+#include "document/pasted_string.h"
 #include "document/state.h"
+#include "document/writer.h"
 #include "vellumark/run_time_error.h"
 
 namespace vellumark::pdf::oddities {
@@ -49,19 +52,28 @@ inline std::string_view ShapeFill(const document::State& state) noexcept {
   return state.fill_style ? state.fill_color.view() : std::string_view("1 1 1");
 }
 
-/// In a page's text only parentheses are escaped (LiteralString), in property texts and link
-/// addresses nothing is (document/pasted_string.h). A host can thus write octal codes and other
-/// escapes of its own; one that must show a backslash doubles it.
+/// In a page's text only parentheses are escaped. A host can write octal codes and other escapes of
+/// its own; one that must show a backslash doubles it.
 inline constexpr bool kBackslashesAreEscaped = false;
+
+/// Property texts and link addresses are pasted as the host gave them, not escaped at all.
+[[nodiscard]] inline document::PastedString UnescapedText(std::string_view text) { return {text}; }
 
 /// The control distance of a quarter circle comes from this pi; rounded to whole points, circles
 /// are where they have always been.
 inline constexpr double kCirclePi = 3.14159;
 
-/// An ellipse's curves have their first control point at their start and the second in the corner
-/// of the bounding box, without the circle's control distance: it bulges towards the corners and is
-/// less round than a circle of the same radius.
-inline constexpr bool kEllipseIsRound = false;
+/// The control points of an ellipse's quarter: its start, and the corner of the bounding box. The
+/// circle's control distance is not used, so an ellipse bulges towards the corners and is less
+/// round than a circle of the same radius.
+struct EllipseControls {
+  document::PagePoint first;
+  document::PagePoint second;
+};
+[[nodiscard]] inline EllipseControls ControlsOfQuarter(document::PagePoint start,
+                                                       document::PagePoint corner) {
+  return {start, corner};
+}
 
 /// Only a picture of 24 bits, or with a palette, has a colour space and a depth. At 16 and 32 bits
 /// both lines are missing and readers show no picture, or another one (docs/pictures.md). It stays

@@ -49,7 +49,7 @@ void PdfWriter::EndPage() {
 
 /// The page tree has one level and carries the page size for all pages.
 void PdfWriter::WritePageTree() {
-  lines_.Append(objects_.page_tree, " 0 obj");
+  BeginReservedObject(objects_.page_tree);
   lines_.Append("<<");
   lines_.Append("/Type /Pages");
   lines_.Append("/Count ", objects_.pages.size());

@@ -112,6 +112,7 @@ class PdfWriter final : public document::Writer {
 
   // content_stream.cpp
   int BeginObject();
+  void BeginReservedObject(int number);
   int BeginStreamObject();
   void WriteLengthObject(std::int32_t length);
   void SetStateSaved(GraphicsState wanted);

@@ -79,7 +79,6 @@ void PdfWriter::DrawCircle(PagePoint center, Points radius) {
   });
 }
 
-/// See oddities::kEllipseIsRound.
 void PdfWriter::DrawEllipse(PagePoint center, Points rx, Points ry) {
   const auto [x, y] = center;
   const Points left = x - rx;
@@ -88,7 +87,8 @@ void PdfWriter::DrawEllipse(PagePoint center, Points rx, Points ry) {
   const Points bottom = y - ry;
   PaintClosedShape([&, x = x, y = y] {
     const auto quarter = [&](PagePoint start, PagePoint corner, PagePoint end) {
-      lines_.Append(start.x, ' ', start.y, ' ', corner.x, ' ', corner.y, ' ', end.x, ' ', end.y,
+      const auto [first, second] = oddities::ControlsOfQuarter(start, corner);
+      lines_.Append(first.x, ' ', first.y, ' ', second.x, ' ', second.y, ' ', end.x, ' ', end.y,
                     " c");
     };
     lines_.Append(left, ' ', y, " m");

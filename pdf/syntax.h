@@ -13,7 +13,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "document/line_buffer.h"
+#include "pdf/oddities.h"
 
 namespace vellumark::pdf {
 
@@ -37,7 +37,8 @@ struct LiteralString {
   char* Write(char* to) const noexcept {
     *to++ = '(';
     for (const char c : bytes) {
-      if (c == '(' || c == ')') *to++ = '\\';
+      const bool backslash = oddities::kBackslashesAreEscaped && c == '\\';
+      if (c == '(' || c == ')' || backslash) *to++ = '\\';
       *to++ = c;
     }
     *to++ = ')';
@@ -58,7 +59,7 @@ struct Padded {
   char* Write(char* to) const noexcept {
     auto rest = static_cast<std::uint32_t>(value);
     for (std::size_t i = kDigits; i > 0; i -= 2, rest /= 100) {
-      std::memcpy(to + i - 2, kDigitPairs.data() + rest % 100 * 2, 2);
+      std::memcpy(to + i - 2, &kDigitPairs[2 * std::size_t{rest % 100}], 2);
     }
     return to + kDigits;
   }

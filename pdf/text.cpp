@@ -7,9 +7,9 @@
 //     1 0 0 1 72 700 Tm                 /Type /Annot
 //     T* 0 0 0 rg (text) Tj             /Subtype /Link
 //     ET                                /A << /URI (address) /S /URI >> ...
-#include "document/pasted_string.h"
 #include "layout/font.h"
 #include "pdf/content_stream.h"
+#include "pdf/oddities.h"
 #include "pdf/syntax.h"
 
 namespace vellumark::pdf {
@@ -31,7 +31,7 @@ void PdfWriter::WriteLink(std::string_view uri, PagePoint top_left, PagePoint bo
   lines_.Append("<<");
   lines_.Append("/Type /Annot");
   lines_.Append("/Subtype /Link");
-  lines_.Append("/A << /URI ", document::PastedString{uri}, " /S /URI >>");
+  lines_.Append("/A << /URI ", oddities::UnescapedText(uri), " /S /URI >>");
   lines_.Append("/Border [0 0 0]");
   lines_.Append("/C [0 0 0]");
   lines_.Append("/Rect [", top_left.x, ' ', top_left.y, ' ', bottom_right.x, ' ', bottom_right.y,

@@ -5,6 +5,7 @@
 #include <array>
 #include <string>
 
+#include "ps/oddities.h"
 #include "ps/ps_writer.h"
 
 namespace vellumark::ps {
@@ -14,22 +15,20 @@ constexpr std::array<std::string_view, 7> kDays = {"Sun", "Mon", "Tue", "Wed", "
 constexpr std::array<std::string_view, 12> kMonths = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                                       "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 
-std::string TwoDigits(int value) {
-  const std::string digits = std::to_string(value);
-  return digits.size() < 2 ? '0' + digits : digits;
+std::string Padded(int value, std::size_t digits) {
+  const std::string text = std::to_string(value);
+  return std::string(digits - std::min(digits, text.size()), '0') + text;
 }
 
 /// "Sun Nov 15 16:05:09 2026", in English whatever the locale.
 std::string DateText(const LocalTime& now) {
-  std::string text(kDays.at(static_cast<std::size_t>(now.weekday)));
-  text.append(" ").append(kMonths.at(static_cast<std::size_t>(now.month - 1)));
+  std::string text(kDays[static_cast<std::size_t>(now.weekday) % kDays.size()]);
+  text.append(" ").append(kMonths[static_cast<std::size_t>(now.month - 1) % kMonths.size()]);
   text.append(" ").append(std::to_string(now.day));
-  text.append(" ").append(TwoDigits(now.hour));
-  text.append(":").append(TwoDigits(now.minute));
-  text.append(":").append(TwoDigits(now.second));
-  const std::string year = std::to_string(now.year);
-  return text.append(" ").append(std::string(4 - std::min<std::size_t>(4, year.size()), '0') +
-                                 year);
+  text.append(" ").append(Padded(now.hour, 2));
+  text.append(":").append(Padded(now.minute, 2));
+  text.append(":").append(Padded(now.second, 2));
+  return text.append(" ").append(Padded(now.year, 4));
 }
 
 }  // namespace
@@ -38,7 +37,7 @@ void PsWriter::BeginDocument(const LocalTime& now) {
   page_comments_.clear();
   lines_.Append("%!PS-Adobe-3.0");
   WriteHeaderComments(now);
-  WriteRotation();
+  oddities::TurnFirstPage(state_, lines_);
 }
 
 void PsWriter::WriteHeaderComments(const LocalTime& now) {
@@ -57,18 +56,6 @@ void PsWriter::WriteHeaderComments(const LocalTime& now) {
   lines_.Append("%%EndComments");
 }
 
-/// See oddities::kRotationIsRepeated and oddities::kTranslatesWidthFirst.
-void PsWriter::WriteRotation() {
-  const bool landscape = state_.orientation == OrientationConstants::Landscape;
-  if (landscape != state_.rotated) {
-    lines_.Append("90 rotate");
-    lines_.Append("0 -", state_.page.height, " translate");
-  } else if (landscape) {
-    lines_.Append("180 rotate");
-    lines_.Append('-', state_.page.height, " -", state_.page.width, " translate");
-  }
-}
-
 /// The whole page, margins included, filled and outlined in the page colour.
 void PsWriter::PaintBackground() {
   RectanglePath({0, state_.page.height}, state_.page.width, state_.page.height);
@@ -77,7 +64,15 @@ void PsWriter::PaintBackground() {
   lines_.Append("stroke");
 }
 
-void PsWriter::AnnouncePage() { page_comments_.push_back(lines_.Append("%%Page: x y")); }
+void PsWriter::BeginPage() {
+  if (!oddities::kPageCommentFollowsBackground) WritePageComment();
+}
+
+void PsWriter::AnnouncePage() {
+  if (oddities::kPageCommentFollowsBackground) WritePageComment();
+}
+
+void PsWriter::WritePageComment() { page_comments_.push_back(lines_.Append("%%Page: x y")); }
 
 void PsWriter::EndPage() { lines_.Append("showpage"); }
 

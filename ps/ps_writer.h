@@ -40,7 +40,7 @@ class PsWriter final : public document::Writer {
 
   // document_structure.cpp
   void BeginDocument(const LocalTime& now) override;
-  void BeginPage() override {}
+  void BeginPage() override;
   void PaintBackground() override;
   void AnnouncePage() override;
   void EndPage() override;
@@ -64,11 +64,10 @@ class PsWriter final : public document::Writer {
 
  private:
   void WriteHeaderComments(const LocalTime& now);
-  void WriteRotation();
+  void WritePageComment();
   void MoveTo(document::PagePoint point);
   void RectanglePath(document::PagePoint top_left, layout::Points width, layout::Points height);
   void Fill(std::string_view color);
-  void WriteDash();
   void Stroke();
   void FillAndStroke();
 

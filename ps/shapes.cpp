@@ -31,11 +31,6 @@ void PsWriter::Fill(std::string_view color) {
   lines_.Append("grestore");
 }
 
-/// See oddities::kSolidLinesResetTheDash.
-void PsWriter::WriteDash() {
-  if (!state_.dash.bytes.empty()) lines_.Append('[', state_.dash.bytes, "] 0 setdash");
-}
-
 void PsWriter::Stroke() {
   lines_.Append(state_.color.view(), " setrgbcolor");
   lines_.Append(state_.thickness, " setlinewidth");
@@ -43,18 +38,17 @@ void PsWriter::Stroke() {
 }
 
 void PsWriter::FillAndStroke() {
-  WriteDash();
+  oddities::WriteDash(state_, lines_);
   if (state_.fill_style) Fill(state_.fill_color.view());
   Stroke();
 }
 
-/// See oddities::kLinesAreClosed.
 void PsWriter::DrawLine(PagePoint from, PagePoint to) {
   lines_.Append("newpath");
   MoveTo(from);
   lines_.Append(to.x, ' ', to.y, " lineto");
-  lines_.Append("closepath");
-  WriteDash();
+  oddities::EndLinePath(lines_);
+  oddities::WriteDash(state_, lines_);
   Stroke();
 }
 

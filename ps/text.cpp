@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // A text run: font, colour, place and string.
-#include "document/pasted_string.h"
 #include "layout/font.h"
+#include "ps/oddities.h"
 #include "ps/ps_writer.h"
 
 namespace vellumark::ps {
@@ -14,7 +14,7 @@ void PsWriter::ShowText(std::string_view text, document::PagePoint baseline) {
   lines_.Append("newpath");
   lines_.Append(state_.color.view(), " setrgbcolor");
   MoveTo(baseline);
-  lines_.Append(document::PastedString{text}, " show");
+  lines_.Append(oddities::UnescapedText(text), " show");
   lines_.Append("closepath");
 }
 

@@ -90,6 +90,9 @@ class VELLUMARK_API Document {
   /// Pen, font, margins, colours and picture box go back to their defaults: black, solid, 1 point,
   /// unfilled, Courier 8, no margins, white page, no box. False for an orientation or paper size
   /// that is none, or when the file cannot be created.
+  ///
+  /// A file that is open already, because Flush was not called, stays open and empty; a PDF whose
+  /// Create is refused goes on with it, a PS forgets it.
   bool Create(std::string_view file) noexcept;
 
   /// Ends the open page, if any, with the legal notice as footer, and starts the next one: margins

@@ -20,7 +20,7 @@ class PosixFiles : public testing::Test {
   PosixFiles() { std::filesystem::create_directories(folder); }
   ~PosixFiles() override { std::filesystem::remove_all(folder); }
 
-  std::string Path(const std::string& name) const { return folder + "/" + name; }
+  [[nodiscard]] std::string Path(const std::string& name) const { return folder + "/" + name; }
 
   static std::string Content(const std::string& path) {
     std::ifstream file(path, std::ios::binary);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// One test for each deliberate oddity of ps/oddities.h that another test does not pin down already.
+// One test for each deliberate oddity of ps/oddities.h.
 #include "tests/document_fixture.h"
 
 namespace vellumark::tests {
@@ -15,6 +15,22 @@ TEST_F(PsOddities, ThePageCommentCountsFirstAndFollowsTheBackground) {
   const auto comment = std::find(lines.begin(), lines.end(), "%%Page: 2 2");
   ASSERT_NE(comment, lines.end());
   EXPECT_EQ(Lines(comment - 2, comment), (Lines{"1 0 0 setrgbcolor", "stroke"}));
+}
+
+TEST_F(PsOddities, TheRotationStandsOnceAndMovesHeightFirst) {
+  const auto rotation = [&](OrientationConstants orientation, bool rotated) {
+    doc.Orientation(orientation);
+    doc.Rotated(rotated);
+    EXPECT_TRUE(doc.Create("doc"));
+    const Lines lines = FlushedLines();
+    const auto end = std::find(lines.begin(), lines.end(), "%%EndComments");
+    return Lines{end + 1, std::find(lines.begin(), lines.end(), "/Times-Roman findfont")};
+  };
+  using enum OrientationConstants;
+  EXPECT_EQ(rotation(Portrait, false), Lines());
+  EXPECT_EQ(rotation(Portrait, true), (Lines{"90 rotate", "0 -842 translate"}));
+  EXPECT_EQ(rotation(Landscape, false), (Lines{"90 rotate", "0 -595 translate"}));
+  EXPECT_EQ(rotation(Landscape, true), (Lines{"180 rotate", "-595 -842 translate"}));
 }
 
 TEST_F(PsOddities, TextAndPropertiesAreNotEscaped) {
@@ -43,12 +59,6 @@ TEST_F(PsOddities, ASolidLineDoesNotResetTheDash) {
   const Lines lines = MarksOfLastPage();
   EXPECT_EQ(std::count(lines.begin(), lines.end(), "[3 2] 0 setdash"), 1);
   EXPECT_FALSE(Has(lines, "[] 0 setdash"));
-}
-
-TEST_F(PsOddities, AnUnfilledShapeIsLeftOpen) {
-  Start(0);
-  doc.DrawRectangle(0, 0, 10, 10);
-  EXPECT_FALSE(Has(MarksOfLastPage(), "fill"));
 }
 
 TEST_F(PsOddities, ACreateThatFailsForgetsTheOpenFile) {

@@ -47,22 +47,6 @@ TEST_F(PsDocument, TakesMoreMarksThanAPdfHasNumbersFor) {
   for (int i = 0; i < 20000; ++i) ASSERT_TRUE(doc.DrawLine(0, 0, 1, 1));
 }
 
-TEST_F(PsDocument, IsTurnedInItsHeader) {
-  const auto rotation = [&](OrientationConstants orientation, bool rotated) {
-    doc.Orientation(orientation);
-    doc.Rotated(rotated);
-    EXPECT_TRUE(doc.Create("doc"));
-    const Lines lines = FlushedLines();
-    const auto end = std::find(lines.begin(), lines.end(), "%%EndComments");
-    return Lines{end + 1, std::find(lines.begin(), lines.end(), "/Times-Roman findfont")};
-  };
-  using enum OrientationConstants;
-  EXPECT_EQ(rotation(Portrait, false), Lines());
-  EXPECT_EQ(rotation(Portrait, true), (Lines{"90 rotate", "0 -842 translate"}));
-  EXPECT_EQ(rotation(Landscape, false), (Lines{"90 rotate", "0 -595 translate"}));
-  EXPECT_EQ(rotation(Landscape, true), (Lines{"180 rotate", "-595 -842 translate"}));
-}
-
 class PsMarks : public PsTest {
  protected:
   /// The path of the only mark: what stands in front of the paint lines.
@@ -83,6 +67,12 @@ TEST_F(PsMarks, FillBeforeTheyStroke) {
             (Lines{"newpath", "30 812 moveto", "30 0 rlineto", "0 -0 rlineto", "-30 0 rlineto",
                    "0 0 rlineto", "closepath", "[3 2] 0 setdash", "1 0 0 setrgbcolor", "gsave",
                    "fill", "grestore", "0 0 0 setrgbcolor", "4 setlinewidth", "stroke"}));
+}
+
+TEST_F(PsMarks, AnUnfilledShapeIsLeftOpen) {
+  Start(0);
+  doc.DrawRectangle(0, 0, 10, 10);
+  EXPECT_FALSE(Has(MarksOfLastPage(), "fill"));
 }
 
 TEST_F(PsMarks, CirclesAndEllipsesAreArcs) {
@@ -117,13 +107,16 @@ TEST_F(PsMarks, AnglesAreWrittenAsGivenWithAPointInAnyLocale) {
   EXPECT_EQ(angles(0, 90), "100 742 50 0 90 arc");
   EXPECT_EQ(angles(45.5F, -22.25F), "100 742 50 45.5 -22.25 arc");
   EXPECT_EQ(angles(0.1F, 1000.0F / 3), "100 742 50 0.1 333.3333 arc");
-  std::setlocale(LC_ALL, before.c_str());
+  EXPECT_EQ(angles(-0.0F, 1e6F), "100 742 50 0 1000000 arc");
+  ASSERT_NE(std::setlocale(LC_ALL, before.c_str()), nullptr);
 }
 
-TEST_F(PsMarks, AnAngleThatIsNoNumberIsRefused) {
+TEST_F(PsMarks, AnAngleThatInterpretersCannotTakeIsRefused) {
   Start(0);
   EXPECT_FALSE(doc.DrawArc(100, 100, 50, 0, std::numeric_limits<float>::quiet_NaN()));
   EXPECT_FALSE(doc.DrawArc(100, 100, 50, std::numeric_limits<float>::infinity(), 0));
+  EXPECT_FALSE(doc.DrawArc(100, 100, 50, 0, 1e10F))
+      << "interpreters would stop or turn for minutes";
   EXPECT_EQ(MarksOfLastPage(), Lines());
 }
 
