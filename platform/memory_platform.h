@@ -7,10 +7,10 @@
 //     doc.Create("answer.pdf"); ... doc.Flush();
 //     Send(memory->TakeFile("answer.pdf"));
 //
-// Names are any bytes; a file comes into being with CreateOutput or PutFile and, as on any platform,
-// cannot be created again while it is open; a document destroyed without Flush leaves it open for
-// good. A picture is looked for among these files first and then among the system's. Notices are
-// kept and shown to nobody. The clock is the system's until SetTime stops it.
+// Names are any bytes; a file comes into being with CreateOutput or PutFile and, as on any
+// platform, cannot be created again while it is open; a document destroyed without Flush leaves it
+// open for good. A picture is looked for among these files first and then among the system's.
+// Notices are kept and shown to nobody. The clock is the system's until SetTime stops it.
 #pragma once
 
 #include <map>
