@@ -14,7 +14,7 @@ install(FILES
     vellumark/vellumark.h
   DESTINATION ${include_dir}/vellumark)
 install(FILES
-    platform/memory_platform.h platform/platform.h platform/portable_platform.h
+    platform/bitmap.h platform/memory_platform.h platform/platform.h platform/portable_platform.h
     platform/posix_platform.h
   DESTINATION ${include_dir}/platform)
 

@@ -28,6 +28,7 @@
 #include "document/usable_box.h"
 #include "document/writer.h"
 #include "layout/justification.h"
+#include "layout/resize.h"
 #include "layout/text_width.h"
 #include "platform/platform.h"
 
@@ -59,6 +60,14 @@ struct Paragraph {
   Points width;  ///< of the lines; below 1 for all that is left of the right margin
 };
 
+/// A picture file at the current position.
+struct PictureFile {
+  std::string_view name;  ///< UTF-8
+  AlignmentConstants alignment = AlignmentConstants::NoAlignment;
+  std::string_view hyperlink = {};
+  EncodingConstants encoding = EncodingConstants::ASCII85;
+};
+
 class DocumentModel {
  public:
   /// Shows the construction notice. All references must outlive the model.
@@ -81,6 +90,9 @@ class DocumentModel {
   bool WriteText(const TextRun& run) noexcept;
   bool WriteTitle(const Title& title) noexcept;
   bool WriteMultiText(const Paragraph& paragraph) noexcept;
+
+  // Pictures (picture.cpp).
+  bool DrawPicture(const PictureFile& file) noexcept;
 
   // Accessors with rules (accessors.cpp); the others read and store the State's fields as they are.
   [[nodiscard]] static layout::Rgb Parse(const layout::ColorText& color);
@@ -175,6 +187,10 @@ class DocumentModel {
   RefusalNote WriteLastLine(std::string_view line, const Paragraph& paragraph, Points left);
   RefusalNote BreakPageIfFull();
 
+  // picture.cpp
+  RefusalNote TryDrawPicture(const PictureFile& file);
+  [[nodiscard]] layout::Resize::Size PictureSize(const layout::Resize::Size& pixels) const;
+
   /// The glyph widths, loaded on first use.
   const layout::FontWidths& Widths();
 
@@ -186,7 +202,7 @@ class DocumentModel {
   std::string footer_;
 
   RefusalNote note_;
-  std::string detail_;  // of a failed file operation: the name and the system's reason
+  std::string detail_;  // of a failed file operation: the name and the reason
 
   /// A word of the paragraph being written: where it lies in the text, and its width.
   struct Word {

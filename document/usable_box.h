@@ -33,7 +33,7 @@ struct UsableBox {
   /// An ellipse by its centre; a circle has equal radii.
   [[nodiscard]] RefusalNote CheckEllipse(Point center, layout::Points rx, layout::Points ry) const;
 
- private:
+  /// The right and bottom edge alone.
   [[nodiscard]] RefusalNote CheckReach(int right, int bottom) const;
 };
 

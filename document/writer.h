@@ -17,8 +17,10 @@
 #include <string_view>
 
 #include "document/refusal_note.h"
+#include "layout/picture.h"
 #include "layout/points.h"
 #include "platform/platform.h"
+#include "vellumark/enumerations.h"
 
 namespace vellumark::document {
 
@@ -33,6 +35,16 @@ struct Pieces {
   std::int64_t marks = 0;  ///< shapes and text runs
   std::int64_t links = 0;
   std::int64_t pages = 0;  ///< page changes: the end of one page and the start of the next
+  std::int64_t images = 0;
+  std::int64_t palettes = 0;
+};
+
+/// Where and how a picture is painted.
+struct PicturePlace {
+  PagePoint top_left;
+  layout::Points width;
+  layout::Points height;
+  EncodingConstants encoding = EncodingConstants::ASCII85;
 };
 
 class Writer {
@@ -75,6 +87,9 @@ class Writer {
   /// One run of text in the font and colour of the State; `baseline` is where its first glyph
   /// starts.
   virtual void ShowText(std::string_view text, PagePoint baseline) = 0;
+
+  /// A picture, its samples encoded with one of the four filters.
+  virtual void DrawImage(const layout::Picture& picture, const PicturePlace& place) = 0;
 
   /// Makes an area of the page a link. A language without links leaves it out.
   virtual void WriteLink(std::string_view /*uri*/, PagePoint /*top_left*/,

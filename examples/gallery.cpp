@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// gallery FOLDER: writes FOLDER/gallery.pdf and FOLDER/gallery.ps, every drawing and text feature
-// on labelled pages, both from the same code.
+// gallery FOLDER: writes FOLDER/gallery.pdf and FOLDER/gallery.ps, every drawing, text and
+// picture feature on labelled pages, both from the same code.
 #include <iostream>
 #include <string>
 
 #include "examples/gallery_pages.h"
+#include "examples/gallery_pictures.h"
 
 namespace {
 
@@ -18,6 +19,7 @@ bool WriteGallery(const std::string& file) {
     return false;
   }
   vellumark::examples::DrawGallery(doc);
+  vellumark::examples::DrawPicturePages(doc, VELLUMARK_PICTURES "/");
   doc.Flush();
   const vellumark::Refusal refusal = doc.LastRefusal();
   if (refusal.reason == vellumark::RefusalReason::None) return true;

@@ -10,9 +10,12 @@ using document::RefusalNote;
 
 RefusalNote PdfWriter::RoomFor(const Pieces& pieces) const {
   constexpr std::int64_t kPerMark = 2;              // the stream and its length
+  constexpr std::int64_t kPerImage = 4;             // a mark that paints it, and itself likewise
+  constexpr std::int64_t kPerPalette = 2;           // again a stream and its length
   constexpr std::int64_t kPageEnd = 3;              // the footer, and the page itself
   constexpr std::int64_t kToFinish = kPageEnd + 1;  // and the catalog
-  const std::int64_t needed = kPerMark * pieces.marks + pieces.links +
+  const std::int64_t needed = kPerMark * pieces.marks + pieces.links + kPerImage * pieces.images +
+                              kPerPalette * pieces.palettes +
                               (kPageEnd + kPerMark) * pieces.pages;  // a page starts with a mark
   const std::int64_t left = ObjectTable::kHighestNumber - objects_.table.Count() - kToFinish;
   if (needed <= left) return {};

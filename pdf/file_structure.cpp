@@ -2,7 +2,7 @@
 //
 // The fixed head of a file, and what Flush puts behind its last page:
 //
-//     17 0 obj << /Font << /F0 3 0 R ... >> /ProcSet [ ... ] >> endobj
+//     17 0 obj << /Font << /F0 3 0 R ... >> /ProcSet [ ... ] /XObject << ... >> >> endobj
 //     2 0 obj << /Type /Pages ... >> endobj
 //     25 0 obj << /Type /Catalog /Pages 2 0 R >> endobj
 //     xref
@@ -22,6 +22,19 @@
 #include "pdf/syntax.h"
 
 namespace vellumark::pdf {
+namespace {
+
+/// "/F0 3 0 R /F1 4 0 R "
+std::string NamedReferences(std::string_view prefix, const std::vector<int>& numbers) {
+  std::string references;
+  for (std::size_t i = 0; i < numbers.size(); ++i) {
+    references.append(prefix).append(std::to_string(i)).append(" ");
+    references.append(std::to_string(numbers[i])).append(" 0 R ");
+  }
+  return references;
+}
+
+}  // namespace
 
 void PdfWriter::BeginDocument(const LocalTime& now) {
   objects_.table = {};
@@ -32,6 +45,7 @@ void PdfWriter::BeginDocument(const LocalTime& now) {
   WriteFonts();
   objects_.resources = objects_.table.Reserve();
   objects_.pages.clear();
+  objects_.images.clear();
 }
 
 void PdfWriter::WriteInformation(const LocalTime& now) {
@@ -80,12 +94,11 @@ void PdfWriter::WriteResources() {
   BeginReservedObject(objects_.resources);
   lines_.Append("<<");
   if (!objects_.fonts.empty()) {
-    std::string fonts;
-    for (std::size_t i = 0; i < objects_.fonts.size(); ++i) {
-      fonts += "/F" + std::to_string(i) + ' ' + std::to_string(objects_.fonts[i]) + " 0 R ";
-    }
-    lines_.Append("/Font << ", fonts, ">>");
+    lines_.Append("/Font << ", NamedReferences("/F", objects_.fonts), ">>");
     lines_.Append("/ProcSet [ /PDF /Text /ImageC /ImageI ]");
+  }
+  if (!objects_.images.empty()) {
+    lines_.Append("/XObject << ", NamedReferences("/I", objects_.images), ">>");
   }
   lines_.Append(">>");
   lines_.Append("endobj");

@@ -75,4 +75,9 @@ struct EllipseControls {
   return {start, corner};
 }
 
+/// Only a picture of 24 bits, or with a palette, has a colour space and a depth. At 16 and 32 bits
+/// both lines are missing and readers show no picture, or another one (docs/pictures.md). It stays
+/// because their samples are no three colours a pixel that a colour space could name.
+inline constexpr bool DeclaresColors(int bits_per_pixel) noexcept { return bits_per_pixel == 24; }
+
 }  // namespace vellumark::pdf::oddities

@@ -9,6 +9,7 @@
 //     3 0 obj ... 16 0 obj         the fourteen fonts
 //     n 0 obj << /Length n+1 0 R >> stream ... endstream endobj
 //     n+1 0 obj <length> endobj    each mark on a page is such a pair (shapes.cpp, text.cpp)
+//     i 0 obj << /Subtype /Image ... >> stream ... (image.cpp)
 //     p 0 obj << /Type /Page ... >> endobj
 //     17 0 obj ...  2 0 obj ...    resources and page tree, numbered early, written last
 //     c 0 obj << /Type /Catalog ... >> endobj
@@ -17,11 +18,12 @@
 // Every mark is a content stream of its own, listed by its page. A shape's stream opens a graphics
 // state ("q") that the next stream closes ("Q"), so that no mark inherits another's pen.
 //
-// Object numbers are 16-bit. A mark takes two (the stream and its length), a link one, and four
-// are always kept back: the footer's two, the page and the catalog. RoomFor refuses what would take
-// those.
+// Object numbers are 16-bit. A mark takes two (the stream and its length), a picture four and its
+// palette two more, a link one, and four are always kept back: the footer's two, the page and the
+// catalog. RoomFor refuses what would take those.
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "document/line_buffer.h"
@@ -73,6 +75,9 @@ class PdfWriter final : public document::Writer {
   void WriteLink(std::string_view uri, document::PagePoint top_left,
                  document::PagePoint bottom_right) override;
 
+  // image.cpp
+  void DrawImage(const layout::Picture& picture, const document::PicturePlace& place) override;
+
  private:
   /// Whether a content stream leaves a graphics state open behind it.
   enum class GraphicsState { Saved, NotSaved };
@@ -87,6 +92,7 @@ class PdfWriter final : public document::Writer {
     int page_tree = 0;
     int resources = 0;
     std::vector<int> fonts;
+    std::vector<int> images;   // of the whole document
     bool state_saved = false;  // a "q" is open
   };
 
@@ -98,6 +104,11 @@ class PdfWriter final : public document::Writer {
   int WriteCatalog();
   void WriteCrossReferences();
   void WriteTrailer(int catalog, std::int32_t cross_references);
+
+  // image.cpp
+  void WriteImageDictionary(int image, const layout::Picture& picture, EncodingConstants encoding);
+  int BeginStreamObject(EncodingConstants encoding);
+  void WriteEncodedStream(std::span<const std::uint8_t> data, EncodingConstants encoding);
 
   // content_stream.cpp
   int BeginObject();

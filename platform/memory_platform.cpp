@@ -18,6 +18,11 @@ std::string MemoryPlatform::TakeFile(std::string_view name) {
   return bytes;
 }
 
+void MemoryPlatform::PutFile(std::string_view name, std::string bytes) {
+  MemoryFile& file = files_[std::string(name)];
+  if (!file.open) file.bytes = std::move(bytes);
+}
+
 FileHandle MemoryPlatform::CreateOutput(std::string_view name, std::error_code& error) {
   MemoryFile& file = files_[std::string(name)];
   if (file.open) {
@@ -45,6 +50,13 @@ std::error_code MemoryPlatform::CloseOutput(FileHandle file) {
   handles_[static_cast<std::size_t>(file)] = nullptr;
   while (!handles_.empty() && handles_.back() == nullptr) handles_.pop_back();
   return {};
+}
+
+bool MemoryPlatform::DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) {
+  const std::string* const bytes = File(file);
+  if (bytes == nullptr) return PortablePlatform::DecodePicture(file, bitmap, reason);
+  const auto* const data = reinterpret_cast<const std::uint8_t*>(bytes->data());
+  return DecodePictureBytes({data, bytes->size()}, bitmap, reason);
 }
 
 void MemoryPlatform::ShowNotice(std::string_view text, std::string_view caption) {

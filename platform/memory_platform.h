@@ -7,9 +7,10 @@
 //     doc.Create("answer.pdf"); ... doc.Flush();
 //     Send(memory->TakeFile("answer.pdf"));
 //
-// Names are any bytes; a file comes into being with CreateOutput and, as on any platform, cannot be
-// created again while it is open; a document destroyed without Flush leaves it open for good.
-// Notices are kept and shown to nobody. The clock is the system's until SetTime stops it.
+// Names are any bytes; a file comes into being with CreateOutput or PutFile and, as on any platform,
+// cannot be created again while it is open; a document destroyed without Flush leaves it open for
+// good. A picture is looked for among these files first and then among the system's. Notices are
+// kept and shown to nobody. The clock is the system's until SetTime stops it.
 #pragma once
 
 #include <map>
@@ -29,6 +30,10 @@ class VELLUMARK_API MemoryPlatform : public PortablePlatform {
   /// Moves a file's bytes out and forgets it; empty where there is none or it is still open.
   [[nodiscard]] std::string TakeFile(std::string_view name);
 
+  /// Makes a file, such as a picture, of bytes that the host has. A file that is open stays as it
+  /// is.
+  void PutFile(std::string_view name, std::string bytes);
+
   /// From now on Now() answers this moment.
   void SetTime(const LocalTime& time) { time_ = time; }
 
@@ -38,6 +43,7 @@ class VELLUMARK_API MemoryPlatform : public PortablePlatform {
   FileHandle CreateOutput(std::string_view name, std::error_code& error) override;
   std::error_code WriteOutput(FileHandle file, std::string_view bytes) override;
   std::error_code CloseOutput(FileHandle file) override;
+  bool DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) override;
   void ShowNotice(std::string_view text, std::string_view caption) override;
   LocalTime Now() override;
 

@@ -20,6 +20,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "platform/bitmap.h"
 #include "vellumark/export.h"
 
 namespace vellumark {
@@ -61,6 +62,12 @@ class VELLUMARK_API Platform {
 
   /// Writes what was held back and closes the file. The handle is gone also after an error.
   virtual std::error_code CloseOutput(FileHandle file) = 0;
+
+  /// Decodes the picture file `file` (UTF-8), a BMP, GIF or JPG by its content, into `bitmap`. On
+  /// failure the result is false, `bitmap` is empty and `reason` says why in a few words, such as
+  /// "No such file or directory" or "the pixel data is cut off". Must not wait for anything but a
+  /// disk. May throw std::bad_alloc.
+  virtual bool DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) = 0;
 
   /// Shows the notice that a document gives of its construction. Must not block a host that has no
   /// one to look at it.

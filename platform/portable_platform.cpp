@@ -1,11 +1,26 @@
 // SPDX-License-Identifier: MIT
 #include "platform/portable_platform.h"
 
+#include "platform/picture_decoder.h"
+#include "platform/picture_file.h"
 #include "platform/system_clock.h"
 #include "platform/width_resources.h"
 #include "platform/windows_1252.h"
 
 namespace vellumark {
+
+bool PortablePlatform::DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) {
+  platform::PictureFile picture;
+  if (picture.Read(file, reason)) return DecodePictureBytes(picture.Bytes(), bitmap, reason);
+  bitmap = {};
+  return false;
+}
+
+bool PortablePlatform::DecodePictureBytes(std::span<const std::uint8_t> bytes, Bitmap& bitmap,
+                                          std::string& reason) const {
+  reason = platform::DecodePicture(bytes, greatest_picture_, bitmap);
+  return reason.empty();
+}
 
 LocalTime PortablePlatform::Now() { return platform::SystemLocalTime(); }
 

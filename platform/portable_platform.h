@@ -2,8 +2,11 @@
 //
 // PortablePlatform: the operations that are alike wherever the system offers nothing better of its
 // own: Windows-1252 as code page, the linked-in width resources, the title and the legal notice,
-// and the C library's clock. Files and the notice are left to the platform that derives from it.
+// the C library's clock, and pictures from files of the system, decoded by this library. Output
+// files and the notice are left to the platform that derives from it.
 #pragma once
+
+#include <limits>
 
 #include "platform/platform.h"
 
@@ -14,11 +17,24 @@ inline constexpr std::string_view kLegalNotice = "Copyright © 2026 Vellumark";
 
 class VELLUMARK_API PortablePlatform : public Platform {
  public:
+  /// The most bytes that a decoded picture may have, for a host that is handed pictures by
+  /// strangers: a small file can ask for much memory. 2^31 - 1 at first, and at most.
+  void SetGreatestPicture(std::int32_t bytes) noexcept { greatest_picture_ = bytes; }
+
+  bool DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) override;
   LocalTime Now() override;
   std::string_view ToCodePage(std::string_view utf8, std::string& storage) override;
   std::span<const std::uint8_t> WidthResource(int number) override;
   std::string_view Title() override;
   std::string_view LegalNotice() override;
+
+ protected:
+  /// Decodes a picture file that lies in memory.
+  bool DecodePictureBytes(std::span<const std::uint8_t> bytes, Bitmap& bitmap,
+                          std::string& reason) const;
+
+ private:
+  std::int32_t greatest_picture_ = std::numeric_limits<std::int32_t>::max();
 };
 
 }  // namespace vellumark

@@ -62,4 +62,11 @@ inline void WriteDash(const document::State& state, document::LineBuffer& lines)
 /// A Create whose file cannot be created forgets the file that was open before, which stays empty.
 inline constexpr bool kKeepsFileWhenCreateFails = false;
 
+/// Every picture without a palette is said to have three components of 8 bits, also one whose
+/// samples have two or four bytes a pixel: at 16 bits the samples end early and part of the picture
+/// is missing, at 32 bits it is torn and its colours are wrong (docs/pictures.md).
+inline constexpr int BitsPerComponent(int bits_per_pixel) noexcept {
+  return bits_per_pixel > 8 ? 8 : bits_per_pixel;
+}
+
 }  // namespace vellumark::ps::oddities

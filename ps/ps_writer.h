@@ -59,6 +59,9 @@ class PsWriter final : public document::Writer {
   // text.cpp
   void ShowText(std::string_view text, document::PagePoint baseline) override;
 
+  // image.cpp
+  void DrawImage(const layout::Picture& picture, const document::PicturePlace& place) override;
+
  private:
   void WriteHeaderComments(const LocalTime& now);
   void WritePageComment();
@@ -67,6 +70,9 @@ class PsWriter final : public document::Writer {
   void Fill(std::string_view color);
   void Stroke();
   void FillAndStroke();
+
+  void WriteColorSpace(const layout::Picture& picture);
+  void WriteImageDictionary(const layout::Picture& picture, EncodingConstants encoding);
 
   const document::State& state_;
   document::LineBuffer& lines_;

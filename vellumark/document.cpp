@@ -90,6 +90,11 @@ bool Document::WriteMultiText(std::string_view text, std::uint8_t dy, AlignmentC
   return parts_->WriteMultiText(text, dy, alignment, justified, width);
 }
 
+bool Document::DrawPicture(std::string_view file, AlignmentConstants alignment,
+                           EncodingConstants encoding) noexcept {
+  return parts_->DrawPicture(file, alignment, {}, encoding);
+}
+
 void Document::GetColor(std::uint8_t& red, std::uint8_t& green, std::uint8_t& blue) const {
   Take(document::DocumentModel::Parse(parts_->state.color), red, green, blue);
 }

@@ -79,6 +79,14 @@ class Document::Parts {
     });
   }
 
+  /// The file's name stays as it is, UTF-8.
+  bool DrawPicture(std::string_view file, AlignmentConstants alignment, std::string_view hyperlink,
+                   EncodingConstants encoding) noexcept {
+    return Converted({}, hyperlink, [&](std::string_view, std::string_view link) {
+      return model.DrawPicture({file, alignment, link, encoding});
+    });
+  }
+
   std::shared_ptr<Platform> platform;
   std::string_view version;
   document::State state;

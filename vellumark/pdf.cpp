@@ -49,4 +49,9 @@ bool PDF::WriteTitle(std::string_view text, AlignmentConstants alignment, Bullet
   return parts().WriteTitle(text, alignment, bullet, hyperlink);
 }
 
+bool PDF::DrawPicture(std::string_view file, AlignmentConstants alignment,
+                      std::string_view hyperlink, EncodingConstants encoding) noexcept {
+  return parts().DrawPicture(file, alignment, hyperlink, encoding);
+}
+
 }  // namespace vellumark

@@ -156,6 +156,26 @@ class VELLUMARK_API Document {
                       AlignmentConstants alignment = AlignmentConstants::NoAlignment,
                       bool justified = false, std::int16_t width = 0) noexcept;
 
+  // --- Pictures. ---
+
+  /// The picture of a BMP, GIF or JPG file, told by its content, with its top left corner at the
+  /// current position. `file` is a name for the platform, UTF-8. A pixel is drawn as one point,
+  /// unless SetPictureDimensions has set a box: then a larger picture is made to fit into it. It
+  /// must fit between the current position and the right and bottom margins, also if it is then
+  /// aligned. Afterwards the position is below it, at the x of the last SetPosition.
+  ///
+  /// `encoding` is the filter of its samples. Flate makes the smallest files, ASCII85 and ASCIIHex
+  /// plain text. RunLength ends with a marker of its own instead of the filter's, which not every
+  /// reader takes; docs/pictures.md says which do, and what becomes of pictures of 16 and 32 bits
+  /// per pixel.
+  ///
+  /// False where the file cannot be read as a picture, has more than 32,767 pixels a side or
+  /// 2^31 - 1 bytes, or, without a palette, more than 32,767 bytes a row (10,922 pixels of 24
+  /// bits).
+  bool DrawPicture(std::string_view file,
+                   AlignmentConstants alignment = AlignmentConstants::NoAlignment,
+                   EncodingConstants encoding = EncodingConstants::ASCII85) noexcept;
+
   // --- Pen, font, page and position. ---
 
   /// The colours; each component 0 to 255. Before Create there is none, and reading throws
@@ -252,6 +272,13 @@ class VELLUMARK_API PDF : public Document {
   using Document::WriteTitle;
   bool WriteTitle(std::string_view text, AlignmentConstants alignment, BulletConstants bullet,
                   std::string_view hyperlink) noexcept;
+
+  /// As in Document, with a link over the picture. It hides the member of Document: here the third
+  /// argument is the address.
+  bool DrawPicture(std::string_view file,
+                   AlignmentConstants alignment = AlignmentConstants::NoAlignment,
+                   std::string_view hyperlink = "",
+                   EncodingConstants encoding = EncodingConstants::ASCII85) noexcept;
 };
 
 /// Class to generate PS documents: PostScript programs with structuring comments. It has everything

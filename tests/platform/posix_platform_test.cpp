@@ -34,6 +34,21 @@ class PosixFiles : public testing::Test {
   PosixPlatform platform;
 };
 
+TEST_F(PosixFiles, APictureIsARegularFileOrRefusedAtOnce) {
+  ASSERT_EQ(::mkfifo(Path("pipe").c_str(), 0600), 0);
+  Bitmap bitmap;
+  std::string reason;
+  for (const std::string& name : {Path("pipe"), std::string("/dev/zero"), folder}) {
+    EXPECT_FALSE(platform.DecodePicture(name, bitmap, reason));
+    EXPECT_EQ(reason, "not a regular file") << name;
+  }
+  std::ofstream(Path("empty"));
+  EXPECT_FALSE(platform.DecodePicture(Path("empty"), bitmap, reason));
+  EXPECT_EQ(reason, "not a BMP, GIF or JPG file");
+  EXPECT_FALSE(platform.DecodePicture(std::string("a\0b", 3), bitmap, reason));
+  EXPECT_EQ(reason, "No such file or directory");
+}
+
 TEST_F(PosixFiles, AnExistingFileIsEmptiedAndWrittenAnew) {
   std::ofstream(Path("a")) << "old and long content";
   const FileHandle file = Create(Path("a"));

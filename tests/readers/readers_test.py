@@ -14,6 +14,7 @@ import tempfile
 import unittest
 
 GALLERY, PAGES = sys.argv[1:3]
+SHOWN = 12      # pages of the gallery
 
 
 def run(*command):
@@ -54,8 +55,8 @@ class Readers(unittest.TestCase):
                     self.assertTrue(any(word in line for word in expected), line)
 
     def test_page_counts_and_sizes_are_right(self):
-        for file, pages, size in ((self.gallery, 9, "595 x 842"), (self.pages, 3, "612 x 792"),
-                                  (self.landscape, 1, "842 x 595")):
+        for file, pages, size in ((self.gallery, SHOWN, "595 x 842"),
+                                  (self.pages, 3, "612 x 792"), (self.landscape, 1, "842 x 595")):
             info = run("pdfinfo", file)
             self.assertRegex(info, rf"Pages: +{pages}\n")
             self.assertRegex(info, rf"Page size: +{size} pts")
@@ -94,7 +95,7 @@ class Readers(unittest.TestCase):
         subprocess.run(["pdftoppm", "-r", "36", "-gray", self.gallery, self.gallery], check=True,
                        capture_output=True)
         pictures = sorted(pathlib.Path(self.folder.name).glob("gallery.pdf-*.pgm"))
-        self.assertEqual(len(pictures), 9)
+        self.assertEqual(len(pictures), SHOWN)
         for picture in pictures:
             data = picture.read_bytes()
             width, height = map(int, data.split(b"\n")[1].split())
@@ -110,10 +111,10 @@ class Readers(unittest.TestCase):
         out = f"{self.folder.name}/mutool-%d.pgm"
         subprocess.run(["mutool", "draw", "-q", "-r", "36", "-o", out, self.gallery], check=False,
                        capture_output=True)
-        self.assertEqual(len(list(pathlib.Path(self.folder.name).glob("mutool-*.pgm"))), 9)
+        self.assertEqual(len(list(pathlib.Path(self.folder.name).glob("mutool-*.pgm"))), SHOWN)
         done = subprocess.run(["gs", "-q", "-dNOPAUSE", "-dBATCH", "-sDEVICE=bbox", self.gallery],
                               check=False, capture_output=True, text=True)
-        self.assertEqual(done.stderr.count("%%HiResBoundingBox"), 9)
+        self.assertEqual(done.stderr.count("%%HiResBoundingBox"), SHOWN)
 
 
 if __name__ == "__main__":

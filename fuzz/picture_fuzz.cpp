@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+//
+// Any bytes as a picture file, all the way to samples.
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include "layout/picture.h"
+#include "platform/memory_platform.h"
+#include "vellumark/run_time_error.h"
+
+using vellumark::layout::Picture;
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  constexpr std::int32_t kGreatest = 1 << 22;  // larger ones take time and find nothing more
+  vellumark::MemoryPlatform memory;
+  memory.SetGreatestPicture(kGreatest);
+  memory.PutFile("picture", std::string(reinterpret_cast<const char*>(data), size));
+  Picture picture;
+  std::string reason;
+  try {
+    if (!vellumark::layout::LoadPicture(memory, "picture", picture, reason)) {
+      if (reason.empty()) std::abort();
+      return 0;
+    }
+  } catch (const vellumark::RunTimeError&) {
+    return 0;  // a row that is too long
+  }
+  // Reads every byte, so that one that was never written is found where that is looked for.
+  std::uint32_t sum = 0;
+  for (const std::uint8_t sample : picture.samples) sum = sum * 31 + sample;
+  for (const std::uint8_t part : picture.palette) sum = sum * 31 + part;
+  const std::size_t bits = static_cast<std::size_t>(picture.width) * picture.bits_per_pixel;
+  if (picture.samples.size() < bits / 8 * static_cast<std::size_t>(picture.height)) std::abort();
+  return sum == 0 && picture.samples.empty() ? -1 : 0;
+}

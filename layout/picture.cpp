@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "layout/picture.h"
+
+#include <cstring>
+#include <limits>
+#include <utility>
+
+#include "layout/dib.h"
+#include "vellumark/run_time_error.h"
+
+namespace vellumark::layout {
+namespace {
+
+std::size_t RowLength(const Dib& dib) {
+  const std::size_t width = static_cast<std::size_t>(dib.ImageWidth());
+  if (dib.BitsPerPixel() > 8) {
+    const std::size_t length = width * (dib.BitsPerPixel() / 8U);
+    if (length > std::numeric_limits<std::int16_t>::max()) {
+      throw RunTimeError(RunTimeError::Overflow);
+    }
+    return length;
+  }
+  const std::size_t pixels_per_byte = 8U / dib.BitsPerPixel();
+  return (width + pixels_per_byte - 1) / pixels_per_byte;
+}
+
+/// Blue, green, red becomes red, green, blue; a fourth byte stays.
+void ExchangeBlueAndRed(std::span<std::uint8_t> row, std::size_t bytes_per_pixel) noexcept {
+  for (std::size_t at = 0; at < row.size(); at += bytes_per_pixel) std::swap(row[at], row[at + 2]);
+}
+
+void TakePalette(const Dib& dib, Picture& picture) {
+  picture.palette.clear();
+  picture.palette.reserve(3 * dib.Palette().size());
+  for (const Bitmap::Color& color : dib.Palette()) {
+    picture.palette.insert(picture.palette.end(), {color.red, color.green, color.blue});
+  }
+}
+
+/// One pass over the stored rows where they lie: each moves up against the one before, which drops
+/// that one's padding, and is put in order there.
+void TakeSamples(Dib& dib, Picture& picture) {
+  const std::size_t length = RowLength(dib);
+  const std::size_t bytes_per_pixel = dib.BitsPerPixel() / 8U;
+  const auto scan_width = static_cast<std::size_t>(dib.ImageScanWidth());
+  const auto height = static_cast<std::size_t>(dib.ImageHeight());
+  std::uint8_t pushed_out = 0;
+  picture.samples = dib.TakePixels();
+  for (std::size_t r = 0; r < height; ++r) {
+    const std::span<std::uint8_t> row(picture.samples.data() + r * length, length);
+    std::memmove(row.data(), picture.samples.data() + r * scan_width, length);
+    if (bytes_per_pixel == 2) ShiftFirstBytes(row, pushed_out);
+    if (bytes_per_pixel > 2) ExchangeBlueAndRed(row, bytes_per_pixel);
+  }
+  picture.samples.resize(length * height);
+}
+
+}  // namespace
+
+void ShiftFirstBytes(std::span<std::uint8_t> row, std::uint8_t& pushed_out) noexcept {
+  std::uint8_t from_right = pushed_out;
+  for (std::size_t at = row.size(); at != 0;) {
+    at -= 2;
+    from_right = std::exchange(row[at], from_right);
+  }
+  pushed_out = from_right;
+}
+
+bool LoadPicture(Platform& platform, std::string_view file, Picture& picture, std::string& reason) {
+  Dib dib;
+  if (!dib.Load(platform, file, reason)) return false;
+  picture.width = dib.ImageWidth();
+  picture.height = dib.ImageHeight();
+  picture.bits_per_pixel = dib.BitsPerPixel();
+  if (picture.HasPalette()) TakePalette(dib, picture);
+  TakeSamples(dib, picture);
+  return true;
+}
+
+}  // namespace vellumark::layout

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+//
+// LoadPicture: a picture file as the samples that page languages paint.
+//
+//     Picture picture;
+//     std::string reason;
+//     if (!LoadPicture(platform, "logo.bmp", picture, reason)) ...
+//
+// Samples are the picture's rows from the bottom upwards, without padding:
+//
+//     bits per pixel   palette                      a row
+//     1, 4, 8          2^bits x red, green, blue    indices, the first in the highest bits
+//     16               none                         2 bytes a pixel, see ShiftFirstBytes
+//     24               none                         red, green, blue
+//     32               none                         red, green, blue, the fourth byte as it was
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/platform.h"
+
+namespace vellumark::layout {
+
+struct Picture {
+  std::int16_t width = 0;   ///< pixels
+  std::int16_t height = 0;  ///< pixels
+  std::uint8_t bits_per_pixel = 0;
+  std::vector<std::uint8_t> palette;  ///< at 8 bits per pixel or fewer
+  std::vector<std::uint8_t> samples;
+
+  [[nodiscard]] bool HasPalette() const noexcept { return bits_per_pixel <= 8; }
+};
+
+/// False, with a `reason` and `picture` as it was, where the platform cannot load the file. Rows
+/// are counted in 16 bits: one of more than 32,767 bytes, such as 10,923 pixels of 24 bits, raises
+/// run-time error 6 unless it has a palette.
+bool LoadPicture(Platform& platform, std::string_view file, Picture& picture, std::string& reason);
+
+/// What becomes of a row at 16 bits per pixel, on purpose: the exchange of a pixel's first and
+/// third byte, made for three bytes a pixel, moves the first byte of every pixel one pixel to the
+/// left. The first pixel's is pushed out of the row, and the last pixel takes the one that the row
+/// below pushed out (`pushed_out`, 0 for the bottom row). Readers show no such picture in its
+/// colours anyway (docs/pictures.md); the bytes stay what archives and comparisons know.
+void ShiftFirstBytes(std::span<std::uint8_t> row, std::uint8_t& pushed_out) noexcept;
+
+}  // namespace vellumark::layout

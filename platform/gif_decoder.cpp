@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+#include "platform/gif_decoder.h"
+
+#include <algorithm>
+#include <cstring>
+#include <gif_lib.h>
+#include <memory>
+#include <vector>
+
+#include "platform/picture_limits.h"
+
+namespace vellumark::platform {
+namespace {
+
+/// What the GIF library has read of the file so far.
+struct Source {
+  std::span<const std::uint8_t> left;
+
+  static int Read(GifFileType* gif, GifByteType* to, int size) {
+    auto& source = *static_cast<Source*>(gif->UserData);
+    const std::size_t count = std::min(source.left.size(), static_cast<std::size_t>(size));
+    if (count != 0) std::memcpy(to, source.left.data(), count);
+    source.left = source.left.subspan(count);
+    return static_cast<int>(count);
+  }
+};
+
+struct Close {
+  void operator()(GifFileType* gif) const { DGifCloseFile(gif, nullptr); }
+};
+using GifFile = std::unique_ptr<GifFileType, Close>;
+
+bool SkipExtension(GifFileType* gif) {
+  int code = 0;
+  GifByteType* block = nullptr;
+  if (DGifGetExtension(gif, &code, &block) != GIF_OK) return false;
+  while (block != nullptr) {
+    if (DGifGetExtensionNext(gif, &block) != GIF_OK) return false;
+  }
+  return true;
+}
+
+/// Reads up to the description of the first frame.
+bool FindFrame(GifFileType* gif) {
+  for (;;) {
+    GifRecordType record = UNDEFINED_RECORD_TYPE;
+    if (DGifGetRecordType(gif, &record) != GIF_OK) return false;
+    if (record == IMAGE_DESC_RECORD_TYPE) return DGifGetImageDesc(gif) == GIF_OK;
+    if (record != EXTENSION_RECORD_TYPE || !SkipExtension(gif)) return false;
+  }
+}
+
+void TakePalette(const GifFileType& gif, Bitmap& bitmap) {
+  const ColorMapObject* const table =
+      gif.Image.ColorMap != nullptr ? gif.Image.ColorMap : gif.SColorMap;
+  if (table == nullptr) return;
+  const std::size_t count =
+      std::min(bitmap.palette.size(), static_cast<std::size_t>(table->ColorCount));
+  for (std::size_t i = 0; i < count; ++i) {
+    const GifColorType& color = table->Colors[i];
+    bitmap.palette[i] = {color.Blue, color.Green, color.Red, 0};
+  }
+}
+
+/// Puts row `y` of the frame where it lies on the screen.
+void TakeRow(const GifImageDesc& frame, const std::vector<GifPixelType>& row, int y,
+             Bitmap& bitmap) {
+  const int screen_y = frame.Top + y;
+  if (screen_y >= bitmap.height || frame.Left >= bitmap.width) return;
+  const auto count = static_cast<std::size_t>(std::min(frame.Width, bitmap.width - frame.Left));
+  const auto from_bottom = static_cast<std::size_t>(bitmap.height - 1 - screen_y);
+  std::memcpy(bitmap.pixels.data() + from_bottom * bitmap.RowSize() + frame.Left, row.data(),
+              count);
+}
+
+bool ReadRows(GifFileType* gif, Bitmap& bitmap) {
+  struct Pass {
+    int first;
+    int step;
+  };
+  static constexpr Pass kInterlaced[] = {{0, 8}, {4, 8}, {2, 4}, {1, 2}};
+  static constexpr Pass kPlain[] = {{0, 1}};
+  const GifImageDesc& frame = gif->Image;
+  const std::span<const Pass> passes =
+      frame.Interlace ? std::span<const Pass>(kInterlaced) : std::span<const Pass>(kPlain);
+
+  std::vector<GifPixelType> row(static_cast<std::size_t>(frame.Width));
+  for (const Pass& pass : passes) {
+    for (int y = pass.first; y < frame.Height; y += pass.step) {
+      if (DGifGetLine(gif, row.data(), frame.Width) != GIF_OK) return false;
+      TakeRow(frame, row, y, bitmap);
+    }
+  }
+  return true;
+}
+
+}  // namespace
+
+std::string_view DecodeGif(std::span<const std::uint8_t> file, std::int64_t greatest,
+                           Bitmap& bitmap) {
+  Source source{file};
+  const GifFile gif(DGifOpen(&source, Source::Read, nullptr));
+  if (gif == nullptr || !FindFrame(gif.get())) return "the GIF file is damaged or has no picture";
+  const std::string_view too_large = CheckSize(gif->SWidth, gif->SHeight, 8, greatest);
+  if (!too_large.empty()) return too_large;
+  const std::string_view frame_too_large =
+      CheckSize(gif->Image.Width, gif->Image.Height, 8, greatest);
+  if (!frame_too_large.empty()) return frame_too_large;
+
+  AllocatePixels(gif->SWidth, gif->SHeight, 8, bitmap);
+  std::fill(bitmap.pixels.begin(), bitmap.pixels.end(),
+            static_cast<std::uint8_t>(gif->SBackGroundColor));
+  TakePalette(*gif, bitmap);
+  if (!ReadRows(gif.get(), bitmap)) return kCutOff;
+  return {};
+}
+
+}  // namespace vellumark::platform

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+//
+// DecodePicture: a BMP, GIF or JPG file, in memory, as a Bitmap.
+//
+//     Bitmap bitmap;
+//     const std::string_view why_not = DecodePicture(bytes, kGreatestPicture, bitmap);
+//     if (!why_not.empty()) ...                      // "the pixel data is cut off"
+//
+// The kind is told by the first bytes. Nothing else is opened, nothing is written to standard
+// error, and a file that lacks pixels is refused as a whole.
+//
+//     BMP   1, 4, 8, 16, 24, 32 bits at their own depth                      bmp_decoder.h
+//     GIF   first frame, 8 bits                                             gif_decoder.h
+//     JPG   24 bits, whatever the file's colours                            jpeg_decoder.h
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "platform/bitmap.h"
+
+namespace vellumark::platform {
+
+/// Fills `bitmap` and answers an empty text, or a short sentence that says why not; then `bitmap`
+/// is empty. `greatest` is the most bytes that the bitmap may have. Throws std::bad_alloc.
+[[nodiscard]] std::string_view DecodePicture(std::span<const std::uint8_t> file,
+                                             std::int64_t greatest, Bitmap& bitmap);
+
+}  // namespace vellumark::platform

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include "layout/picture.h"
+
+#include <gtest/gtest.h>
+
+#include "layout/dib.h"
+#include "layout/resize.h"
+#include "platform/memory_platform.h"
+#include "tests/bmp_file.h"
+#include "vellumark/run_time_error.h"
+
+namespace vellumark::tests {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+using layout::Picture;
+using Size = layout::Resize::Size;
+
+TEST(Resize, FitsIntoTheBoxAndNeverEnlarges) {
+  const auto fit = [](int width, int height) {
+    return layout::Resize::Calculate({100, 100}, {width, height});
+  };
+  EXPECT_EQ(fit(400, 200), (Size{100, 50}));
+  EXPECT_EQ(fit(50, 60), (Size{50, 60}));
+  EXPECT_EQ(fit(50, 400), (Size{12, 100})) << "12.5 is rounded to the even neighbour";
+  EXPECT_EQ(fit(150, 300), (Size{50, 100})) << "to the width first, then to the height";
+  EXPECT_EQ(fit(1000, 1), (Size{100, 1})) << "nothing vanishes";
+  EXPECT_EQ(layout::Resize::Calculate({32767, 32766}, {32767, 32767}), (Size{32766, 32766}));
+}
+
+TEST(Dib, HoldsOneBitmapAtATime) {
+  MemoryPlatform memory;
+  std::string reason;
+  layout::Dib dib;
+  EXPECT_TRUE(dib.Create(3, 2, 24));
+  EXPECT_EQ(dib.ImageScanWidth(), 12);
+  EXPECT_FALSE(dib.Create(10, 1, 1));
+  memory.PutFile("a.bmp", PlainBmp(2, 2));
+  EXPECT_FALSE(dib.Load(memory, "a.bmp", reason));
+  dib.Destroy();
+  dib.Destroy();
+  EXPECT_FALSE(dib.Create(0, 1, 24));
+  EXPECT_FALSE(dib.Create(1, -1, 24));
+  EXPECT_FALSE(dib.Create(1, 1, 33));
+  EXPECT_TRUE(dib.Load(memory, "a.bmp", reason));
+  EXPECT_EQ(dib.ImageScanWidth(), 8);
+}
+
+/// A host's platform that miscounts.
+class HalfPlatform : public MemoryPlatform {
+ public:
+  bool DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) override {
+    const bool decoded = MemoryPlatform::DecodePicture(file, bitmap, reason);
+    bitmap.pixels.resize(bitmap.pixels.size() / 2);
+    return decoded;
+  }
+};
+
+class PictureTest : public testing::Test {
+ protected:
+  bool Load(const std::string& file) {
+    memory.PutFile("picture", file);
+    return layout::LoadPicture(memory, "picture", picture, reason);
+  }
+
+  MemoryPlatform memory;
+  Picture picture;
+  std::string reason;
+};
+
+TEST_F(PictureTest, RowsLoseTheirPaddingAndColoursComeRedFirst) {
+  ASSERT_TRUE(Load(
+      BmpFile{.width = 3, .height = 2, .pixels = {1,  2,  3,  4,  5,  6,  7,  8,  9,  0, 0, 0,  //
+                                                  11, 12, 13, 14, 15, 16, 17, 18, 19, 0, 0, 0}}
+          .Bytes()));
+  EXPECT_EQ(picture.samples,
+            (Bytes{3, 2, 1, 6, 5, 4, 9, 8, 7, 13, 12, 11, 16, 15, 14, 19, 18, 17}));
+  ASSERT_TRUE(Load(BmpFile{.width = 2, .bits = 32, .pixels = {1, 2, 3, 4, 5, 6, 7, 8}}.Bytes()));
+  EXPECT_EQ(picture.samples, (Bytes{3, 2, 1, 4, 7, 6, 5, 8})) << "the fourth byte stays";
+}
+
+TEST_F(PictureTest, IndicesStayPackedAndThePaletteComesRedFirst) {
+  ASSERT_TRUE(Load(BmpFile{
+      .width = 10, .bits = 1, .palette = {0x112233, 0x445566}, .pixels = {0xAA, 0x80, 0xEE, 0xEE}}
+                       .Bytes()));
+  EXPECT_EQ(picture.samples, (Bytes{0xAA, 0x80}));
+  EXPECT_EQ(picture.palette, (Bytes{0x11, 0x22, 0x33, 0x44, 0x55, 0x66}));
+  ASSERT_TRUE(Load(BmpFile{.width = 5, .bits = 4, .pixels = {0x12, 0x34, 0x50, 0xEE}}.Bytes()));
+  EXPECT_EQ(picture.samples, (Bytes{0x12, 0x34, 0x50}));
+  EXPECT_EQ(picture.palette.size(), 48U);
+  ASSERT_TRUE(Load(BmpFile{.width = 2, .bits = 8, .pixels = {200, 1, 0xEE, 0xEE}}.Bytes()));
+  EXPECT_EQ(picture.samples, (Bytes{200, 1}));
+  EXPECT_EQ(picture.palette.size(), 768U);
+}
+
+TEST_F(PictureTest, SixteenBitPixelsPassTheirFirstByteToTheLeft) {
+  ASSERT_TRUE(Load(BmpFile{
+      .width = 2,
+      .height = 3,
+      .bits = 16,
+      .pixels = {0xA1, 1, 0xA2, 2, 0xB1, 3, 0xB2, 4, 0xC1, 5, 0xC2,
+                 6}}.Bytes()));
+  EXPECT_EQ(picture.samples, (Bytes{0xA2, 1, 0, 2, 0xB2, 3, 0xA1, 4, 0xC2, 5, 0xB1, 6}))
+      << "a row's last pixel takes what the row below pushed out";
+}
+
+TEST_F(PictureTest, ARowIsCountedInSixteenBits) {
+  EXPECT_TRUE(Load(PlainBmp(10922, 1)));
+  try {
+    Load(PlainBmp(10923, 1));
+    ADD_FAILURE();
+  } catch (const RunTimeError& error) {
+    EXPECT_EQ(error.number(), RunTimeError::Overflow);
+  }
+  const std::uint32_t width = 32767;
+  EXPECT_TRUE(Load(BmpFile{.width = width, .bits = 1, .pixels = Bytes(4096)}.Bytes()));
+  EXPECT_EQ(picture.samples.size(), 4096U);
+}
+
+TEST_F(PictureTest, AFileThatCannotBeLoadedLeavesThePictureAsItWas) {
+  picture.width = 77;
+  picture.samples = {1, 2};
+  EXPECT_FALSE(layout::LoadPicture(memory, "/no/such/file", picture, reason));
+  EXPECT_EQ(reason, "No such file or directory");
+  EXPECT_EQ(picture.width, 77);
+  EXPECT_EQ(picture.samples.size(), 2U);
+  HalfPlatform half;
+  half.PutFile("a.bmp", PlainBmp(2, 2));
+  EXPECT_FALSE(layout::LoadPicture(half, "a.bmp", picture, reason));
+  EXPECT_EQ(picture.width, 77);
+}
+
+}  // namespace
+}  // namespace vellumark::tests

@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+
+#include "tests/bmp_file.h"
+#include "tests/document_fixture.h"
+
+namespace vellumark::tests {
+namespace {
+
+using enum EncodingConstants;
+
+class PdfPictures : public PdfTest {
+ protected:
+  PdfPictures() {
+    memory->PutFile("wide.bmp", PlainBmp(100, 50));
+    memory->PutFile("dot.bmp", PlainBmp(1, 1, 0x414243));
+    const BmpFile bits{.width = 4, .bits = 8, .palette = {0x010203}, .pixels = {0, 0, 0, 1}};
+    memory->PutFile("bits.bmp", bits.Bytes());
+  }
+
+  bool Draw(const std::string& file, EncodingConstants encoding = ASCII85) {
+    return doc.DrawPicture(file, kNoAlignment, "", encoding);
+  }
+
+  /// The "cm" line of a picture drawn with an alignment.
+  std::string Placed(const std::string& file, AlignmentConstants alignment) {
+    EXPECT_TRUE(doc.DrawPicture(file, alignment));
+    doc.Flush();
+    const auto streams = Streams(SplitLines(*memory->File("doc")));
+    return streams.at(1).at(0);
+  }
+
+  /// `count` lines of the flushed file from the first one that is `from`.
+  Lines From(const std::string& from, int count) {
+    const Lines lines = FlushedLines();
+    const auto start = std::find(lines.begin(), lines.end(), from);
+    EXPECT_LE(count, lines.end() - start) << from;
+    return {start, start + std::min<std::ptrdiff_t>(count, lines.end() - start)};
+  }
+};
+
+TEST_F(PdfPictures, APictureOf24BitsIsAPlacementAndAnImage) {
+  Start();
+  doc.SetPosition(10, 20);
+  ASSERT_TRUE(Draw("dot.bmp", ASCIIHex));
+  EXPECT_EQ(At(), (Position{10, 21})) << "below the picture, at the line's start";
+  EXPECT_EQ(From("20 0 obj", 34), (Lines{"20 0 obj",
+                                         "<<",
+                                         "/Length 21 0 R",
+                                         ">>",
+                                         "stream",
+                                         "Q",
+                                         "q",
+                                         "1 0 0 -1 60 772 cm",
+                                         "/I0 Do",
+                                         "endstream",
+                                         "endobj",  //
+                                         "21 0 obj",
+                                         "26",
+                                         "endobj",  //
+                                         "22 0 obj",
+                                         "<<",
+                                         "/Type /XObject",
+                                         "/Subtype /Image",
+                                         "/Name /I0",
+                                         "/Width 1",
+                                         "/Height 1",
+                                         "/BitsPerComponent 8",
+                                         "/ColorSpace /DeviceRGB",
+                                         "/Filter /ASCIIHexDecode",
+                                         "/Length 23 0 R",
+                                         ">>",
+                                         "stream",
+                                         "414243>",
+                                         "endstream",
+                                         "endobj",  //
+                                         "23 0 obj",
+                                         "7",
+                                         "endobj",  //
+                                         "24 0 obj"}));
+}
+
+TEST_F(PdfPictures, APaletteIsAStreamOfItsOwnUnderTheSameFilter) {
+  Start();
+  ASSERT_TRUE(Draw("bits.bmp"));
+  const Lines lines = From("/BitsPerComponent 8", 23);
+  EXPECT_EQ(Lines(lines.begin(), lines.begin() + 20),
+            (Lines{"/BitsPerComponent 8",
+                   "/ColorSpace [ /Indexed /DeviceRGB 255 24 0 R ]",
+                   "/Filter /ASCII85Decode",
+                   "/Length 23 0 R",
+                   ">>",
+                   "stream",
+                   "!!!!\"~>",
+                   "endstream",
+                   "endobj",
+                   "23 0 obj",
+                   "7",
+                   "endobj",
+                   "24 0 obj",
+                   "<<",
+                   "/Length 25 0 R",
+                   "/Filter /ASCII85Decode",
+                   ">>",
+                   "stream",
+                   "!<N?'" + std::string(191, 'z') + "~>",
+                   "endstream"}));
+  EXPECT_EQ(lines[21], "25 0 obj");
+}
+
+TEST_F(PdfPictures, EveryImageIsListedInTheResourcesUntilTheNextCreate) {
+  Start();
+  for (const auto encoding : {ASCII85, RunLength, Flate}) ASSERT_TRUE(Draw("dot.bmp", encoding));
+  Lines lines = FlushedLines();
+  EXPECT_TRUE(Has(lines, "/XObject << /I0 22 0 R /I1 26 0 R /I2 30 0 R >>"));
+  EXPECT_TRUE(Has(lines, "/Filter /RunLengthDecode"));
+  EXPECT_TRUE(Has(lines, "/Filter /FlateDecode"));
+  Start();
+  lines = FlushedLines();
+  EXPECT_TRUE(std::none_of(lines.begin(), lines.end(),
+                           [](const auto& line) { return line.starts_with("/XObject"); }));
+}
+
+TEST_F(PdfPictures, APixelIsAPointUnlessTheBoxIsSmaller) {
+  Start();
+  EXPECT_EQ(Placed("wide.bmp", AlignmentConstants::NoAlignment), "100 0 0 -50 50 792 cm");
+  Start();
+  doc.SetPictureDimensions(40, 40);
+  EXPECT_EQ(Placed("wide.bmp", AlignmentConstants::NoAlignment), "40 0 0 -20 50 792 cm");
+  Start();
+  EXPECT_EQ(Placed("wide.bmp", AlignmentConstants::Center), "100 0 0 -50 247 792 cm");
+  Start();
+  EXPECT_EQ(Placed("wide.bmp", AlignmentConstants::RightAlign), "100 0 0 -50 445 792 cm");
+}
+
+TEST_F(PdfPictures, ALinkCoversThePictureExactly) {
+  doc.Create("doc");
+  doc.NewPage(50, 50, 50, 50, 255, 255, 255);
+  ASSERT_TRUE(doc.DrawPicture("wide.bmp", AlignmentConstants::Center, "https://example.org/é"));
+  const Lines lines = FlushedLines();
+  EXPECT_TRUE(Has(lines, "/A << /URI (https://example.org/\xE9) /S /URI >>"));
+  EXPECT_TRUE(Has(lines, "/Rect [247 792 347 742]"));
+}
+
+TEST_F(PdfPictures, WhatIsRefusedLeavesNoTrace) {
+  Start();
+  memory->PutFile("broken.bmp", "BM");
+  memory->PutFile("long.bmp", PlainBmp(10923, 1));
+  doc.SetPosition(396, 0);
+  struct Case {
+    const char* file;
+    int alignment;
+    int encoding;
+    RefusalReason reason;
+  };
+  for (const Case& c : {Case{"dot.bmp", 4, 1, RefusalReason::InvalidAlignment},
+                        Case{"dot.bmp", -1, 1, RefusalReason::InvalidAlignment},
+                        Case{"dot.bmp", 0, 5, RefusalReason::InvalidEncoding},
+                        Case{"dot.bmp", 0, 0, RefusalReason::InvalidEncoding},
+                        Case{"broken.bmp", 0, 1, RefusalReason::PictureNotLoaded},
+                        Case{"", 0, 1, RefusalReason::PictureNotLoaded},
+                        Case{"long.bmp", 0, 1, RefusalReason::RunTimeFault},
+                        Case{"wide.bmp", 1, 1, RefusalReason::BeyondRightMargin}}) {
+    EXPECT_FALSE(doc.DrawPicture(c.file, static_cast<AlignmentConstants>(c.alignment), "",
+                                 static_cast<EncodingConstants>(c.encoding)));
+    EXPECT_EQ(Why(), c.reason) << c.file;
+    EXPECT_EQ(At(), (Position{396, 0}));
+  }
+  doc.SetPosition(395, 692);
+  EXPECT_TRUE(Draw("wide.bmp")) << "up to both margins";
+  doc.SetPosition(0, 693);
+  EXPECT_FALSE(Draw("wide.bmp"));
+  EXPECT_EQ(Why(), RefusalReason::BeyondBottomMargin);
+  EXPECT_FALSE(Draw("no such file.bmp"));
+  EXPECT_EQ(doc.LastRefusal().sentence,
+            "picture cannot be loaded: no such file.bmp: No such file or directory");
+  const Lines lines = FlushedLines();
+  EXPECT_EQ(std::count(lines.begin(), lines.end(), "/Subtype /Image"), 1);
+}
+
+TEST_F(PdfPictures, AllItsObjectsMustFindNumbers) {
+  Start();
+  // 17 fixed objects and the background's two; four are kept for footer, page and catalog.
+  for (int left = 32767 - 19 - 4; left > 6; left -= 2) ASSERT_TRUE(doc.DrawLine(0, 0, 1, 1));
+  EXPECT_FALSE(doc.DrawPicture("bits.bmp", kNoAlignment, "https://example.org/"));
+  EXPECT_EQ(Why(), RefusalReason::NoObjectNumbersLeft);
+  EXPECT_TRUE(Draw("bits.bmp"));
+  EXPECT_FALSE(Draw("dot.bmp"));
+  EXPECT_TRUE(Has(FlushedLines(), "/Size 32768"));
+}
+
+TEST_F(PdfPictures, OddityOnly24BitsAndPalettesDeclareTheirColours) {
+  for (const int bits : {16, 32}) {
+    Start();
+    const BmpFile deep{.bits = bits, .pixels = {1, 2, 3, 4}};
+    memory->PutFile("deep.bmp", deep.Bytes());
+    ASSERT_TRUE(Draw("deep.bmp", ASCIIHex));
+    EXPECT_EQ(From("/Height 1", 6), (Lines{"/Height 1", "/Filter /ASCIIHexDecode", "/Length 23 0 R",
+                                           ">>", "stream", bits == 16 ? "0002>" : "03020104>"}));
+  }
+}
+
+TEST_F(PdfPictures, APlatformFileIsTakenWhereNoBufferHasItsName) {
+  Start();
+  EXPECT_TRUE(Draw(std::string(VELLUMARK_PICTURES) + "/landscape.gif"));
+  EXPECT_FALSE(Draw(VELLUMARK_PICTURES));
+  EXPECT_TRUE(doc.LastRefusal().sentence.ends_with("not a regular file"));
+}
+
+}  // namespace
+}  // namespace vellumark::tests

@@ -1,0 +1,257 @@
+// SPDX-License-Identifier: MIT
+#include "platform/picture_decoder.h"
+
+#include <cmath>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+
+#include "platform/picture_limits.h"
+#include "tests/bmp_file.h"
+
+namespace vellumark::tests {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+std::string Decode(const std::string& file, Bitmap& bitmap,
+                   std::int64_t greatest = platform::kGreatestPicture) {
+  const auto* const data = reinterpret_cast<const std::uint8_t*>(file.data());
+  return std::string(platform::DecodePicture({data, file.size()}, greatest, bitmap));
+}
+
+/// A sample picture of the examples.
+std::string Sample(const std::string& name) {
+  std::ifstream file(std::string(VELLUMARK_PICTURES) + "/" + name, std::ios::binary);
+  EXPECT_TRUE(file) << name;
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::vector<std::uint32_t> PaletteOf(const Bitmap& bitmap) {
+  std::vector<std::uint32_t> colors;
+  for (const Bitmap::Color& color : bitmap.palette) {
+    colors.push_back(static_cast<std::uint32_t>(color.red << 16 | color.green << 8 | color.blue));
+  }
+  return colors;
+}
+
+TEST(BmpDecoder, EveryDepthAndOrderKeepsItsPixels) {
+  struct Case {
+    const char* what;
+    BmpFile file;
+    Bytes expected;
+  };
+  const Case cases[] = {
+      {"1 bit", {.width = 9, .bits = 1, .pixels = {0xA5, 0x80, 0, 0}}, {0xA5, 0x80, 0, 0}},
+      {"4 bits", {.width = 3, .bits = 4, .pixels = {0x12, 0x30, 0, 0}}, {0x12, 0x30, 0, 0}},
+      {"core header",
+       {.width = 1, .height = 2, .bits = 8, .header_size = 12, .pixels = {7, 0, 0, 0, 8, 0, 0, 0}},
+       {7, 0, 0, 0, 8, 0, 0, 0}},
+      {"rows from the top",
+       {.width = 1, .height = -2, .bits = 24, .pixels = {1, 2, 3, 0, 4, 5, 6, 0}},
+       {4, 5, 6, 0, 1, 2, 3, 0}},
+      {"version 5 header, 32 bits",
+       {.bits = 32, .header_size = 124, .pixels = {1, 2, 3, 4}},
+       {1, 2, 3, 4}},
+      {"5-6-5 becomes 5-5-5",
+       {.bits = 16,
+        .compression = 3,
+        .masks = {0xF800, 0x07E0, 0x001F},
+        .pixels = {0xFF, 0xFF, 0, 0}},
+       {0xFF, 0x7F, 0, 0}},
+      {"4-4-4 is stretched to 5-5-5",
+       {.bits = 16,
+        .compression = 3,
+        .masks = {0x0F00, 0x00F0, 0x000F},
+        .pixels = {0x80, 0x0F, 0, 0}},
+       {0x20, 0x7E, 0, 0}},
+      {"red first becomes blue first, without alpha",
+       {.bits = 32, .compression = 3, .masks = {0xFF, 0xFF00, 0xFF0000}, .pixels = {1, 2, 3, 4}},
+       {3, 2, 1, 0}},
+      {"ten bits a colour, and alpha",
+       {.bits = 32,
+        .compression = 3,
+        .header_size = 56,
+        .masks = {0x3FF00000, 0xFFC00, 0x3FF, 0xC0000000},
+        .pixels = {0xFF, 0x03, 0x08, 0x80}},
+       {0xFF, 0x80, 0, 0xAA}},
+      {"RLE8: runs, a literal, a move, rows",
+       {.width = 4,
+        .height = 3,
+        .bits = 8,
+        .compression = 1,
+        .pixels = {2, 7, 0, 3, 1, 2, 3, 0, 0, 0, 0, 2, 1, 1, 9, 5, 0, 1}},
+       {7, 7, 1, 2, 0, 0, 0, 0, 0, 5, 5, 5}},
+      {"RLE4: a run in turns, a literal of odd length",
+       {.width = 7,
+        .height = 1,
+        .bits = 4,
+        .compression = 2,
+        .pixels = {3, 0xAB, 0, 3, 0x12, 0x30, 0, 1}},
+       {0xAB, 0xA1, 0x23, 0}},
+  };
+  for (const Case& c : cases) {
+    Bitmap bitmap;
+    EXPECT_EQ(Decode(c.file.Bytes(), bitmap), "") << c.what;
+    EXPECT_EQ(bitmap.bits_per_pixel, c.file.bits) << c.what;
+    EXPECT_EQ(bitmap.pixels, c.expected) << c.what;
+  }
+}
+
+TEST(BmpDecoder, PaletteEntriesThatAreMissingAreBlack) {
+  Bitmap bitmap;
+  const Bytes pixels(4);
+  EXPECT_EQ(
+      Decode(BmpFile{.bits = 4, .palette = {0x112233, 0x445566}, .pixels = pixels}.Bytes(), bitmap),
+      "")
+      << "the pixels begin where the palette ends, whatever the header promises";
+  std::vector<std::uint32_t> expected(16, 0);
+  expected[0] = 0x112233;
+  expected[1] = 0x445566;
+  EXPECT_EQ(PaletteOf(bitmap), expected);
+  const BmpFile core{
+      .bits = 1, .header_size = 12, .palette = {0x112233, 0x445566}, .pixels = pixels};
+  EXPECT_EQ(Decode(core.Bytes(), bitmap), "");
+  EXPECT_EQ(PaletteOf(bitmap), (std::vector<std::uint32_t>{0x112233, 0x445566}));
+  const BmpFile many{.bits = 1, .palette = {1, 2, 3}, .colors_used = 0xFFFFFFFF, .pixels = pixels};
+  EXPECT_EQ(Decode(many.Bytes(), bitmap), "");
+  EXPECT_EQ(PaletteOf(bitmap), (std::vector<std::uint32_t>{1, 2}));
+}
+
+TEST(PictureDecoder, RefusesWhatIsNoWholePictureAndSaysWhy) {
+  std::string header_alone = PlainBmp(4, 4).substr(0, 40);
+  std::string cut = PlainBmp(4, 4);
+  cut.pop_back();
+  struct Case {
+    std::string file;
+    std::string reason;
+  };
+  const std::string unknown = "this kind of BMP file is not known";
+  const std::string cut_off = "the pixel data is cut off";
+  const Case cases[] = {
+      {"", "not a BMP, GIF or JPG file"},
+      {"\x89PNG\r\n\x1A\n", "not a BMP, GIF or JPG file"},
+      {header_alone, "the BMP file's header is cut off"},
+      {cut, cut_off},
+      {BmpFile{.bits = 2, .pixels = Bytes(4)}.Bytes(), unknown},
+      {BmpFile{.bits = 8, .compression = 4, .pixels = Bytes(4)}.Bytes(), unknown},
+      {BmpFile{.height = -1, .bits = 8, .compression = 1, .pixels = {0, 1}}.Bytes(), unknown},
+      {BmpFile{.bits = 16, .compression = 3, .masks = {0x0F0F, 0xF0, 0}, .pixels = Bytes(4)}
+           .Bytes(),
+       unknown},
+      {BmpFile{.width = 0}.Bytes(), "the picture has no pixels"},
+      {BmpFile{.width = 32768}.Bytes(), "the picture has more than 32,767 pixels a side"},
+      {BmpFile{.height = -0x7FFFFFFF - 1}.Bytes(),
+       "the picture has more than 32,767 pixels a side"},
+      {BmpFile{.width = 32767, .height = 32767}.Bytes(), "the picture has too many pixels"},
+      {BmpFile{.width = 30000, .height = 20000}.Bytes(), cut_off},
+      {BmpFile{.width = 4, .bits = 8, .compression = 1, .pixels = {3, 1}}.Bytes(), cut_off},
+      {BmpFile{.width = 4, .bits = 8, .compression = 1, .pixels = {0, 4, 1, 2, 3}}.Bytes(),
+       cut_off},
+      {"GIF89a", "the GIF file is damaged or has no picture"},
+      {"\xFF\xD8\xFF", cut_off},
+      {"\xFF\xD8\xFF\xD8", "the JPG file is damaged"},
+  };
+  for (const Case& c : cases) {
+    Bitmap bitmap;
+    EXPECT_EQ(Decode(c.file, bitmap), c.reason);
+    EXPECT_TRUE(bitmap.pixels.empty() && bitmap.width == 0) << c.reason;
+  }
+  Bitmap bitmap;
+  EXPECT_EQ(Decode(PlainBmp(10, 10), bitmap, 100), "the picture has too many pixels")
+      << "a host may set a lower limit";
+}
+
+TEST(PictureDecoder, EveryPrefixOfAFileIsRefusedOrWhole) {
+  for (const char* const name : {"landscape.gif", "landscape_interlaced.gif", "landscape.jpg",
+                                 "landscape_progressive.jpg", "landscape_cmyk.jpg"}) {
+    const std::string file = Sample(name);
+    Bitmap whole;
+    ASSERT_EQ(Decode(file, whole), "") << name;
+    for (std::size_t size = 0; size < file.size(); size += 7) {
+      Bitmap bitmap;
+      if (Decode(file.substr(0, size), bitmap).empty()) {
+        EXPECT_EQ(bitmap.pixels, whole.pixels) << name << " cut to " << size;
+        EXPECT_GE(size, file.size() - 3) << name;
+      }
+    }
+  }
+}
+
+/// Root of the mean squared difference of two pictures' colours, 0 to 255.
+double Difference(const Bitmap& one, const Bitmap& other) {
+  const auto color = [](const Bitmap& bitmap, std::size_t x, std::size_t y) -> Bitmap::Color {
+    const std::uint8_t* const row = bitmap.pixels.data() + y * bitmap.RowSize();
+    if (bitmap.bits_per_pixel == 8) return bitmap.palette[row[x]];
+    return {row[3 * x], row[3 * x + 1], row[3 * x + 2], 0};
+  };
+  double sum = 0;
+  for (std::size_t y = 0; y < static_cast<std::size_t>(one.height); ++y) {
+    for (std::size_t x = 0; x < static_cast<std::size_t>(one.width); ++x) {
+      const Bitmap::Color a = color(one, x, y);
+      const Bitmap::Color b = color(other, x, y);
+      sum += std::pow(a.red - b.red, 2) + std::pow(a.green - b.green, 2) +
+             std::pow(a.blue - b.blue, 2);
+    }
+  }
+  return std::sqrt(sum / (3.0 * one.width * one.height));
+}
+
+TEST(PictureDecoder, EveryFormatShowsTheSamePicture) {
+  Bitmap source;
+  ASSERT_EQ(Decode(Sample("landscape_24.bmp"), source), "");
+  struct Case {
+    const char* name;
+    int bits;
+    double greatest_difference;
+  };
+  for (const Case& c :
+       {Case{"landscape_8.bmp", 8, 2}, Case{"landscape.gif", 8, 2},
+        Case{"landscape_interlaced.gif", 8, 20}, Case{"landscape.jpg", 24, 12},
+        Case{"landscape_progressive.jpg", 24, 12}, Case{"landscape_cmyk.jpg", 24, 6}}) {
+    Bitmap bitmap;
+    ASSERT_EQ(Decode(Sample(c.name), bitmap), "") << c.name;
+    EXPECT_EQ(bitmap.bits_per_pixel, c.bits) << c.name;
+    EXPECT_EQ(bitmap.palette.size(), c.bits == 8 ? 256U : 0U) << c.name;
+    EXPECT_LT(Difference(source, bitmap), c.greatest_difference) << c.name;
+  }
+  Bitmap grey;
+  ASSERT_EQ(Decode(Sample("landscape_grey.jpg"), grey), "");
+  ASSERT_EQ(grey.bits_per_pixel, 24);
+  for (std::size_t x = 0; x < 94; ++x) EXPECT_EQ(grey.pixels[3 * x], grey.pixels[3 * x + 2]);
+}
+
+TEST(GifDecoder, TheFrameIsClippedToItsScreenOnTheBackground) {
+  const std::string screen("GIF89a\x03\0\x02\0\x80\x01\0",
+                           13);  // 3 by 2, two colours, background 1
+  const std::string colors("\x10\x20\x30\x40\x50\x60", 6);
+  const std::string comment("\x21\xFE\x02hi\0", 6);
+  const std::string frame(",\x02\0\x01\0\x02\0\x02\0\0", 10);  // 2 by 2, at (2, 1)
+  // Codes of 3 bits: clear, 0, 1, 1; then of 4: 0, end.
+  const std::string pixels("\x02\x03\x44\x02\x05\0;", 7);
+  Bitmap bitmap;
+  ASSERT_EQ(Decode(screen + colors + comment + frame + pixels, bitmap), "");
+  EXPECT_EQ(bitmap.pixels, (Bytes{1, 1, 0, 1, 1, 1, 1, 1}));
+  std::vector<std::uint32_t> expected(256, 0);
+  expected[0] = 0x102030;
+  expected[1] = 0x405060;
+  EXPECT_EQ(PaletteOf(bitmap), expected);
+}
+
+TEST(JpegDecoder, AHoleOrAScanTooManyRefusesThePicture) {
+  const std::string file = Sample("landscape_progressive.jpg");
+  const std::size_t scan = file.find("\xFF\xDA");
+  const std::size_t scan_end = file.find("\xFF\xC4", scan);
+  std::string many = file;
+  for (int i = 0; i < 100; ++i) many.insert(scan_end, file, scan, scan_end - scan);
+  Bitmap bitmap;
+  EXPECT_EQ(Decode(many, bitmap), "the JPG file has more than 100 scans");
+
+  std::string hole = Sample("landscape.jpg");
+  hole.erase(hole.size() / 2, hole.size() / 4);
+  EXPECT_EQ(Decode(hole, bitmap), "the pixel data is cut off");
+  EXPECT_EQ(Decode(Sample("landscape.jpg") + "surplus", bitmap), "");
+}
+
+}  // namespace
+}  // namespace vellumark::tests
