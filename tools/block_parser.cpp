@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "tools/inline_links.h"
 #include "tools/utf8_text.h"
 
 namespace vellumark::tools {
@@ -28,6 +29,16 @@ std::size_t TakeQuoteMarks(std::string_view& line, std::size_t most, std::size_t
 
 std::string_view TrimEnd(std::string_view text) {
   return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+/// A paragraph of one line may be a picture.
+void TakePicture(Block& block) {
+  if (block.kind != BlockKind::Paragraph || block.origins.size() != 1) return;
+  auto picture = FindLonePicture(block.text);
+  if (!picture) return;
+  block.kind = BlockKind::Picture;
+  block.picture = std::move(picture->file);
+  block.picture_link = std::move(picture->link);
 }
 
 }  // namespace
@@ -56,6 +67,7 @@ void BlockParser::Line(std::string_view raw) {
 
 std::vector<Block> BlockParser::Finish() {
   EmptyItem();
+  for (Block& block : blocks_) TakePicture(block);
   return std::move(blocks_);
 }
 

@@ -4,10 +4,13 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <ostream>
+#include <utility>
 
 #include "tools/pdf_output.h"
+#include "tools/picture_platform.h"
 #include "tools/progress_line.h"
 #include "tools/ps_output.h"
 
@@ -41,6 +44,21 @@ void ReportMissing(const TypesetResult& result, std::ostream& notes) {
         << '\n';
 }
 
+/// Names come from the text, and are shown without what a terminal would obey.
+void ReportLost(const TypesetResult& result, std::ostream& notes) {
+  for (std::string line : result.lost_pictures) {
+    std::replace_if(
+        line.begin(), line.end(), [](char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }, '?');
+    notes << "vellumark: picture " << line << '\n';
+  }
+}
+
+/// Where pictures with relative names are looked for.
+std::filesystem::path PictureFolder(const Options& options) {
+  if (options.input == "-") return {};
+  return std::filesystem::path(options.input).parent_path();
+}
+
 std::unique_ptr<OutputFormat> MakeOutput(Format format, std::shared_ptr<Platform> platform) {
   if (format == Format::Ps) return std::make_unique<PsOutput>(std::move(platform));
   return std::make_unique<PdfOutput>(std::move(platform));
@@ -55,7 +73,7 @@ class Conversion {
     if (!options.title_given) options_.properties.title = FirstTitle(blocks_);
   }
 
-  std::string Run(std::ostream& notes) {
+  Converted Run(std::ostream& notes) {
     std::string bytes;
     try {
       bytes = Attempt(options_.style);
@@ -65,7 +83,8 @@ class Conversion {
     }
     progress_.Clear();
     ReportMissing(result_, notes);
-    return bytes;
+    ReportLost(result_, notes);
+    return {std::move(bytes), result_.lost_pictures.empty()};
   }
 
  private:
@@ -83,7 +102,7 @@ class Conversion {
   }
 
   std::string Attempt(const TextStyle& style) {
-    auto platform = std::make_shared<MemoryPlatform>();
+    auto platform = std::make_shared<PicturePlatform>(PictureFolder(options_));
     const std::unique_ptr<OutputFormat> output = MakeOutput(options_.format, platform);
     Document& document = output->document();
     output->SetProperties(options_.properties);
@@ -91,7 +110,7 @@ class Conversion {
     document.Orientation(options_.orientation);
     if (!document.Create(kFile)) throw Failure(document.LastRefusal().sentence);
     result_ = {};
-    Typesetter(*output, measure_, style)
+    Typesetter(*output, measure_, *platform, style)
         .Typeset(blocks_, result_,
                  [this](int pages, std::size_t line) { progress_.Show(pages, line); });
     document.Flush();
@@ -115,7 +134,7 @@ class Conversion {
 
 }  // namespace
 
-std::string Convert(const std::string& text, const Options& options, std::ostream& notes) {
+Converted Convert(const std::string& text, const Options& options, std::ostream& notes) {
   return Conversion(text, options).Run(notes);
 }
 

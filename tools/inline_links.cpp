@@ -93,6 +93,21 @@ std::optional<FoundLink> FindLink(std::string_view text, std::size_t at) {
                    parenthesis + *length + 1};
 }
 
+std::optional<FoundPicture> FindLonePicture(std::string_view text) {
+  FoundPicture found;
+  if (text.starts_with('[')) {
+    const auto link = FindLink(text, 0);
+    if (!link || link->end != text.size()) return std::nullopt;
+    found.link = link->address;
+    text = link->label;
+  }
+  if (!text.starts_with("![")) return std::nullopt;
+  const auto picture = FindLink(text, 1);
+  if (!picture || picture->end != text.size() || picture->address.empty()) return std::nullopt;
+  found.file = picture->address;
+  return found;
+}
+
 std::optional<FoundLink> FindBracketedAddress(std::string_view text, std::size_t at) {
   const std::string_view inside = text.substr(at + 1, kLongestAddress);
   const std::size_t length = inside.find_first_of("> \n<");

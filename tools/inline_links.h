@@ -23,6 +23,15 @@ struct FoundLink {
 /// "[label](address)" or "[label](address "title")"; `at` stands at the "[".
 [[nodiscard]] std::optional<FoundLink> FindLink(std::string_view text, std::size_t at);
 
+struct FoundPicture {
+  std::string file;
+  std::string link;  ///< empty for none
+};
+
+/// A text that is nothing but "![alt](file)" or "[![alt](file)](address)", with a file that is
+/// named.
+[[nodiscard]] std::optional<FoundPicture> FindLonePicture(std::string_view text);
+
 /// "<https://...>", "<mailto:...>" or "<name@host>"; `at` stands at the "<".
 [[nodiscard]] std::optional<FoundLink> FindBracketedAddress(std::string_view text, std::size_t at);
 

@@ -3,7 +3,7 @@
 // vellumark INPUT -o OUTPUT.pdf: typesets a text file with light Markdown.
 //
 // Reads, converts and writes, in this order: nothing stands under the output's name until the
-// document is finished. Exit status 0 or 2; see tools/options.h and docs/command-line.md.
+// document is finished. Exit status 0, 1 or 2; see tools/options.h and docs/command-line.md.
 #include <exception>
 #include <iostream>
 #include <new>
@@ -18,6 +18,7 @@
 
 namespace {
 
+constexpr int kIncomplete = 1;
 constexpr int kFailed = 2;
 
 int Run(int argc, const char* const* argv) {
@@ -26,8 +27,9 @@ int Run(int argc, const char* const* argv) {
   if (!options) return 0;
   const OutputFile output(options->output, options->input);
   const std::string text = ReadInput(options->input);
-  output.Write(Convert(text, *options, std::cerr));
-  return 0;
+  const Converted done = Convert(text, *options, std::cerr);
+  output.Write(done.bytes);
+  return done.complete ? 0 : kIncomplete;
 }
 
 }  // namespace

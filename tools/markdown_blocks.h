@@ -6,8 +6,10 @@
 //
 // Titles (# to ######, or a line underlined with === or ---), paragraphs with their hard-wrapped
 // lines joined, list items (-, *, +, 1., 1) ) nested by indent, block quotes (>), code (between
-// lines of ``` or ~~~, or indented by four columns) and rules (---, ***, ___). A line that begins
-// with "|" stays a line of its own. Everything else, HTML too, is plain text; nothing is an error.
+// lines of ``` or ~~~, or indented by four columns), rules (---, ***, ___) and pictures (a
+// paragraph of one line that is nothing but ![alt](file), also as the label of a link). A line that
+// begins with
+// "|" stays a line of its own. Everything else, HTML too, is plain text; nothing is an error.
 //
 // Line ends are LF or CR LF; tabs stop at every fourth column. Time and memory are linear.
 #pragma once
@@ -19,7 +21,7 @@
 
 namespace vellumark::tools {
 
-enum class BlockKind { Title, Paragraph, Code, Rule };
+enum class BlockKind { Title, Paragraph, Code, Rule, Picture };
 
 /// A place in the input, both counted from 1; a column is a character.
 struct Place {
@@ -35,6 +37,8 @@ struct Block {
   std::string marker;        ///< in front of a list item's first block: "-" or "3."
   bool blank_before = true;  ///< false where it directly follows the block before
   std::string text;          ///< '\n' ends a line that must end there, in code every line
+  std::string picture;       ///< the file of a picture, whose `text` is what stands in the input
+  std::string picture_link;  ///< empty for none
 
   /// Which part of `text` came from where: entries in rising order of their start.
   struct Origin {

@@ -39,6 +39,13 @@ constexpr std::array<Named<Format>, 2> kFormats = {{
     {"ps", Format::Ps},
 }};
 
+constexpr std::array<Named<EncodingConstants>, 4> kEncodings = {{
+    {"ascii85", EncodingConstants::ASCII85},
+    {"hex", EncodingConstants::ASCIIHex},
+    {"runlength", EncodingConstants::RunLength},
+    {"flate", EncodingConstants::Flate},
+}};
+
 constexpr std::array<Named<FontNumberConstants>, 3> kFonts = {{
     {"courier", FontNumberConstants::Courier},
     {"helvetica", FontNumberConstants::Helvetica},
@@ -89,6 +96,10 @@ std::optional<OrientationConstants> ParseOrientation(std::string_view name) {
 }
 
 std::optional<Format> ParseFormat(std::string_view name) { return Find(name, kFormats); }
+
+std::optional<EncodingConstants> ParseEncoding(std::string_view name) {
+  return Find(name, kEncodings);
+}
 
 std::optional<FontNumberConstants> ParseFont(std::string_view name) { return Find(name, kFonts); }
 

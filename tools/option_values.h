@@ -20,6 +20,7 @@ inline constexpr std::string_view kPaperNames =
     "a3, a4, a5, executive, folio, ledger, legal, letter, tabloid";
 inline constexpr std::string_view kOrientationNames = "portrait, landscape";
 inline constexpr std::string_view kFormatNames = "pdf, ps";
+inline constexpr std::string_view kEncodingNames = "ascii85, hex, runlength, flate";
 inline constexpr std::string_view kFontNames = "courier, helvetica, times";
 inline constexpr std::string_view kColorNames =
     "white, ivory, beige, cream, linen, snow, silver, lightgray, lightyellow, lightblue, "
@@ -28,6 +29,7 @@ inline constexpr std::string_view kColorNames =
 [[nodiscard]] std::optional<PaperSizeConstants> ParsePaper(std::string_view name);
 [[nodiscard]] std::optional<OrientationConstants> ParseOrientation(std::string_view name);
 [[nodiscard]] std::optional<Format> ParseFormat(std::string_view name);
+[[nodiscard]] std::optional<EncodingConstants> ParseEncoding(std::string_view name);
 [[nodiscard]] std::optional<FontNumberConstants> ParseFont(std::string_view name);
 
 /// A name or "#rrggbb".

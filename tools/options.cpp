@@ -17,8 +17,9 @@ namespace vellumark::tools {
 namespace {
 
 constexpr std::string_view kFooter =
-    "Exit status: 0 when the document was written, 2 when it was not, with one line on standard\n"
-    "error that says why.";
+    "Exit status: 0 when the document was written, 1 when it was but lacks a picture, 2 when it "
+    "was\n"
+    "not; standard error says why.";
 
 /// Options as typed, before their values are looked at. The texts are the defaults.
 struct RawOptions {
@@ -28,6 +29,7 @@ struct RawOptions {
   std::string font = "times";
   std::string size = "11";
   std::string page_color = "white";
+  std::string encoding = "ascii85";
   std::string format;
 };
 
@@ -67,6 +69,7 @@ void AddLayoutOptions(CLI::App& app, RawOptions& raw, Options& options) {
       "COLOR");
   add("--font", raw.font, OneOf("Font of text and titles", kFontNames), "NAME");
   add("--size", raw.size, "Size of the text in points, 8 to 72", "POINTS");
+  add("--encoding", raw.encoding, OneOf("Picture filter", kEncodingNames), "NAME");
   bool& justify = options.style.justify;
   app.add_flag_callback(
       "--justify", [&justify] { justify = true; }, "Set paragraphs flush on both sides [default]");
@@ -104,6 +107,7 @@ void TakeValues(const RawOptions& raw, Options& options) {
   style.font = Taken(ParseFont(raw.font), "--font", raw.font, kFontNames);
   style.page.page_color = Taken(ParseColor(raw.page_color), "--page-color", raw.page_color,
                                 OneOf("#rrggbb", kColorNames));
+  style.encoding = Taken(ParseEncoding(raw.encoding), "--encoding", raw.encoding, kEncodingNames);
   const auto margins = ParseMargins(raw.margins);
   if (!margins) {
     throw Failure("--margins: \"" + raw.margins +

@@ -3,8 +3,9 @@
 // OutputFormat: a document of one format, as the typesetter sees it.
 //
 // What all formats do alike, the typesetter asks of document(): pages, positions, fonts, lines.
-// What differs stands here: how a text must be escaped, and whether there are links and which
-// properties. One class per format derives from it (pdf_output.h); the typesetter knows none.
+// What differs stands here: how a text must be escaped, whether there are links, also over
+// pictures, and which properties. One class per format derives from it (pdf_output.h); the
+// typesetter knows none.
 #pragma once
 
 #include <string>
@@ -47,6 +48,10 @@ class OutputFormat {
   /// The same behind a bullet.
   [[nodiscard]] virtual bool WriteTitle(std::string_view codes, BulletConstants bullet,
                                         std::string_view link) = 0;
+
+  /// Draws a picture at the current position; `link` as in WriteText.
+  [[nodiscard]] virtual bool DrawPicture(std::string_view file, EncodingConstants encoding,
+                                         std::string_view link) = 0;
 
   /// How often `code` counts where the library measures it: twice where it is escaped.
   [[nodiscard]] virtual int MeasuredAs(char code) const = 0;

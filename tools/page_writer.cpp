@@ -102,6 +102,17 @@ void PageWriter::WriteRule(int x, int below) {
   Check(document.DrawLine(Coordinate(inset_x_ + x), y, Coordinate(inset_x_ + width_), y));
 }
 
+bool PageWriter::DrawPicture(const std::string& file, EncodingConstants encoding,
+                             const std::string& link, int x, const PictureSize& box) {
+  Document& document = output_.document();
+  document.SetPictureDimensions(Coordinate(box.width), Coordinate(box.height));
+  document.SetPosition(Coordinate(inset_x_ + x), Coordinate(inset_y_ + y_));
+  const bool drawn = output_.DrawPicture(file, encoding, link);
+  const RefusalReason reason = document.LastRefusal().reason;
+  if (reason == RefusalReason::NoObjectNumbersLeft) Check(drawn);
+  return drawn;
+}
+
 void PageWriter::WriteRun(const Run& run, std::string_view link, int x, int below) {
   SetColor(output_.document(), run.link == 0 ? kTextColor : kLinkColor);
   for (const Stroke& stroke : Split(run, x)) {

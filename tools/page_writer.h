@@ -21,6 +21,7 @@
 #include "tools/failure.h"
 #include "tools/line_composer.h"
 #include "tools/output_format.h"
+#include "tools/picture_platform.h"
 #include "tools/run_strokes.h"
 
 namespace vellumark::tools {
@@ -72,6 +73,11 @@ class PageWriter {
   /// The same behind a bullet, which stands at `x`.
   void WriteTitleLine(const Line& line, const std::vector<std::string>& links, int x, int size,
                       BulletConstants bullet);
+
+  /// A picture, smaller where it is larger than `box`, with its top at the present position. False
+  /// where the document cannot take this picture, however small; its LastRefusal tells why.
+  [[nodiscard]] bool DrawPicture(const std::string& file, EncodingConstants encoding,
+                                 const std::string& link, int x, const PictureSize& box);
 
   /// Across, `below` points under the present position.
   void WriteRule(int x, int below);

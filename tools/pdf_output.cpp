@@ -24,4 +24,9 @@ bool PdfOutput::WriteTitle(std::string_view codes, BulletConstants bullet, std::
                          EscapePdfLink(link));
 }
 
+bool PdfOutput::DrawPicture(std::string_view file, EncodingConstants encoding,
+                            std::string_view link) {
+  return pdf_.DrawPicture(file, AlignmentConstants::NoAlignment, EscapePdfLink(link), encoding);
+}
+
 }  // namespace vellumark::tools

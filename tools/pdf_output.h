@@ -22,6 +22,8 @@ class PdfOutput final : public OutputFormat {
   [[nodiscard]] bool WriteText(std::string_view codes, std::string_view link) override;
   [[nodiscard]] bool WriteTitle(std::string_view codes, BulletConstants bullet,
                                 std::string_view link) override;
+  [[nodiscard]] bool DrawPicture(std::string_view file, EncodingConstants encoding,
+                                 std::string_view link) override;
   [[nodiscard]] int MeasuredAs(char code) const override { return code == '\\' ? 2 : 1; }
 
  private:

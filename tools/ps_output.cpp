@@ -18,4 +18,9 @@ bool PsOutput::WriteTitle(std::string_view codes, BulletConstants bullet,
   return ps_.WriteTitle(EscapePsPageText(codes), AlignmentConstants::NoAlignment, bullet);
 }
 
+bool PsOutput::DrawPicture(std::string_view file, EncodingConstants encoding,
+                           std::string_view /*link*/) {
+  return ps_.DrawPicture(file, AlignmentConstants::NoAlignment, encoding);
+}
+
 }  // namespace vellumark::tools

@@ -47,8 +47,13 @@ std::size_t LinesTogether(std::size_t index, std::size_t count) {
 
 }  // namespace
 
-Typesetter::Typesetter(OutputFormat& output, GlyphMeasure& measure, const TextStyle& style)
-    : measure_(measure), style_(style), pages_(output, measure, WithLargestSize(style)) {}
+Typesetter::Typesetter(OutputFormat& output, GlyphMeasure& measure, PicturePlatform& pictures,
+                       const TextStyle& style)
+    : measure_(measure),
+      pictures_(pictures),
+      output_(output),
+      style_(style),
+      pages_(output, measure, WithLargestSize(style)) {}
 
 void Typesetter::Typeset(const std::vector<Block>& blocks, TypesetResult& result,
                          const Progress& progress) {
@@ -63,6 +68,7 @@ void Typesetter::Typeset(const std::vector<Block>& blocks, TypesetResult& result
       case BlockKind::Paragraph: SetParagraph(block); break;
       case BlockKind::Code: SetCode(block); break;
       case BlockKind::Rule: SetRule(block); break;
+      case BlockKind::Picture: SetPicture(block); break;
     }
   }
   result.pages = pages_.pages();
@@ -79,7 +85,7 @@ void Typesetter::SetTitle(const std::vector<Block>& blocks, std::size_t index) {
   if (lines.empty()) return;
   Space(SpaceAboveTitle(size));
   const int height = static_cast<int>(lines.size()) * LinePitch(size) + SpaceBelowTitle(size);
-  if (!pages_.AtTop()) Make(std::min(height + FollowingTitles(blocks, index), pages_.height()));
+  if (!pages_.AtTop()) Make(std::min(height + HeightBelowTitle(blocks, index), pages_.height()));
   const bool disc = block.level % 2 == 1;
   for (const Line& line : lines) {
     Make(LinePitch(size));
@@ -139,6 +145,39 @@ void Typesetter::SetRule(const Block& block) {
   pages_.WriteRule(Indent(block), pitch / 2);
   pages_.Advance(pitch);
   space_after_ = ParagraphSpace(style_.size);
+}
+
+void Typesetter::SetPicture(const Block& block) {
+  std::string reason;
+  const std::optional<PictureSize> size = FittedSize(block, reason);
+  if (!size) return LosePicture(block, reason);
+  Space(SpaceBefore(block));
+  Make(size->height);
+  const int left = Indent(block);
+  const int x = left + (pages_.width() - left - size->width) / 2;
+  if (!pages_.DrawPicture(block.picture, style_.encoding, block.picture_link, x,
+                          PictureBox(block))) {
+    return LosePicture(block, output_.document().LastRefusal().sentence);
+  }
+  WriteMarker(block, left);
+  pages_.Advance(size->height);
+  space_after_ = ParagraphSpace(style_.size);
+}
+
+std::optional<PictureSize> Typesetter::FittedSize(const Block& block, std::string& reason) {
+  PictureSize pixels;
+  if (!pictures_.Measure(block.picture, pixels, reason)) return std::nullopt;
+  return FitInto(PictureBox(block), pixels);
+}
+
+PictureSize Typesetter::PictureBox(const Block& block) const {
+  return {pages_.width() - Indent(block), pages_.height()};
+}
+
+/// Sets the text that stands for a picture: as in a paragraph, which sets it in italics.
+void Typesetter::LosePicture(const Block& block, const std::string& reason) {
+  result_->lost_pictures.push_back(block.picture + ": " + reason);
+  SetParagraph(block);
 }
 
 /// The lines of a code block as glyphs, cut to `columns`, without empty ones at the end.
@@ -230,17 +269,23 @@ BlockFaces Typesetter::TextFaces() const {
           {FontNumberConstants::Courier, FontStyleConstants::Regular, FontSize(code_size)}};
 }
 
-/// Height that must fit below a title: the beginning of a paragraph, which may be three lines that
-/// stay together, and a few further titles in between.
-int Typesetter::FollowingTitles(const std::vector<Block>& blocks, std::size_t index) const {
+/// Height that must fit below a title: a few further titles, and behind them a picture or the
+/// beginning of a paragraph, which may be three lines that stay together.
+int Typesetter::HeightBelowTitle(const std::vector<Block>& blocks, std::size_t index) {
   constexpr std::size_t kTitlesTogether = 3;
-  int height = ParagraphSpace(style_.size) + 3 * LinePitch(style_.size);
+  int height = ParagraphSpace(style_.size);
   const std::size_t end = std::min(index + kTitlesTogether, blocks.size());
-  for (std::size_t i = index + 1; i < end && blocks[i].kind == BlockKind::Title; ++i) {
+  std::size_t i = index + 1;
+  for (; i < end && blocks[i].kind == BlockKind::Title; ++i) {
     const int size = TitleSize(style_.size, blocks[i].level);
     height += SpaceAboveTitle(size) + LinePitch(size) + SpaceBelowTitle(size);
   }
-  return height;
+  std::optional<PictureSize> picture;
+  std::string reason;
+  if (i < blocks.size() && blocks[i].kind == BlockKind::Picture) {
+    picture = FittedSize(blocks[i], reason);
+  }
+  return height + (picture ? picture->height : 3 * LinePitch(style_.size));
 }
 
 }  // namespace vellumark::tools

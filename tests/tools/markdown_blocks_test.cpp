@@ -15,6 +15,9 @@ std::string Outline(std::string_view text) {
       case BlockKind::Paragraph: outline += "p"; break;
       case BlockKind::Code: outline += "code"; break;
       case BlockKind::Rule: outline += "rule"; break;
+      case BlockKind::Picture:
+        outline.append("picture<" + block.picture + "|" + block.picture_link + ">");
+        break;
     }
     outline.append(block.quote_depth, '>').append(block.list_depth, '.');
     if (!block.marker.empty()) outline.append("[").append(block.marker).append("]");
@@ -78,6 +81,18 @@ TEST(MarkdownBlocks, QuotesNestAndEnd) {
 
 TEST(MarkdownBlocks, TableRowsStayLinesOfTheirOwn) {
   EXPECT_EQ(Outline("| a |\n|---|\n| b |\n"), "p | a |/|---|/| b |\n");
+}
+
+TEST(MarkdownBlocks, APictureIsALineThatIsAParagraphOfItsOwn) {
+  EXPECT_EQ(Outline("a\n\n![b](c.gif \"t\")  \n\nd\n"),
+            "p a\npicture<c.gif|> ![b](c.gif \"t\")\np d\n");
+  EXPECT_EQ(Outline("- [![b](<c d.jpg>)](http://x)\n"),
+            "picture<c d.jpg|http://x>.[-] [![b](<c d.jpg>)](http://x)\n");
+  for (const char* const text :
+       {"a\n![b](c)", "![b](c)\na", "![b](c)\n![d](e)", "![b](c).", "![b\nd](c)", "\\![b](c)",
+        "![b]()", "[b](c)", "![b]", "[![b](c) d](e)"}) {
+    EXPECT_EQ(Outline(text).substr(0, 2), "p ") << text;
+  }
 }
 
 TEST(MarkdownBlocks, APlaceIsFoundThroughMarksAndJoins) {
