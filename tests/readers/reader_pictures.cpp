@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // reader_pictures FOLDER: writes FOLDER/pictures.pdf and FOLDER/pictures.ps, one sample picture a
-// page, 20 points from its top left corner: the files with 1, 4, 8 and 24 bits per pixel, each under
-// ASCII85, ASCIIHex and Flate in turn.
+// page, 20 points from its top left corner: the files with 1, 4, 8 and 24 bits per pixel, each
+// under ASCII85, ASCIIHex and Flate in turn.
 #include <initializer_list>
 #include <string>
 
