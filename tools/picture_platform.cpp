@@ -71,7 +71,7 @@ bool PicturePlatform::DecodePicture(std::string_view file, Bitmap& bitmap, std::
   kept_ = {};
   // Not from the files in memory: the only one there is the document itself.
   const std::string path = (folder_ / file).string();
-  if (!PortablePlatform::DecodePicture(path, bitmap, reason)) return false;
+  if (!MemoryPlatform::DecodePicture(path, bitmap, reason)) return false;
   MakeTrueColor(bitmap);
   return true;
 }
