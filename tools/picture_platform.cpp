@@ -71,7 +71,8 @@ bool PicturePlatform::DecodePicture(std::string_view file, Bitmap& bitmap, std::
   kept_ = {};
   // Not from the files in memory: the only one there is the document itself.
   const std::string path = (folder_ / file).string();
-  if (!MemoryPlatform::DecodePicture(path, bitmap, reason)) return false;
+  // NOLINTNEXTLINE(bugprone-parent-virtual-call)
+  if (!PortablePlatform::DecodePicture(path, bitmap, reason)) return false;
   MakeTrueColor(bitmap);
   return true;
 }
