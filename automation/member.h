@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+//
+// Member: one public member of a document as hosts of other languages see it, and the way to call
+// it. The table of all of them is automation/member_table.h.
+//
+//     const Member& draw_line = *ClassMembers(Class::PDF).Find("DrawLine");
+//     std::array<Value, 4> arguments = {Value(std::int16_t{0}), ...};
+//     const Value drawn = draw_line.call(doc, arguments);        // a Boolean
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <variant>
+
+#include "automation/value.h"
+#include "vellumark/vellumark.h"
+
+namespace vellumark::automation {
+
+/// What an omitted argument stands for; monostate for one that may not be omitted. The number of
+/// any numeric type, a Boolean or an enumeration, or a text.
+using Default = std::variant<std::monostate, std::int32_t, std::string_view>;
+
+struct Parameter {
+  std::string_view name;  ///< lower case; named arguments use it
+  ValueType type;
+  bool in_out = false;  ///< the member stores its answer here and never looks at what was passed
+  Default default_value;
+
+  [[nodiscard]] constexpr bool optional() const noexcept { return default_value.index() != 0; }
+};
+
+/// How a host uses a member: reads or assigns a property, or calls a method.
+enum class Kind : std::uint8_t { Get, Let, Method };
+
+struct Member {
+  /// Calls the member. `arguments` has one Value of the right type for each parameter; those of
+  /// in/out parameters receive the answers. `document` must be of a class that has the member.
+  /// Accessors throw RunTimeError; anything may throw std::bad_alloc.
+  using Call = Value (*)(Document& document, std::span<Value> arguments);
+
+  static constexpr std::size_t kMostParameters = 7;
+
+  std::string_view name;
+  std::int32_t id = 0;       ///< dispatch id; the same in every class that has the name
+  std::string_view help;     ///< one sentence, for editors that show the type library
+  std::string_view remarks;  ///< what else there is to know; may be empty
+  bool property = false;     ///< a property with a get and perhaps a let, else a method
+  bool of_pdf = true;        ///< PDF has it
+  bool of_ps = true;         ///< PS has it
+  ValueType result;          ///< of the method; the type of the property
+  Call call = nullptr;       ///< the method, or the property's get
+  Call let = nullptr;        ///< the property's let, with one argument; null where it is read-only
+  std::size_t parameter_count = 0;
+  std::array<Parameter, kMostParameters> all_parameters;
+
+  /// Of the method, in declared order.
+  [[nodiscard]] constexpr std::span<const Parameter> parameters() const noexcept {
+    return {all_parameters.data(), parameter_count};
+  }
+
+  [[nodiscard]] constexpr bool Has(Kind kind) const noexcept {
+    if (kind == Kind::Method) return !property;
+    return property && (kind == Kind::Get || let != nullptr);
+  }
+};
+
+/// The value of an omitted optional argument.
+[[nodiscard]] Value DefaultOf(const Parameter& parameter);
+
+}  // namespace vellumark::automation

@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+//
+// Makes rows of the member table out of C++ members. The types, the directions and the result of a
+// row are those of the C++ signature, so that they cannot differ from it:
+//
+//     Method<&Document::GetDash>({"GetDash", 27, "Returns the dash pattern.", ""})
+//     Method<&Document::SetPosition>({"SetPosition", 36, "Sets ...", ""}, {{"x", -1}, {"y", -1}})
+//     Method<&Document::WriteText, PS>(...)                    // a row of PS alone
+//     Property<Document, std::string, &Document::Author, &Document::Author>({...})
+//
+// A parameter of type T& is in/out; a text is taken as std::string_view and given as std::string.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+
+#include "automation/enumeration_table.h"
+#include "automation/member.h"
+
+namespace vellumark::automation {
+
+/// What a row says in words.
+struct Caption {
+  std::string_view name;
+  std::int32_t id;
+  std::string_view help;
+  std::string_view remarks;
+};
+
+/// A parameter's name and, where it may be omitted, what stands for it.
+struct ParameterName {
+  constexpr ParameterName() = default;
+  constexpr ParameterName(const char* text) : name(text) {}
+  constexpr ParameterName(const char* text, const char* value)
+      : name(text), default_value(std::string_view(value)) {}
+  template <class T>
+  constexpr ParameterName(const char* text, T value)
+      : name(text), default_value(static_cast<std::int32_t>(value)) {}
+
+  std::string_view name;
+  Default default_value;
+};
+
+using ParameterNames = std::array<ParameterName, Member::kMostParameters>;
+
+namespace detail {
+
+template <class T>
+constexpr ValueType TypeOf() noexcept {
+  if constexpr (std::is_void_v<T>) {
+    return {Type::None};
+  } else if constexpr (std::is_same_v<T, std::int16_t>) {
+    return {Type::Integer};
+  } else if constexpr (std::is_same_v<T, std::uint8_t>) {
+    return {Type::Byte};
+  } else if constexpr (std::is_same_v<T, bool>) {
+    return {Type::Boolean};
+  } else if constexpr (std::is_same_v<T, float>) {
+    return {Type::Single};
+  } else if constexpr (std::is_same_v<T, std::string_view> || std::is_same_v<T, std::string>) {
+    return {Type::String};
+  } else {
+    return {Type::Enumeration, Describe<T>()};
+  }
+}
+
+/// The argument as the C++ member takes it. A text points into `value`.
+template <class T>
+T Take(const Value& value) {
+  if constexpr (std::is_same_v<T, std::string_view>) {
+    return std::get<std::string>(value);
+  } else if constexpr (std::is_enum_v<T>) {
+    return static_cast<T>(std::get<std::int32_t>(value));
+  } else {
+    return std::get<T>(value);
+  }
+}
+
+template <class T>
+Value Give(T&& answer) {
+  if constexpr (std::is_enum_v<std::remove_cvref_t<T>>) {
+    return static_cast<std::int32_t>(answer);
+  } else {
+    return std::forward<T>(answer);
+  }
+}
+
+template <class A, class T>
+void GiveBack(Value& argument, const T& answer) {
+  if constexpr (std::is_lvalue_reference_v<A>) argument = Give(answer);
+}
+
+/// Calls `kCall`, a member or a function whose first parameter is the document.
+template <auto kCall, class D, class R, class... A, std::size_t... kIndex>
+Value CallWith(D& document, [[maybe_unused]] std::span<Value> arguments,
+               std::index_sequence<kIndex...> /*of the arguments*/) {
+  std::tuple<std::remove_cvref_t<A>...> taken{Take<std::remove_cvref_t<A>>(arguments[kIndex])...};
+  const auto call = [&] { return std::invoke(kCall, document, std::get<kIndex>(taken)...); };
+  Value result;
+  if constexpr (std::is_void_v<R>) {
+    call();
+  } else {
+    result = Give(call());
+  }
+  (GiveBack<A>(arguments[kIndex], std::get<kIndex>(taken)), ...);
+  return result;
+}
+
+template <auto kCall, class D, class R, class... A>
+Value Thunk(Document& document, std::span<Value> arguments) {
+  return CallWith<kCall, D, R, A...>(static_cast<D&>(document), arguments,
+                                     std::index_sequence_for<A...>());
+}
+
+template <auto kCall, class D, class R, class... A>
+constexpr Member Row(const Caption& caption, const ParameterNames& names) {
+  static_assert(sizeof...(A) <= Member::kMostParameters);
+  Member row;
+  row.name = caption.name;
+  row.id = caption.id;
+  row.help = caption.help;
+  row.remarks = caption.remarks;
+  row.of_pdf = std::is_base_of_v<D, PDF>;
+  row.of_ps = std::is_base_of_v<D, PS>;
+  row.result = TypeOf<R>();
+  row.call = &Thunk<kCall, D, R, A...>;
+  row.parameter_count = sizeof...(A);
+  std::size_t i = 0;
+  ((row.all_parameters[i] = {names[i].name, TypeOf<std::remove_cvref_t<A>>(),
+                             std::is_lvalue_reference_v<A>, names[i].default_value},
+    ++i),
+   ...);
+  return row;
+}
+
+template <auto kCall, class Only, class D, class R, class... A>
+constexpr Member RowOf(const Caption& caption, const ParameterNames& names,
+                       R (D::* /*member*/)(A...)) {
+  return Row<kCall, std::conditional_t<std::is_void_v<Only>, D, Only>, R, A...>(caption, names);
+}
+
+template <auto kCall, class Only, class D, class R, class... A>
+constexpr Member RowOf(const Caption& caption, const ParameterNames& names,
+                       R (D::* /*member*/)(A...) const) {
+  return Row<kCall, std::conditional_t<std::is_void_v<Only>, D, Only>, R, A...>(caption, names);
+}
+
+}  // namespace detail
+
+/// A method: of the class that declares it and those derived from it, or of `Only` alone.
+template <auto kCall, class Only = void>
+constexpr Member Method(const Caption& caption, const ParameterNames& names = {}) {
+  return detail::RowOf<kCall, Only>(caption, names, kCall);
+}
+
+/// A property of class `D` and type T that cannot be assigned; `kGet` is a member or a function
+/// that takes the document.
+template <class D, class T, auto kGet>
+constexpr Member ReadOnlyProperty(const Caption& caption) {
+  Member row = detail::Row<kGet, D, T>(caption, {});
+  row.property = true;
+  return row;
+}
+
+/// What is assigned to a property of type T.
+template <class T>
+using Assigned = std::conditional_t<std::is_same_v<T, std::string>, std::string_view, T>;
+
+/// A property of class `D`.
+template <class D, class T, T (D::*kGet)() const, void (D::*kLet)(Assigned<T>)>
+constexpr Member Property(const Caption& caption) {
+  Member row = ReadOnlyProperty<D, T, kGet>(caption);
+  row.let = &detail::Thunk<kLet, D, void, Assigned<T>>;
+  return row;
+}
+
+}  // namespace vellumark::automation

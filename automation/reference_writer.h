@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+//
+// Writes docs/reference.md: every member and every enumeration, for hosts of any language.
+//
+// The page is kept in the tree so that it can be read there; a test fails where it is no longer
+// what the tables say, and `./dev reference` writes it anew.
+#pragma once
+
+#include <string>
+
+namespace vellumark::automation {
+
+[[nodiscard]] std::string WriteReference();
+
+}  // namespace vellumark::automation
