@@ -14,8 +14,8 @@
 namespace vellumark::automation {
 
 struct ClassInfo {
-  std::string_view name;       ///< such as "PDF"
-  std::string_view interface;  ///< its dispatch interface, such as "_PDF"
+  std::string_view name;                ///< such as "PDF"
+  std::string_view dispatch_interface;  ///< its dispatch interface, such as "_PDF"
   std::string_view help;
   std::optional<Class> members;   ///< none for Enumerations
   std::string_view class_id;      ///< CLSID, without braces

@@ -106,7 +106,7 @@ void WriteProperty(IdlText& idl, const Member& member) {
 
 void WriteInterface(IdlText& idl, const ClassInfo& info) {
   idl << "  [uuid(" << info.interface_id << "), helpstring(";
-  idl.Quote(info.help) << ")]\n  dispinterface " << info.interface << " {\n";
+  idl.Quote(info.help) << ")]\n  dispinterface " << info.dispatch_interface << " {\n";
   idl << "    properties:\n    methods:\n";
   if (info.members) {
     for (const Member* member : ClassMembers(*info.members)) {
@@ -123,7 +123,7 @@ void WriteInterface(IdlText& idl, const ClassInfo& info) {
 void WriteClass(IdlText& idl, const ClassInfo& info) {
   idl << "  [uuid(" << info.class_id << "), helpstring(";
   idl.Quote(info.help) << ")]\n  coclass " << info.name << " {\n";
-  idl << "    [default] dispinterface " << info.interface << ";\n  };\n\n";
+  idl << "    [default] dispinterface " << info.dispatch_interface << ";\n  };\n\n";
 }
 
 }  // namespace
