@@ -2,13 +2,14 @@
 '
 ' Writes vbscript.pdf, vbscript.ps, vbscript_picture.pdf and vbscript_picture.ps with the calls of
 ' reference_document.cpp, in VBScript's own ways: variables that receive answers, omitted arguments,
-' texts and fractions where numbers belong.
+' texts and fractions where numbers belong. Chr knows the code page only (Wine's VBScript has no
+' ChrW), so that the characters beyond it are written as what becomes of them.
 Option Explicit
 
 Sub Describe(doc, pdf)
   doc.Title = "Pages of a script"
-  doc.Author = "Zo" & ChrW(&HEB) & " M" & ChrW(&HFC) & "ller"
-  doc.Creator = ChrW(&H100) & " " & ChrW(&H4E2D) & " " & ChrW(&HD83D) & ChrW(&HDE00) & " " & ChrW(&H20AC)
+  doc.Author = "Zo" & Chr(235) & " M" & Chr(252) & "ller"
+  doc.Creator = "? ? ? " & Chr(128)
   doc.PaperSize = 1
   doc.Rotated = pdf
   If pdf Then
@@ -47,7 +48,7 @@ Sub WriteAtPositions(doc)
   doc.DrawRectangle x, y, 100, 20
   doc.GetFont number, height, style, effect
   doc.SetFont number + 1, height + 6, style, effect
-  doc.WriteText "Stra" & ChrW(&HDF) & "e (" & ChrW(&H20AC) & ", " & ChrW(&H4E2D) & ")", True
+  doc.WriteText "Stra" & Chr(223) & "e (" & Chr(128) & ", ?)", True
   doc.WriteText Empty
   doc.SetThickness "3"
   doc.DrawLine 1.5, 2.5, "100", 40

@@ -44,7 +44,7 @@ Expect "a refused call leaves variables as they were", 7, x
 
 doc.GetColor red, green, blue
 Expect "no color before Create: source", "Vellumark", Err.Source
-Expect "no color before Create: description", "subscript out of range", Err.Description
+Expect "no color before Create: description", "Subscript out of range", Err.Description
 Raised "no color before Create: number", 9
 Expect "a failed call leaves variables as they were", "as before", red
 On Error GoTo 0

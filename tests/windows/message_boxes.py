@@ -11,7 +11,8 @@ import time
 
 class MessageBoxes:
     LOOK_EVERY = 0.03   # seconds
-    PATIENCE = 10       # seconds until a box must have gone, pressing Return twice a second
+    PRESS_EVERY = 3     # seconds, should a key get lost; twice in a row would close two boxes
+    PATIENCE = 20       # seconds until a box must have gone
 
     def __init__(self, environment, picture):
         self.environment = environment
@@ -56,7 +57,7 @@ class MessageBoxes:
         while time.monotonic() < patience and not self.stopping.is_set():
             self.call("xdotool", "windowfocus", window, "key", "Return")
             pressed = time.monotonic()
-            while time.monotonic() < pressed + 0.5:
+            while time.monotonic() < pressed + self.PRESS_EVERY:
                 if window not in self.open():
                     return True
                 time.sleep(self.LOOK_EVERY)

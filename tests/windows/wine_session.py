@@ -44,6 +44,9 @@ class WineSession:
             # No questions about packages to download, and no entries in the desktop's menus.
             WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d")
         self.execute("wineboot", "--init")
+        # Nobody manages windows on this screen, and Wine would wait for it with each that closes.
+        self.execute("wine", "reg", "add", r"HKCU\Software\Wine\X11 Driver", "/v", "Managed",
+                     "/d", "N")
         # One program that stays saves each command the start of Wine's services.
         self.idle = subprocess.Popen(["wine", "cmd"], env=self.environment, cwd=self.folder,
                                      stdin=subprocess.PIPE, stdout=subprocess.DEVNULL,
@@ -75,7 +78,7 @@ class WineSession:
         for process in (self.idle, self.screen):
             if process:
                 process.kill()
-                process.wait()
+                process.communicate()
         self.idle = self.screen = None
         for path in (self.prefix, self.home):   # 700 MB
             shutil.rmtree(path, ignore_errors=True)
@@ -101,7 +104,7 @@ class WineSession:
             raise AssertionError(f"{command} did not end; so far:\n{text}") from late
         seen = self.boxes.count() - before
         assert code == 0, f"{command} ended with {code}:\n{text}"
-        assert seen == boxes, f"{command}: expected {boxes} message boxes, seen {seen}"
+        assert seen == boxes, f"{command}: expected {boxes} message boxes, seen {seen}:\n{text}"
         assert not self.boxes.open(), f"{command} left a message box behind"
         return text
 
