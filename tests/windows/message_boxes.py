@@ -18,7 +18,7 @@ class MessageBoxes:
         self.environment = environment
         self.picture = picture
         self.seen = 0
-        self.closing = threading.Lock()     # held while a box is being closed
+        self.closing = threading.Lock()     # held while looking and closing
         self.stopping = threading.Event()
         self.thread = threading.Thread(target=self.watch, daemon=True)
 
@@ -44,8 +44,8 @@ class MessageBoxes:
 
     def watch(self):
         while not self.stopping.wait(self.LOOK_EVERY):
-            for window in self.open():
-                with self.closing:
+            with self.closing:
+                for window in self.open():
                     self.seen += self.close(window)
 
     def close(self, window):
