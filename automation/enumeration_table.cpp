@@ -71,7 +71,7 @@ constexpr EnumerationMember kPaperSize[] = {
 
 namespace detail {
 
-constexpr Enumeration kEnumerations[8] = {
+constinit const Enumeration enumerations[8] = {
     {"AlignmentConstants", "Where a text or picture stands within the usable width.", kAlignment},
     {"BulletConstants", "What stands in front of a title.", kBullet},
     {"EncodingConstants", "The filter that a picture's samples are encoded with.", kEncoding},
@@ -84,6 +84,6 @@ constexpr Enumeration kEnumerations[8] = {
 
 }  // namespace detail
 
-std::span<const Enumeration> EnumerationTable() noexcept { return detail::kEnumerations; }
+std::span<const Enumeration> EnumerationTable() noexcept { return detail::enumerations; }
 
 }  // namespace vellumark::automation

@@ -48,7 +48,7 @@ inline constexpr int kPlace<OrientationConstants> = 6;
 template <>
 inline constexpr int kPlace<PaperSizeConstants> = 7;
 
-extern const Enumeration kEnumerations[8];
+extern const Enumeration enumerations[8];
 
 }  // namespace detail
 
@@ -56,7 +56,7 @@ extern const Enumeration kEnumerations[8];
 template <class E>
 [[nodiscard]] constexpr const Enumeration* Describe() noexcept {
   static_assert(detail::kPlace<E> >= 0, "no public enumeration");
-  return &detail::kEnumerations[detail::kPlace<E>];
+  return &detail::enumerations[detail::kPlace<E>];
 }
 
 }  // namespace vellumark::automation

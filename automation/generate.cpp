@@ -19,7 +19,7 @@ int main(int argument_count, char** arguments) {
   } else if (what == "reference") {
     text = vellumark::automation::WriteReference();
   } else {
-    std::fputs("usage: vellumark_generate idl|reference\n", stderr);
+    (void)std::fputs("usage: vellumark_generate idl|reference\n", stderr);
     return 2;
   }
   const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();

@@ -45,9 +45,9 @@ struct Member {
   static constexpr std::size_t kMostParameters = 7;
 
   std::string_view name;
-  std::int32_t id = 0;       ///< dispatch id; the same in every class that has the name
   std::string_view help;     ///< one sentence, for editors that show the type library
   std::string_view remarks;  ///< what else there is to know; may be empty
+  std::int32_t id = 0;       ///< dispatch id; the same in every class that has the name
   bool property = false;     ///< a property with a get and perhaps a let, else a method
   bool of_pdf = true;        ///< PDF has it
   bool of_ps = true;         ///< PS has it

@@ -68,7 +68,7 @@ constexpr Member kMembers[] = {
         {"Title", 9, "Returns or sets the title of the document.", ""}),
     ReadOnlyProperty<Document, string, &Document::Version>(
         {"Version", 10, "Returns the version of the file format.",
-         "\"1.2\" for PDF, \"3.0\" for PS."}),
+         R"("1.2" for PDF, "3.0" for PS.)"}),
 
     Method<&Document::Create>(
         {"Create", 11, "Creates the file and starts the document.",

@@ -21,7 +21,7 @@ class MemberTable : public testing::Test {
     for (const Parameter& parameter : member->parameters().subspan(arguments.size())) {
       arguments.push_back(DefaultOf(parameter));
     }
-    const Value result = member->call(doc, arguments);
+    Value result = member->call(doc, arguments);
     answers = arguments;
     return result;
   }
