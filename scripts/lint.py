@@ -85,7 +85,7 @@ def check_text(path):
 
 def check_compiles_alone(path):
     compiler = WINDOWS_COMPILER if WINDOWS_HEADER.match(path) else "g++"
-    if not shutil.which(compiler):
+    if compiler == WINDOWS_COMPILER and not shutil.which(compiler):
         return
     flags = ["-std=c++20", "-fsyntax-only", "-I", str(ROOT), "-Wall", "-Wextra", "-x", "c++"]
     done = subprocess.run([compiler, *flags, "-include", str(ROOT / path), "/dev/null"],
