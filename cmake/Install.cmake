@@ -37,13 +37,16 @@ configure_package_config_file(cmake/vellumark-config.cmake.in
   INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/vellumark)
 write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/vellumark-config-version.cmake
   COMPATIBILITY SameMajorVersion)
-# Relative, so that the package works wherever it is installed or moved to.
-file(RELATIVE_PATH prefix_from_pkgconfig
-  /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
-configure_file(cmake/vellumark.pc.in ${CMAKE_CURRENT_BINARY_DIR}/vellumark.pc @ONLY)
 install(FILES
     ${CMAKE_CURRENT_BINARY_DIR}/vellumark-config.cmake
     ${CMAKE_CURRENT_BINARY_DIR}/vellumark-config-version.cmake
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/vellumark)
+if(WIN32)
+  return()  # pkg-config would not bring the width resources along
+endif()
+# Relative, so that the package works wherever it is installed or moved to.
+file(RELATIVE_PATH prefix_from_pkgconfig
+  /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+configure_file(cmake/vellumark.pc.in ${CMAKE_CURRENT_BINARY_DIR}/vellumark.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/vellumark.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -4,8 +4,8 @@
 #include <cstring>
 #include <memory>
 #include <new>
-#include <olectl.h>
 #include <windows.h>
+#include <olectl.h>
 
 #include "platform/picture_kind.h"
 #include "platform/windows_bitmap.h"

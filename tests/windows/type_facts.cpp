@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+//
+// What the type library says about a class agrees with what the server answers and does.
+#include <windows.h>
+#include <ocidl.h>
+
+#include "automation/enumeration_table.h"
+#include "automation/server/bstr.h"
+#include "automation/server/guid.h"
+#include "tests/windows/automation_object.h"
+#include "tests/windows/facts.h"
+
+namespace vellumark::tests {
+namespace {
+
+using automation::ClassInfo;
+using automation::ClassMembers;
+using automation::Kind;
+using automation::Member;
+using automation::Parameter;
+using automation::Type;
+
+std::string NameOf(BSTR name) { return automation::TextOf(name); }
+
+/// The type attributes that matter here.
+struct Attributes {
+  explicit Attributes(ITypeInfo* type) {
+    TYPEATTR* found = nullptr;
+    if (FAILED(type->GetTypeAttr(&found))) return;
+    kind = found->typekind;
+    id = found->guid;
+    functions = found->cFuncs;
+    variables = found->cVars;
+    type->ReleaseTypeAttr(found);
+  }
+
+  TYPEKIND kind = TKIND_MAX;
+  GUID id{};
+  UINT functions = 0;
+  UINT variables = 0;
+};
+
+bool SameDefault(const Parameter& parameter, const PARAMDESC& described) {
+  const bool has_one = (described.wParamFlags & PARAMFLAG_FHASDEFAULT) != 0;
+  if (has_one != parameter.optional()) return false;
+  if (!has_one) return true;
+  VARIANT& value = described.pparamdescex->varDefaultValue;
+  if (parameter.type.type == Type::String) {
+    return V_VT(&value) == VT_BSTR && NameOf(V_BSTR(&value)).empty();
+  }
+  ClientVariant number;
+  const auto expected = std::get<std::int32_t>(parameter.default_value);
+  return SUCCEEDED(VariantChangeType(&number, &value, 0, VT_I4)) && V_I4(&number) == expected;
+}
+
+bool SameParameter(const Parameter& parameter, const ELEMDESC& described) {
+  const bool out = (described.paramdesc.wParamFlags & PARAMFLAG_FOUT) != 0;
+  return out == parameter.in_out && (described.tdesc.vt == VT_PTR) == out &&
+         SameDefault(parameter, described.paramdesc);
+}
+
+/// Whether the names of a described function lead to the ids that it has itself.
+bool SameIds(IDispatch* object, ITypeInfo* type, const FUNCDESC& function) {
+  BSTR names[Member::kMostParameters + 1] = {};
+  UINT count = 0;
+  type->GetNames(function.memid, names, static_cast<UINT>(std::size(names)), &count);
+  DISPID ids[Member::kMostParameters + 1];
+  bool same =
+      object->GetIDsOfNames(IID_NULL, names, count, 0, ids) == S_OK && ids[0] == function.memid;
+  for (UINT i = 1; i < count; ++i) same = same && ids[i] == static_cast<DISPID>(i - 1);
+  if (function.invkind == INVOKE_FUNC) {
+    same = same && static_cast<SHORT>(count) == function.cParams + 1;
+  }
+  for (const BSTR name : names) SysFreeString(name);
+  return same;
+}
+
+bool SameFunction(const ClassMembers& members, const FUNCDESC& function) {
+  const Member* const member = members.Find(static_cast<std::int32_t>(function.memid));
+  if (member == nullptr) return false;
+  if (function.invkind == INVOKE_PROPERTYPUT) return member->Has(Kind::Let);
+  if (!member->Has(function.invkind == INVOKE_FUNC ? Kind::Method : Kind::Get)) return false;
+  const auto parameters = member->parameters();
+  bool same = static_cast<std::size_t>(function.cParams) == parameters.size();
+  for (std::size_t i = 0; same && i < parameters.size(); ++i) {
+    same = SameParameter(parameters[i], function.lprgelemdescParam[i]);
+  }
+  return same;
+}
+
+std::size_t CountKinds(const ClassMembers& members) {
+  std::size_t kinds = 0;
+  for (const Member* member : members) kinds += member->Has(Kind::Let) ? 2 : 1;
+  return kinds;
+}
+
+void CheckFunctions(Facts& facts, IDispatch* object, ITypeInfo* type, const ClassMembers& members) {
+  std::size_t described = 0;
+  std::string different;
+  FUNCDESC* function = nullptr;
+  // Some systems list the functions of IDispatch in front; those have ids of their own.
+  for (UINT i = 0; SUCCEEDED(type->GetFuncDesc(i, &function)); ++i) {
+    if (function->memid < 0x60000000) {
+      ++described;
+      if (!SameFunction(members, *function) || !SameIds(object, type, *function)) {
+        different += std::to_string(function->memid);
+        different += ' ';
+      }
+    }
+    type->ReleaseFuncDesc(function);
+  }
+  facts.Check("every member is described", described == CountKinds(members),
+              std::to_string(described));
+  facts.Check("ids, kinds, names, directions and defaults are those of the server",
+              different.empty(), different);
+}
+
+bool SameEnumeration(ITypeInfo* type, const automation::Enumeration& enumeration) {
+  bool same = Attributes(type).variables == enumeration.members.size();
+  for (UINT i = 0; same && i < enumeration.members.size(); ++i) {
+    VARDESC* variable = nullptr;
+    if (FAILED(type->GetVarDesc(i, &variable))) return false;
+    BSTR name = nullptr;
+    UINT count = 0;
+    type->GetNames(variable->memid, &name, 1, &count);
+    same = NameOf(name) == enumeration.members[i].name &&
+           V_I4(variable->lpvarValue) == enumeration.members[i].value;
+    SysFreeString(name);
+    type->ReleaseVarDesc(variable);
+  }
+  return same;
+}
+
+void CheckEnumerations(Facts& facts, ITypeInfo* type) {
+  ComPointer<ITypeLib> library;
+  UINT index = 0;
+  type->GetContainingTypeLib(library.Receive(), &index);
+  std::size_t same = 0;
+  for (UINT i = 0; i < library->GetTypeInfoCount(); ++i) {
+    ComPointer<ITypeInfo> listed;
+    library->GetTypeInfo(i, listed.Receive());
+    if (Attributes(listed.Get()).kind != TKIND_ENUM) continue;
+    BSTR name = nullptr;
+    library->GetDocumentation(static_cast<INT>(i), &name, nullptr, nullptr, nullptr);
+    const auto table = automation::EnumerationTable();
+    if (same < table.size() && NameOf(name) == table[same].name &&
+        SameEnumeration(listed.Get(), table[same])) {
+      ++same;
+    }
+    SysFreeString(name);
+  }
+  facts.Check("the enumerations have their members in order",
+              same == automation::EnumerationTable().size(), std::to_string(same));
+}
+
+}  // namespace
+
+void CheckTypes(Facts& facts, IDispatch* object, const ClassInfo& info) {
+  UINT count = 0;
+  ComPointer<ITypeInfo> type, nothing, class_type;
+  object->GetTypeInfoCount(&count);
+  const HRESULT got = object->GetTypeInfo(0, LOCALE_NEUTRAL, type.Receive());
+  facts.Check("there is one type description", count == 1 && got == S_OK, Hexadecimal(got));
+  facts.Check("and no second", object->GetTypeInfo(1, 0, nothing.Receive()) == DISP_E_BADINDEX);
+  if (FAILED(got)) return;
+  const Attributes attributes(type.Get());
+  facts.Check(
+      "it is that of the class's dispatch interface",
+      attributes.kind == TKIND_DISPATCH && attributes.id == automation::ToGuid(info.interface_id));
+  if (info.members) CheckFunctions(facts, object, type.Get(), ClassMembers(*info.members));
+  CheckEnumerations(facts, type.Get());
+
+  ComPointer<IProvideClassInfo> provider;
+  object->QueryInterface(IID_IProvideClassInfo, provider.ReceiveAny());
+  const bool provided =
+      provider.Get() != nullptr && SUCCEEDED(provider->GetClassInfo(class_type.Receive()));
+  facts.Check("the class is described", provided);
+  if (!provided) return;
+  const Attributes described(class_type.Get());
+  facts.Check("as what it is",
+              described.kind == TKIND_COCLASS && described.id == automation::ToGuid(info.class_id));
+}
+
+}  // namespace vellumark::tests
