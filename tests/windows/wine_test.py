@@ -209,8 +209,9 @@ class Clients(unittest.TestCase):
 
 
 class Manual(Registered):
-    def test_the_examples_of_the_manual_run(self):
-        manual = (ROOT / "docs" / "windows.md").read_text(encoding="utf-8")
+    def test_the_examples_run(self):
+        manual = "".join((ROOT / page).read_text(encoding="utf-8")
+                         for page in ("docs/windows.md", "README.md"))
         examples = re.findall(r"```(vb|js)\n(.*?)```", manual, re.DOTALL)
         self.assertGreater(len(examples), 2)
         for number, (language, code) in enumerate(examples, 1):
@@ -221,7 +222,7 @@ class Manual(Registered):
             script = folder / f"example.{language.replace('vb', 'vbs')}"
             script.write_text(f"{code}\n{echo}\n", encoding="cp1252")
             run_script(script, len(re.findall(r'"Vellumark\.(?:PDF|PS)"', code)), cwd=folder)
-            for file in re.findall(r'Create\("(.*?)"\)', code):
+            for file in re.findall(r'Create[ (]"(.*?)"', code):
                 self.assertRegex((folder / file).read_bytes()[:5], rb"%PDF-|%!PS-", file)
 
 
