@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "python/unlocked_call.h"
+
 namespace vellumark::python {
 namespace {
 
@@ -20,11 +22,6 @@ std::variant<PDF, PS> Make(Class document_class, const std::shared_ptr<MemoryPla
 /// The members that take long: reading and encoding a picture, writing the file.
 bool TakesLong(const Member& member) noexcept {
   return member.name == "Flush" || member.name == "DrawPicture";
-}
-
-Value CallUnlocked(Member::Call call, Document& document, std::span<Value> arguments) {
-  const pybind11::gil_scoped_release unlocked;
-  return call(document, arguments);
 }
 
 }  // namespace
@@ -55,11 +52,13 @@ LiveDocument::LiveDocument(Class document_class, Output output)
 
 Value LiveDocument::Call(const Member& member, Member::Call call, std::span<Value> arguments) {
   const Use use(*this);
-  Value result =
-      TakesLong(member) ? CallUnlocked(call, document(), arguments) : call(document(), arguments);
-  if (member.name == "Create")
+  const auto work = [&] { return call(document(), arguments); };
+  Value result = TakesLong(member) ? UnlockedCall(work) : work();
+  if (member.name == "Create") {
     NoteCreate(std::get<bool>(result), std::get<std::string>(arguments[0]));
-  if (member.name == "Flush") unflushed_ = false;
+  } else if (member.name == "Flush") {
+    unflushed_ = false;
+  }
   return result;
 }
 
