@@ -30,5 +30,7 @@ def version():
     return re.search(r"project\(vellumark VERSION ([0-9.]+)", (ROOT / "CMakeLists.txt").read_text())[1]
 
 
+(ROOT / "build").mkdir(exist_ok=True)
 setup(version=version(), packages=[], cmdclass={"build_ext": BuildWithCMake},
-      ext_modules=[Extension("vellumark._vellumark", sources=[])])  # the wheel is not for all machines
+      options={"egg_info": {"egg_base": "build"}},
+      ext_modules=[Extension("vellumark._vellumark", sources=[])])  # so the wheel names its platform

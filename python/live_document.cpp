@@ -67,9 +67,12 @@ void LiveDocument::NoteCreate(bool created, std::string& file) {
     file_ = std::move(file);
     unflushed_ = true;
     create_refusal_.clear();
-  } else {
-    create_refusal_ = document().LastRefusal().sentence;
+    return;
   }
+  Refusal refusal = document().LastRefusal();
+  create_refusal_ = std::move(refusal.sentence);
+  // The file that was open before is then forgotten, and nothing is left to flush.
+  if (document_class_ == Class::PS && refusal.reason == RefusalReason::FileNotCreated) GiveUp();
 }
 
 std::optional<std::string> LiveDocument::TakeFile() {

@@ -81,15 +81,12 @@ std::string Text(py::handle object, const std::string& place) {
 
 /// The bytes of a file name, as open() would pass them to the system.
 std::string FileName(py::handle object, const std::string& place) {
-  auto path = py::reinterpret_steal<py::object>(PyOS_FSPath(object.ptr()));
-  if (!path) {
-    // Either the object has no __fspath__, or its own went wrong.
-    const bool has_path = PyObject_HasAttrString(reinterpret_cast<PyObject*>(Py_TYPE(object.ptr())),
-                                                 "__fspath__") != 0;
-    if (has_path) throw py::error_already_set();
-    PyErr_Clear();
+  const bool is_name = PyUnicode_Check(object.ptr()) != 0 || PyBytes_Check(object.ptr()) != 0;
+  if (!is_name && !py::hasattr(py::type::handle_of(object), "__fspath__")) {
     RefuseType(place, "str, bytes or os.PathLike", object);
   }
+  auto path = py::reinterpret_steal<py::object>(PyOS_FSPath(object.ptr()));
+  if (!path) throw py::error_already_set();
   if (PyUnicode_Check(path.ptr()) != 0) {
     path = py::reinterpret_steal<py::object>(PyUnicode_EncodeFSDefault(path.ptr()));
     if (!path) throw py::error_already_set();

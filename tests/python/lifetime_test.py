@@ -1,10 +1,12 @@
 # SPDX-License-Identifier: MIT
 """With blocks, warnings, misuse, threads, and thousands of documents."""
 import gc
+import os
 import pathlib
 import subprocess
 import sys
 import threading
+import time
 import warnings
 
 import pytest
@@ -37,6 +39,11 @@ def test_a_with_block_flushes_what_was_created(document_class):
         doc.Flush()
         size = pathlib.Path("early").stat().st_size
     assert pathlib.Path("early").stat().st_size == size
+
+    with document_class() as doc:
+        doc.Create("kept")
+        kept = not doc.Create("no/such/folder") and document_class is vellumark.PDF
+    assert (pathlib.Path("kept").stat().st_size > 0) == kept    # a PS forgets the open file
 
     with pytest.raises(KeyError), document_class() as doc:
         doc.Create("raised")
@@ -167,17 +174,16 @@ def test_threads_each_with_their_own_document_make_the_same_files(document_class
 
 
 def test_threads_in_one_document_are_told_apart():
-    """Hundreds of calls meet; each works or raises, none crashes."""
+    """Calls go on until two meet; each works or raises, none crashes."""
     doc = vellumark.PDF()
     doc.Create("shared")
     doc.NewPage(50, 50, 50, 50, 255, 255, 255)
     unexpected = []
     met = threading.Event()
+    deadline = time.monotonic() + 20
 
     def work():
-        for _ in range(300):
-            if met.is_set():
-                break
+        while not met.is_set() and time.monotonic() < deadline:
             try:
                 doc.SetPosition(0, 0)
                 doc.DrawPicture(PICTURE)
@@ -222,6 +228,7 @@ time.sleep(0.05)
         assert (done.returncode, done.stderr) == (0, "")
 
 
+@pytest.mark.skipif("LD_PRELOAD" in os.environ, reason="a sanitizer keeps freed memory")
 def test_thousands_of_documents_do_not_grow_the_process():
     program = f"""
 import resource, vellumark
