@@ -10,7 +10,7 @@
 
 int main(int argument_count, char** arguments) {
   if (argument_count != 2) {
-    std::fputs("usage: vellumark_stub FILE\n", stderr);
+    (void)std::fputs("usage: vellumark_stub FILE\n", stderr);
     return 2;
   }
   std::FILE* file = std::fopen(arguments[1], "wb");

@@ -82,6 +82,8 @@ def check_text(path):
 
 def check_compiles_alone(path):
     flags = ["-std=c++20", "-fsyntax-only", "-I", str(ROOT), "-Wall", "-Wextra", "-x", "c++"]
+    if path.startswith("python/"):
+        flags += ["-isystem", str(next(pathlib.Path("/usr/include").glob("python3.*")))]
     done = subprocess.run(["g++", *flags, "-include", str(ROOT / path), "/dev/null"],
                           capture_output=True, text=True, check=False)
     if done.returncode != 0:
