@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/picture_decoder.h"
 
-#include <algorithm>
-
 #include "platform/bmp_decoder.h"
 #include "platform/gif_decoder.h"
 #include "platform/jpeg_decoder.h"
+#include "platform/picture_kind.h"
 
 namespace vellumark::platform {
 namespace {
@@ -15,19 +14,16 @@ using Decoder = std::string_view (*)(std::span<const std::uint8_t> file, std::in
 
 std::string_view DecodeUnknown(std::span<const std::uint8_t> /*file*/, std::int64_t /*greatest*/,
                                Bitmap& /*bitmap*/) {
-  return "not a BMP, GIF or JPG file";
+  return kUnknownPicture;
 }
 
 Decoder DecoderOf(std::span<const std::uint8_t> file) {
-  const auto starts_with = [file](std::string_view mark) {
-    return file.size() >= mark.size() &&
-           std::equal(mark.begin(), mark.end(), file.begin(), [](char c, std::uint8_t byte) {
-             return static_cast<std::uint8_t>(c) == byte;
-           });
-  };
-  if (starts_with("BM")) return DecodeBmp;
-  if (starts_with("GIF87a") || starts_with("GIF89a")) return DecodeGif;
-  if (starts_with("\xFF\xD8\xFF")) return DecodeJpeg;
+  switch (PictureKindOf(file)) {
+    case PictureKind::Bmp: return DecodeBmp;
+    case PictureKind::Gif: return DecodeGif;
+    case PictureKind::Jpeg: return DecodeJpeg;
+    case PictureKind::Unknown: break;
+  }
   return DecodeUnknown;
 }
 

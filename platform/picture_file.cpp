@@ -62,11 +62,11 @@ bool PictureFile::Read(std::string_view name, std::string& reason) {
     return false;
   }
   if (!S_ISREG(status.st_mode)) {
-    reason = "not a regular file";
+    reason = kNotRegular;
     return false;
   }
   if (status.st_size > std::numeric_limits<std::int32_t>::max()) {
-    reason = "the file is larger than 2 GB";
+    reason = kLargerThan2Gb;
     return false;
   }
   size_ = static_cast<std::size_t>(status.st_size);

@@ -13,6 +13,9 @@
 
 namespace vellumark::platform {
 
+inline constexpr std::string_view kNotRegular = "not a regular file";
+inline constexpr std::string_view kLargerThan2Gb = "the file is larger than 2 GB";
+
 class PictureFile {
  public:
   /// Reads the file `name` (UTF-8) of at most 2^31 - 1 bytes. False with a `reason` where that is

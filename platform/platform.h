@@ -3,15 +3,16 @@
 // Platform: everything a document asks of the system it runs on.
 //
 // A document reaches files, the clock, the code page and the message box through this interface
-// only. Three implementations ship: the POSIX one, which documents use by default; MemoryPlatform
-// (platform/memory_platform.h), whose files are byte buffers; and, in the automation server, the
-// Windows one. A host may bring its own:
+// only. Three implementations ship: that of the system, which documents use by default,
+// PosixPlatform (platform/posix_platform.h) or, in a build for Windows, WindowsPlatform
+// (platform/windows_platform.h); and, besides the POSIX one, MemoryPlatform
+// (platform/memory_platform.h), whose files are byte buffers. A host may bring its own:
 //
 //     auto platform = std::make_shared<MyPlatform>();   // derives from Platform
 //     vellumark::PDF doc(platform);
 //
-// Threads: documents on different threads may share a platform only if it says so; the POSIX and
-// memory platforms do not. A document constructed without a platform has one of its own.
+// Threads: documents on different threads may share a platform only if it says so; none of
+// those that ship does. A document constructed without a platform has one of its own.
 #pragma once
 
 #include <cstdint>
@@ -69,8 +70,9 @@ class VELLUMARK_API Platform {
   /// disk. May throw std::bad_alloc.
   virtual bool DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) = 0;
 
-  /// Shows the notice that a document gives of its construction. Must not block a host that has no
-  /// one to look at it.
+  /// Shows the notice that a document gives of its construction. A platform without a message box
+  /// must not block a host that has no one to look at it; the Windows one shows a box and waits,
+  /// deliberately, until the user closes it.
   virtual void ShowNotice(std::string_view text, std::string_view caption) = 0;
 
   /// The present local date and time.

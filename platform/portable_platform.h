@@ -8,12 +8,10 @@
 
 #include <limits>
 
+#include "platform/library_identity.h"
 #include "platform/platform.h"
 
 namespace vellumark {
-
-inline constexpr std::string_view kTitle = "Vellumark";
-inline constexpr std::string_view kLegalNotice = "Copyright © 2026 Vellumark";
 
 class VELLUMARK_API PortablePlatform : public Platform {
  public:

@@ -3,9 +3,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
-#include <cstring>
 
+#include "platform/ascii.h"
 #include "platform/utf8.h"
 
 namespace vellumark::platform {
@@ -16,17 +15,6 @@ constexpr std::array<char16_t, 32> kHighControls = {
     0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
-
-bool IsAscii(std::string_view text) noexcept {
-  const char* p = text.data();
-  std::size_t left = text.size();
-  for (; left >= 8; left -= 8, p += 8) {
-    std::uint64_t eight = 0;
-    std::memcpy(&eight, p, 8);
-    if ((eight & 0x8080808080808080U) != 0) return false;
-  }
-  return std::all_of(p, p + left, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
 
 }  // namespace
 

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+//
+// LoadWindowsPicture: a BMP, GIF or JPG file, in memory, through the system's picture loader.
+//
+// The loader opens icons and metafiles too; a document has no use for them, so the kind is told by
+// the file's first bytes before. The depth of the result is the loader's choice: a GIF or JPG comes
+// with 24 bits from one system and with its own depth from another.
+//
+// Works with and without an initialised component runtime on the calling thread, and leaves nothing
+// behind.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "platform/bitmap.h"
+
+namespace vellumark::platform {
+
+/// Fills `bitmap` and answers an empty text, or a few words that say why not; then `bitmap` is
+/// empty. Throws std::bad_alloc.
+[[nodiscard]] std::string_view LoadWindowsPicture(std::span<const std::uint8_t> file,
+                                                  Bitmap& bitmap);
+
+}  // namespace vellumark::platform

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+//
+// WindowsPlatform: files, message box, clock, code page, resources and picture loader of Windows.
+//
+// Files: names are converted to the ANSI code page; a character missing there makes the name one
+// that no file can have. While a file is open, no other program and no other document can open it.
+// Every line goes to the system at once. Errors are the system's own (std::system_category).
+//
+// Notice: a message box with an information sign and no owner. It waits until the user closes it,
+// deliberately.
+//
+// Pictures: the component runtime's picture loader decodes them (platform/windows_picture.h).
+//
+// Code page: the system's ANSI code page where that has one byte per character, Windows-1252 where
+// it has not (platform/windows_code_page.h).
+//
+// Width resources: those of the program or DLL that this library is linked into, which has to link
+// the target `vellumark_windows_resources` beside it.
+//
+// Clock: local time.
+//
+// Not for use from several threads at once; each document without a platform makes its own.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/platform.h"
+
+namespace vellumark {
+
+namespace platform {
+class WindowsOutputFile;
+}
+
+class WindowsPlatform : public Platform {
+ public:
+  WindowsPlatform();
+  ~WindowsPlatform() override;
+  WindowsPlatform(const WindowsPlatform&) = delete;
+  WindowsPlatform& operator=(const WindowsPlatform&) = delete;
+  WindowsPlatform(WindowsPlatform&&) = delete;
+  WindowsPlatform& operator=(WindowsPlatform&&) = delete;
+
+  FileHandle CreateOutput(std::string_view name, std::error_code& error) override;
+  std::error_code WriteOutput(FileHandle file, std::string_view bytes) override;
+  std::error_code CloseOutput(FileHandle file) override;
+  bool DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) override;
+  void ShowNotice(std::string_view text, std::string_view caption) override;
+  LocalTime Now() override;
+  std::string_view ToCodePage(std::string_view utf8, std::string& storage) override;
+  std::span<const std::uint8_t> WidthResource(int number) override;
+  std::string_view Title() override;
+  std::string_view LegalNotice() override;
+
+ private:
+  platform::WindowsOutputFile* Find(FileHandle file) noexcept;
+
+  // Indexed by handle; null once closed.
+  std::vector<std::unique_ptr<platform::WindowsOutputFile>> files_;
+};
+
+}  // namespace vellumark

@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+#include <array>
+#include <cstdlib>
+
+#include "tests/bmp_file.h"
+#include "tests/windows/facts.h"
+
+namespace vellumark::tests {
+namespace {
+
+/// 0xRRGGBB of the pixel, counted from the top left corner; the depth is the loader's choice.
+std::uint32_t ColorAt(const Bitmap& bitmap, int x, int y) {
+  const std::size_t bits = bitmap.bits_per_pixel;
+  const std::size_t row = static_cast<std::size_t>(bitmap.height - 1 - y) * bitmap.RowSize();
+  const std::size_t bit = static_cast<std::size_t>(x) * bits;
+  const std::uint8_t* const at = bitmap.pixels.data() + row + bit / 8;
+  if (bits <= 8) {
+    const std::size_t index = (*at >> (8 - bits - bit % 8)) & ((1U << bits) - 1);
+    const Bitmap::Color& color = bitmap.palette[index];
+    return static_cast<std::uint32_t>(color.red << 16 | color.green << 8 | color.blue);
+  }
+  if (bits == 16) {
+    const int pixel = at[0] | at[1] << 8;
+    return static_cast<std::uint32_t>((pixel >> 10 & 31) << 19 | (pixel >> 5 & 31) << 11 |
+                                      (pixel & 31) << 3);
+  }
+  return static_cast<std::uint32_t>(at[2] << 16 | at[1] << 8 | at[0]);
+}
+
+bool IsNear(std::uint32_t color, std::uint32_t expected, int tolerance) {
+  for (const int shift : {0, 8, 16}) {
+    const int a = static_cast<int>(color >> shift & 0xFF);
+    const int b = static_cast<int>(expected >> shift & 0xFF);
+    if (std::abs(a - b) > tolerance) return false;
+  }
+  return true;
+}
+
+/// Sky, sun, near hill and the sea's left end, as another program reads them from each file.
+void CheckSamples(Facts& facts, const std::string& pictures) {
+  struct Sample {
+    const char* file;
+    int tolerance;
+    std::array<std::uint32_t, 4> colors;
+  };
+  constexpr std::array<std::array<int, 2>, 4> kPlaces = {{{0, 0}, {64, 28}, {93, 61}, {3, 40}}};
+  const Sample samples[] = {
+      {"landscape_1.bmp", 0, {0x281E46, 0xFFECC8, 0x281E46, 0x281E46}},
+      {"landscape_4.bmp", 0, {0x664C93, 0xEACF9C, 0x123322, 0x3D4C83}},
+      {"landscape_8.bmp", 0, {0x5A4696, 0xFFF0BE, 0x123622, 0x3C4782}},
+      {"landscape_16.bmp", 7, {0x5A4194, 0xFFF6BD, 0x103120, 0x394183}},
+      {"landscape_24.bmp", 0, {0x5A4696, 0xFFF0BE, 0x123622, 0x3C4782}},
+      {"landscape_32.bmp", 0, {0x5A4696, 0xFFF0BE, 0x123622, 0x3C4782}},
+      {"landscape.gif", 0, {0x5A4696, 0xFFF0BE, 0x123622, 0x3C4782}},
+      {"landscape_interlaced.gif", 0, {0x744D93, 0xEACF9C, 0x123322, 0x44487C}},
+      {"landscape.jpg", 12, {0x5B4695, 0xFFF0C0, 0x123328, 0x3F417A}},
+      {"landscape_progressive.jpg", 12, {0x5B4695, 0xFFF0C0, 0x123328, 0x3F417A}},
+      {"landscape_grey.jpg", 12, {0x555555, 0xF0F0F0, 0x282828, 0x474747}},
+  };
+  QuietPlatform platform;
+  for (const Sample& sample : samples) {
+    Bitmap bitmap;
+    std::string reason;
+    const bool decoded = platform.DecodePicture(pictures + "/" + sample.file, bitmap, reason);
+    facts.Check(std::string(sample.file).append(" has its size"),
+                decoded && bitmap.width == 94 && bitmap.height == 62, reason);
+    bool alike = decoded;
+    for (std::size_t i = 0; alike && i < kPlaces.size(); ++i) {
+      alike =
+          IsNear(ColorAt(bitmap, kPlaces[i][0], kPlaces[i][1]), sample.colors[i], sample.tolerance);
+    }
+    facts.Check(std::string(sample.file).append(" has its colours"), alike);
+  }
+}
+
+void CheckRefused(Facts& facts, const std::string& what, const std::string& name,
+                  std::string_view expected = {}) {
+  QuietPlatform platform;
+  Bitmap bitmap;
+  bitmap.width = 7;
+  std::string reason;
+  const bool decoded = platform.DecodePicture(name, bitmap, reason);
+  const bool empty = bitmap.width == 0 && bitmap.pixels.empty();
+  const bool told = !reason.empty() && reason.find_last_of(".\r\n ") != reason.size() - 1 &&
+                    (expected.empty() || reason == expected);
+  facts.Check(std::string("no picture: ").append(what).append(" (").append(reason).append(")"),
+              !decoded && empty && told);
+}
+
+void CheckHostile(Facts& facts, const std::string& pictures) {
+  const TemporaryFile file("picture");
+  CheckRefused(facts, "a missing file", file.Name());
+  CheckRefused(facts, "a folder", pictures);
+  CheckRefused(facts, "a name with a NUL",
+               std::string(pictures).append("/landscape.gif").append(1, '\0').append("x"));
+  CheckRefused(facts, "a device", "NUL", "not a regular file");
+  const std::pair<const char*, std::string> hostile[] = {
+      {"an empty file", ""},
+      {"an icon", std::string("\0\0\1\0\1\0", 6)},
+      {"a metafile", "\xD7\xCD\xC6\x9A"},
+      {"another format", "\x89PNG\r\n\x1A\n"},
+  };
+  for (const auto& [what, bytes] : hostile) {
+    file.Put(bytes);
+    CheckRefused(facts, what, file.Name(), "not a BMP, GIF or JPG file");
+  }
+  const std::pair<const char*, std::string> broken[] = {
+      {"a BMP of two bytes", "BM"},
+      {"a GIF of a header only", "GIF89a\x5E"},
+      {"a JPG of a mark only", "\xFF\xD8\xFF"},
+  };
+  for (const auto& [what, bytes] : broken) {
+    file.Put(bytes);
+    CheckRefused(facts, what, file.Name());
+  }
+  file.Put(PlainBmp(32768, 1));
+  CheckRefused(facts, "a BMP too wide", file.Name(),
+               "the picture has more than 32,767 pixels a side");
+}
+
+}  // namespace
+
+void CheckPictures(Facts& facts, const std::string& pictures) {
+  CheckSamples(facts, pictures);
+  CheckHostile(facts, pictures);
+}
+
+}  // namespace vellumark::tests

@@ -1,0 +1,9 @@
+// SPDX-License-Identifier: MIT
+#include "platform/windows_platform.h"
+#include "vellumark/document_parts.h"
+
+namespace vellumark {
+
+std::shared_ptr<Platform> NativePlatform() { return std::make_shared<WindowsPlatform>(); }
+
+}  // namespace vellumark
