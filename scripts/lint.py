@@ -88,6 +88,8 @@ def check_compiles_alone(path):
     if compiler == WINDOWS_COMPILER and not shutil.which(compiler):
         return
     flags = ["-std=c++20", "-fsyntax-only", "-I", str(ROOT), "-Wall", "-Wextra", "-x", "c++"]
+    if path.startswith("python/"):
+        flags += ["-isystem", str(next(pathlib.Path("/usr/include").glob("python3.*")))]
     done = subprocess.run([compiler, *flags, "-include", str(ROOT / path), "/dev/null"],
                           capture_output=True, text=True, check=False)
     if done.returncode != 0:

@@ -128,11 +128,6 @@ class RegistryEraser {
     if (status_ == ERROR_SUCCESS) status_ = deleted;
   }
 
-  /// Spares a key that has others in it.
-  void EraseUnused(const std::wstring& path) noexcept {
-    if (!root_.HasKeysIn(path)) Erase(path);
-  }
-
   [[nodiscard]] LSTATUS Status() const noexcept { return status_; }
 
  private:
@@ -142,15 +137,17 @@ class RegistryEraser {
 
 LSTATUS EraseAll(RegistryKey& root) {
   RegistryEraser eraser(root);
+  eraser.Erase(Path(LibraryLanguageKey(), kSystem));
+  const bool last = !root.HasKeysIn(LibraryLanguageKey());  // of the DLLs of 32 and 64 bits
   for (const ClassInfo& info : Classes()) {
     eraser.Erase(ClassKey(info));
+    eraser.Erase(InterfaceKey(info));
+    if (!last) continue;
     eraser.Erase(Wide(info.program_id));
     eraser.Erase(Wide(info.versioned_program_id));
-    eraser.Erase(InterfaceKey(info));
   }
-  eraser.Erase(Path(LibraryLanguageKey(), kSystem));
-  if (!root.HasKeysIn(LibraryLanguageKey())) eraser.Erase(LibraryVersionKey());
-  eraser.EraseUnused(LibraryKey());  // where another version is not registered
+  if (last) eraser.Erase(LibraryVersionKey());
+  if (!root.HasKeysIn(LibraryKey())) eraser.Erase(LibraryKey());  // else it has other versions
   return eraser.Status();
 }
 

@@ -11,7 +11,7 @@
 //     TypeLib\{library}\1.0    0\win64 (or win32) with the DLL's path, FLAGS, HELPDIR
 //
 // A DLL of 32 bits and one of 64 may be registered beside each other: Windows keeps CLSID and
-// Interface apart for them; the type library stays until the last of the two is unregistered.
+// Interface apart for them, and what they share stays until both are unregistered.
 #pragma once
 
 #include <windows.h>

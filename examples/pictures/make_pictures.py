@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Makes the sample pictures beside this script: one small landscape in every format and depth.
+"""Makes the sample pictures beside this script: one small landscape in every format and depth, and
+the logo of the invoice.
 
 usage: make_pictures.py          (needs python3-pil, for GIF and JPG)
 
@@ -10,7 +11,7 @@ import math
 import pathlib
 import struct
 
-from PIL import Image
+from PIL import Image, ImageDraw
 
 HERE = pathlib.Path(__file__).resolve().parent
 WIDTH, HEIGHT = 94, 62      # neither rows of 24 nor of 8 bits end on a multiple of 4 bytes
@@ -71,6 +72,34 @@ def with_palette(picture, colors, dither):
     return rows, [tuple(flat[3 * i:3 * i + 3]) for i in range(colors)]
 
 
+def logo(size):
+    """An open book on a disc, drawn four times as large and made smaller."""
+    scale = size * 4
+    picture = Image.new("RGB", (scale, scale), "white")
+    draw = ImageDraw.Draw(picture)
+
+    def points(*pairs):
+        return [(x * scale, y * scale) for x, y in pairs]
+
+    def curve(start, bend, end):
+        for step in range(25):
+            t = step / 24
+            yield tuple((1 - t) ** 2 * a + 2 * t * (1 - t) * b + t * t * c
+                        for a, b, c in zip(start, bend, end))
+
+    draw.ellipse(points((0, 0), (0.998, 0.998)), fill=(122, 30, 44))
+    for mirror in (lambda x: x, lambda x: 1 - x):
+        for drop, color in ((0.07, (214, 178, 150)), (0, (255, 252, 246))):
+            top = list(curve((0.48, 0.36 + drop), (0.34, 0.24 + drop), (0.16, 0.32 + drop)))
+            bottom = list(curve((0.16, 0.66 + drop), (0.34, 0.58 + drop), (0.48, 0.70 + drop)))
+            draw.polygon(points(*((mirror(x), y) for x, y in top + bottom)), fill=color)
+        for line in (0.42, 0.50, 0.58):
+            text = list(curve((0.43, line), (0.34, line - 0.07), (0.22, line - 0.03)))
+            draw.line(points(*((mirror(x), y) for x, y in text)), fill=(170, 120, 118),
+                      width=scale // 60)
+    return picture.resize((size, size), Image.LANCZOS)
+
+
 def main():
     picture = Image.new("RGB", (WIDTH, HEIGHT))
     pixels = [[landscape(x, y) for x in range(WIDTH)] for y in range(HEIGHT)]
@@ -93,6 +122,7 @@ def main():
     picture.save(HERE / "landscape_progressive.jpg", quality=92, progressive=True)
     picture.convert("L").save(HERE / "landscape_grey.jpg", quality=92)
     picture.convert("CMYK").save(HERE / "landscape_cmyk.jpg", quality=95)
+    logo(208).quantize(48).save(HERE / "logo.gif", interlace=0)
 
 
 if __name__ == "__main__":

@@ -1,0 +1,211 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""An invoice as PDF and as PostScript, from one function and a CSV file.
+
+usage: invoice.py [FOLDER [CSV_FILE]]
+
+writes FOLDER/invoice.pdf and FOLDER/invoice.ps. docs/python.md walks through it.
+"""
+import csv
+import pathlib
+import sys
+from decimal import ROUND_HALF_UP, Decimal
+from typing import NamedTuple
+
+import vellumark
+from vellumark import AlignmentConstants as Align
+from vellumark import EncodingConstants as Encoding
+from vellumark import FontEffectConstants as Effect
+from vellumark import FontNumberConstants as Font
+from vellumark import FontStyleConstants as Style
+
+Document = vellumark.PDF | vellumark.PS
+Color = tuple[int, int, int]
+LANGUAGES: dict[str, type[vellumark.PDF] | type[vellumark.PS]] = {
+    "invoice.pdf": vellumark.PDF, "invoice.ps": vellumark.PS}
+
+HERE = pathlib.Path(__file__).resolve().parent
+LOGO = HERE / "pictures" / "logo.gif"
+LINK = "https://example.org/pay/2024-0117"
+TERMS = (
+    "Payment is due within fourteen days of the date of this invoice, without deduction. The goods "
+    "remain our property until they are paid for in full. Colours of leather and linen may differ "
+    "slightly from the samples, as hides and dye lots do; this is no defect. Please tell us about "
+    "damage in transit within three days, and keep the wrapping until the carrier has seen it.")
+
+INK: Color = (38, 40, 46)
+FAINT: Color = (120, 124, 134)
+RULE: Color = (205, 208, 214)
+ACCENT: Color = (122, 30, 44)
+WHITE: Color = (255, 255, 255)
+
+MARGIN = 56
+WIDTH = 595 - 2 * MARGIN
+# Where the columns of the table end; numbers stand right-aligned before these.
+QUANTITY, DESCRIPTION, PRICE, AMOUNT = 40, 56, 398, WIDTH - 8
+ROW_HEIGHT = 24
+LAST_ROW = 620
+
+
+class Row(NamedTuple):
+    quantity: int
+    description: str
+    price: Decimal
+
+    @property
+    def amount(self) -> Decimal:
+        return self.quantity * self.price
+
+
+def read_rows(file: pathlib.Path) -> list[Row]:
+    with file.open(newline="", encoding="utf-8") as lines:
+        return [Row(int(line["quantity"]), line["description"], Decimal(line["unit price"]))
+                for line in csv.DictReader(lines)]
+
+
+def money(amount: Decimal) -> str:
+    return f"{amount.quantize(Decimal('0.01'), ROUND_HALF_UP):,}"
+
+
+def pen(doc: Document, size: int, color: Color = INK, style: Style = Style.Regular) -> None:
+    doc.SetFont(Font.Helvetica, size, style, Effect.NoFontEffect)
+    doc.SetColor(*color)
+
+
+def put(doc: Document, x: int, y: int, text: str, alignment: Align = Align.NoAlignment) -> None:
+    doc.SetPosition(x, y)
+    if not doc.WriteText(text, alignment=alignment):
+        raise ValueError(f"{text!r}: {doc.LastRefusal}")
+
+
+def put_number(doc: Document, right: int, y: int, number: str) -> None:
+    """A number that ends at `right`: in Helvetica, all figures have one width."""
+    _, size, _, _ = doc.GetFont()
+    width = sum(0.278 if sign in ",." else 0.556 for sign in number) * size
+    put(doc, round(right - width), y, number)
+
+
+def rule(doc: Document, y: int, color: Color = RULE, left: int = 0) -> None:
+    doc.SetColor(*color)
+    doc.DrawLine(left, y, WIDTH, y)
+
+
+def draw_letterhead(doc: Document) -> None:
+    doc.SetPictureDimensions(52, 52)
+    doc.SetPosition(0, 0)
+    if not doc.DrawPicture(LOGO, encoding=Encoding.Flate):
+        raise ValueError(doc.LastRefusal)
+    pen(doc, 20, style=Style.Bold)
+    put(doc, 66, 4, "Lindenhof Bindery")
+    pen(doc, 9, FAINT)
+    put(doc, 66, 32, "Books bound by hand since 1911")
+    for line, text in enumerate(["Mill Lane 4", "Kirchberg 8302", "office@example.org"]):
+        put(doc, 0, 6 + 13 * line, text, Align.RightAlign)
+    rule(doc, 66, ACCENT)
+
+
+def draw_address(doc: Document) -> None:
+    pen(doc, 8, FAINT)
+    put(doc, 0, 96, "Billed to")
+    pen(doc, 11)
+    for line, text in enumerate(["City Library", "Department of Acquisitions", "Market Square 1",
+                                 "Kirchberg 8300"]):
+        put(doc, 0, 112 + 15 * line, text)
+    pen(doc, 26, ACCENT, Style.Bold)
+    put(doc, 0, 88, "Invoice", Align.RightAlign)
+    for line, (name, value) in enumerate([("Number", "2024-0117"), ("Date", "2024-05-31"),
+                                          ("Due", "2024-06-14")]):
+        pen(doc, 10, FAINT)
+        put(doc, 350, 127 + 15 * line, name)
+        pen(doc, 10)
+        put(doc, 0, 127 + 15 * line, value, Align.RightAlign)
+
+
+def draw_table_head(doc: Document, y: int) -> int:
+    doc.SetColor(*ACCENT)
+    doc.SetFillColor(*ACCENT)
+    doc.SetFillStyle(True)
+    doc.DrawRectangle(0, y, WIDTH, 22)
+    doc.SetFillStyle(False)
+    pen(doc, 9, WHITE, Style.Bold)
+    put(doc, QUANTITY - 27, y + 5, "Count")
+    put(doc, DESCRIPTION, y + 5, "Description")
+    put(doc, PRICE - 38, y + 5, "Unit EUR")
+    put(doc, AMOUNT - 56, y + 5, "Amount EUR")
+    return y + 22
+
+
+def draw_table(doc: Document, rows: list[Row], y: int) -> int:
+    """The rows, on as many pages as they need; returns where they end."""
+    y = draw_table_head(doc, y)
+    for row in rows:
+        if y > LAST_ROW:
+            new_page(doc)
+            y = draw_table_head(doc, 0)
+        pen(doc, 10)
+        put_number(doc, QUANTITY, y + 6, str(row.quantity))
+        put(doc, DESCRIPTION, y + 6, row.description)
+        put_number(doc, PRICE, y + 6, money(row.price))
+        put_number(doc, AMOUNT, y + 6, money(row.amount))
+        y += ROW_HEIGHT
+        rule(doc, y)
+    return y
+
+
+def draw_totals(doc: Document, rows: list[Row], y: int) -> int:
+    net = sum((row.amount for row in rows), Decimal(0))
+    tax = (net / 10).quantize(Decimal("0.01"), ROUND_HALF_UP)
+    for name, amount, style in [("Net", net, Style.Regular), ("Tax 10 %", tax, Style.Regular),
+                                ("To pay, EUR", net + tax, Style.Bold)]:
+        pen(doc, 11 if style == Style.Bold else 10, style=style)
+        put(doc, 300, y + 8, name)
+        put_number(doc, AMOUNT, y + 8, money(amount))
+        y += 20
+    rule(doc, y + 8, ACCENT, left=300)
+    rule(doc, y + 10, ACCENT, left=300)
+    return y + 10
+
+
+def draw_terms(doc: Document, y: int) -> None:
+    doc.SetFont(Font.Times, 10, Style.Regular, Effect.NoFontEffect)
+    doc.SetColor(*INK)
+    doc.SetPosition(0, y)
+    doc.WriteMultiText(TERMS, dy=3, justified=True)
+    doc.SetFont(Font.Helvetica, 10, Style.Regular, Effect.Underline)
+    doc.SetColor(28, 70, 150)
+    doc.SetPosition(0, doc.GetPosition()[1] + 8)
+    if isinstance(doc, vellumark.PDF):
+        doc.WriteText("Pay this invoice online", hyperlink=LINK)
+    else:
+        doc.WriteText("Pay online: " + LINK)
+
+
+def new_page(doc: Document) -> None:
+    doc.NewPage(MARGIN, MARGIN, MARGIN, 40, *WHITE)
+
+
+def draw_invoice(doc: Document, file: pathlib.Path, rows: list[Row]) -> None:
+    doc.Title = "Invoice 2024-0117"
+    doc.Author = "Lindenhof Bindery"
+    if not doc.Create(file):
+        raise OSError(doc.LastRefusal)
+    new_page(doc)
+    draw_letterhead(doc)
+    draw_address(doc)
+    y = draw_table(doc, rows, 200)
+    y = draw_totals(doc, rows, y)
+    if y + 110 > 740:
+        new_page(doc)
+        y = -20
+    draw_terms(doc, y + 28)
+
+
+def main(folder: str = ".", table: str = str(HERE / "invoice.csv")) -> None:
+    rows = read_rows(pathlib.Path(table))
+    for name, document_class in LANGUAGES.items():
+        with document_class() as doc:
+            draw_invoice(doc, pathlib.Path(folder, name), rows)
+
+
+if __name__ == "__main__":
+    main(*sys.argv[1:])

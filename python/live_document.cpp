@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#include "python/live_document.h"
+
+#include <pybind11/pybind11.h>
+#include <stdexcept>
+#include <utility>
+
+#include "python/unlocked_call.h"
+
+namespace vellumark::python {
+namespace {
+
+using automation::Class;
+using automation::Member;
+using automation::Value;
+
+std::variant<PDF, PS> Make(Class document_class, const std::shared_ptr<MemoryPlatform>& memory) {
+  if (document_class == Class::PDF) return memory ? PDF(memory) : PDF();
+  return memory ? PS(memory) : PS();
+}
+
+/// The members that take long: reading and encoding a picture, writing the file.
+bool TakesLong(const Member& member) noexcept {
+  return member.name == "Flush" || member.name == "DrawPicture";
+}
+
+}  // namespace
+
+/// Marks the document as in use, under the interpreter lock.
+class LiveDocument::Use {
+ public:
+  explicit Use(LiveDocument& owner) : owner_(owner) {
+    if (owner.in_use_) {
+      throw std::runtime_error("the document is in use by another thread");
+    }
+    owner.in_use_ = true;
+  }
+  ~Use() { owner_.in_use_ = false; }
+  Use(const Use&) = delete;
+  Use& operator=(const Use&) = delete;
+  Use(Use&&) = delete;
+  Use& operator=(Use&&) = delete;
+
+ private:
+  LiveDocument& owner_;
+};
+
+LiveDocument::LiveDocument(Class document_class, Output output)
+    : document_class_(document_class),
+      memory_(output == Output::Memory ? std::make_shared<MemoryPlatform>() : nullptr),
+      document_(Make(document_class, memory_)) {}
+
+Value LiveDocument::Call(const Member& member, Member::Call call, std::span<Value> arguments) {
+  const Use use(*this);
+  const auto work = [&] { return call(document(), arguments); };
+  Value result = TakesLong(member) ? UnlockedCall(work) : work();
+  if (member.name == "Create") {
+    NoteCreate(std::get<bool>(result), std::get<std::string>(arguments[0]));
+  } else if (member.name == "Flush") {
+    unflushed_ = false;
+  }
+  return result;
+}
+
+void LiveDocument::NoteCreate(bool created, std::string& file) {
+  if (created) {
+    file_ = std::move(file);
+    unflushed_ = true;
+    create_refusal_.clear();
+    return;
+  }
+  Refusal refusal = document().LastRefusal();
+  create_refusal_ = std::move(refusal.sentence);
+  // The file that was open before is then forgotten, and nothing is left to flush.
+  if (document_class_ == Class::PS && refusal.reason == RefusalReason::FileNotCreated) GiveUp();
+}
+
+std::optional<std::string> LiveDocument::TakeFile() {
+  if (!memory_ || !file_ || unflushed_) return std::nullopt;
+  return memory_->TakeFile(*std::exchange(file_, std::nullopt));
+}
+
+Document& LiveDocument::document() {
+  return std::visit([](Document& document) -> Document& { return document; }, document_);
+}
+
+}  // namespace vellumark::python

@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+//
+// vellumark._vellumark: the part of the Python module that is C++. It hands out the member table
+// and the documents; python/vellumark/_documents.py makes the public classes of them.
+#include <pybind11/pybind11.h>
+
+#include "automation/class_table.h"
+#include "python/bound_member.h"
+#include "python/live_document.h"
+#include "python/python_value.h"
+#include "python/python_words.h"
+
+namespace vellumark::python {
+namespace {
+
+namespace py = pybind11;
+using automation::Class;
+
+Class ClassOf(std::string_view name) {
+  for (const automation::ClassInfo& info : automation::Classes()) {
+    if (info.name == name && info.members) return *info.members;
+  }
+  throw py::value_error("no class of documents");
+}
+
+py::list Members(std::string_view class_name) {
+  const Class owner = ClassOf(class_name);
+  py::list members;
+  for (const automation::Member* member : automation::ClassMembers(owner)) {
+    members.append(BoundMember(*member, owner));
+  }
+  return members;
+}
+
+py::dict ClassHelp() {
+  py::dict help;
+  for (const automation::ClassInfo& info : automation::Classes()) {
+    help[py::str(info.name)] = info.help;
+  }
+  return help;
+}
+
+py::list EnumerationClasses() {
+  py::list classes;
+  for (const automation::Enumeration& enumeration : automation::EnumerationTable()) {
+    classes.append(EnumerationClass(enumeration));
+  }
+  return classes;
+}
+
+/// vellumark.RunTimeError, a RuntimeError with the error's number.
+void DefineRunTimeError(py::module_& module) {
+  static PyObject* error_class = PyErr_NewExceptionWithDoc(
+      "vellumark.RunTimeError",
+      "What stops a member in its middle; `number` is the run-time error's: 6 overflow, 7 out of\n"
+      "memory, 9 subscript out of range, 11 division by zero, 13 type mismatch.",
+      PyExc_RuntimeError, nullptr);
+  if (error_class == nullptr) throw py::error_already_set();
+  module.attr("RunTimeError") = py::reinterpret_borrow<py::object>(error_class);
+  py::register_exception_translator([](std::exception_ptr thrown) {
+    try {
+      std::rethrow_exception(std::move(thrown));
+    } catch (const RunTimeError& error) {
+      const py::object instance = py::handle(error_class)(error.what());
+      instance.attr("number") = static_cast<int>(error.number());
+      PyErr_SetObject(error_class, instance.ptr());
+    }
+  });
+}
+
+void DefineDocument(py::module_& module) {
+  py::class_<LiveDocument>(module, "Document")
+      .def(py::init([](std::string_view class_name, bool in_memory) {
+             using enum LiveDocument::Output;
+             return std::make_unique<LiveDocument>(ClassOf(class_name), in_memory ? Memory : Files);
+           }),
+           py::arg("class_name"), py::arg("in_memory"))
+      .def_property_readonly("unflushed", &LiveDocument::unflushed)
+      .def_property_readonly("create_refusal", &LiveDocument::create_refusal)
+      .def("give_up", &LiveDocument::GiveUp)
+      .def("take_file", [](LiveDocument& document) -> py::object {
+        const std::optional<std::string> bytes = document.TakeFile();
+        if (!bytes) return py::none();
+        return py::bytes(*bytes);
+      });
+}
+
+void DefineMember(py::module_& module) {
+  py::class_<BoundMember>(module, "Member")
+      .def_property_readonly("name", [](const BoundMember& self) { return self.member().name; })
+      .def_property_readonly("doc",
+                             [](const BoundMember& self) { return Docstring(self.member()); })
+      .def_property_readonly("is_property",
+                             [](const BoundMember& self) { return self.member().property; })
+      .def_property_readonly("writable",
+                             [](const BoundMember& self) { return self.member().let != nullptr; })
+      .def_property_readonly("parameters", &BoundMember::Parameters)
+      .def("call", &BoundMember::Call)
+      .def("let", &BoundMember::Let);
+}
+
+}  // namespace
+}  // namespace vellumark::python
+
+PYBIND11_MODULE(_vellumark, module) {
+  using namespace vellumark::python;
+  DefineRunTimeError(module);
+  DefineDocument(module);
+  DefineMember(module);
+  module.def("members", &Members);
+  module.attr("class_help") = ClassHelp();
+  module.attr("enumerations") = EnumerationClasses();
+}

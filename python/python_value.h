@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+//
+// What a Python argument must be to become a Value, and what a Value becomes in Python.
+//
+//     Type         takes                                     else
+//     Integer      int, or an object with __index__          TypeError; OverflowError
+//     Byte         the same                                  the same
+//     Boolean      bool, or the same; 0 is False             TypeError
+//     Single       float, int, or an object with __float__   TypeError; OverflowError
+//     String       str; a lone surrogate becomes "?"         TypeError
+//       a file     str, bytes or os.PathLike, as open()      TypeError; UnicodeEncodeError
+//     Enumeration  int of 32 bits, a member or not           TypeError; OverflowError
+//
+// A Value of an enumeration becomes the member of the IntEnum, or a plain int where it is none.
+#pragma once
+
+#include <pybind11/pybind11.h>
+#include <string>
+
+#include "automation/enumeration_table.h"
+#include "automation/member.h"
+
+namespace vellumark::python {
+
+/// Converts an argument. `place` is what error messages call it, such as "PDF.DrawLine() argument
+/// 'x1'". Runs Python code of the argument's class, so nothing may be in the middle of a change.
+/// Throws pybind11::error_already_set.
+[[nodiscard]] automation::Value FromPython(pybind11::handle object,
+                                           const automation::Parameter& parameter,
+                                           const std::string& place);
+
+[[nodiscard]] pybind11::object ToPython(const automation::Value& value,
+                                        const automation::ValueType& type);
+
+/// The enum.IntEnum class of an enumeration. Made once and kept until the process ends.
+[[nodiscard]] pybind11::object EnumerationClass(const automation::Enumeration& enumeration);
+
+}  // namespace vellumark::python

@@ -1,0 +1,140 @@
+# SPDX-License-Identifier: MIT
+"""The public classes, put together from the member table that _vellumark hands out."""
+from __future__ import annotations
+
+import enum
+import types
+import warnings
+from collections.abc import Callable
+from typing import Any, TypeVar
+
+from . import _vellumark
+
+_Self = TypeVar("_Self", bound="_Document")
+_AnyDocument = TypeVar("_AnyDocument", "PDF", "PS")
+
+RunTimeError = _vellumark.RunTimeError
+ENUMERATIONS: dict[str, type[enum.IntEnum]] = {
+    each.__name__: each for each in _vellumark.enumerations}
+
+
+class _Document:
+    """What documents can do in Python besides the members of the table.
+
+    There is no __dict__, so that a misspelt property is an AttributeError.
+    """
+
+    __slots__ = ("_document", "__weakref__")
+
+    def __init__(self) -> None:
+        self._document = _vellumark.Document(_language(type(self)), in_memory=False)
+
+    def __enter__(self: _Self) -> _Self:
+        return self
+
+    def __exit__(self, error_class: type[BaseException] | None, error: BaseException | None,
+                 trace: types.TracebackType | None) -> None:
+        """Flushes what was created, unless the block raised."""
+        if error_class is not None:
+            self._document.give_up()
+        elif self._document.unflushed:
+            _flush(self)
+
+    def __del__(self, warn: Callable[..., None] = warnings.warn) -> None:
+        document = getattr(self, "_document", None)
+        if document is not None and document.unflushed:
+            warn(f"unflushed document {self!r}", ResourceWarning, source=self)
+
+
+class PDF(_Document):
+    __slots__ = ()
+
+
+class PS(_Document):
+    __slots__ = ()
+
+
+class Enumerations:
+    __slots__ = ()
+
+
+def render(document_class: type[_AnyDocument],
+           function: Callable[[_AnyDocument], object]) -> bytes:
+    """Returns the file that `function` makes, without any file, for instance as a web answer.
+
+    `document_class` is PDF or PS. `function` gets a new document; it sets properties, calls Create
+    with a name that nobody will see, and draws. The document is flushed if `function` did not.
+    Pictures are read from the file system. Raises RuntimeError where nothing was created.
+    """
+    if document_class not in (PDF, PS):
+        raise TypeError(f"render() takes PDF or PS, not {document_class!r}")
+    document = document_class.__new__(document_class)
+    native = document._document = _vellumark.Document(document_class.__name__, in_memory=True)
+    try:
+        function(document)
+        if native.create_refusal:
+            raise RuntimeError(native.create_refusal)
+        if native.unflushed:
+            _flush(document)
+        content: bytes | None = native.take_file()
+    finally:
+        native.give_up()
+    if content is None:
+        raise RuntimeError("the function that render() called did not call Create")
+    return content
+
+
+def _language(document_class: type[_Document]) -> str:
+    return "PDF" if issubclass(document_class, PDF) else "PS"
+
+
+def _flush(document: Any) -> None:
+    """Flushes where no caller can ask for the outcome."""
+    document.Flush()
+    if document.LastRefusal:
+        raise RuntimeError(document.LastRefusal)
+
+
+def _method(owner: type, member: _vellumark.Member) -> types.FunctionType:
+    """A function with the member's own signature.
+
+    So the interpreter itself binds arguments and words the errors, and help() and
+    inspect.signature() show what a method takes.
+    """
+    names = "".join(f", {parameter[0]}" for parameter in member.parameters)
+    source = f"def {member.name}(self{names}): return _call(self._document{names})"
+    namespace: dict[str, Any] = {"__name__": "vellumark", "_call": member.call}
+    exec(compile(source, f"<vellumark.{owner.__name__}>", "exec"), namespace)
+    function: types.FunctionType = namespace[member.name]
+    function.__defaults__ = tuple(parameter[1] for parameter in member.parameters if parameter[1:])
+    function.__qualname__ = f"{owner.__name__}.{member.name}"
+    function.__doc__ = member.doc
+    return function
+
+
+def _property(member: _vellumark.Member) -> property:
+    def get(self: _Document) -> Any:
+        return member.call(self._document)
+
+    def let(self: _Document, value: Any) -> None:
+        member.let(self._document, value)
+
+    return property(get, let if member.writable else None, doc=member.doc)
+
+
+def _add_members(owner: type) -> None:
+    for member in _vellumark.members(owner.__name__):
+        if member.is_property:
+            attribute: Any = _property(member)
+            attribute.__set_name__(owner, member.name)  # so that its errors name it
+            setattr(owner, member.name, attribute)
+        else:
+            setattr(owner, member.name, _method(owner, member))
+
+
+_add_members(PDF)
+_add_members(PS)
+for _public in (PDF, PS, Enumerations):
+    _public.__doc__ = _vellumark.class_help[_public.__name__]
+    _public.__module__ = "vellumark"
+render.__module__ = "vellumark"

@@ -1,0 +1,36 @@
+# SPDX-License-Identifier: MIT
+"""Builds the Python module with CMake, for the Python that runs this."""
+import pathlib
+import re
+import subprocess
+import sys
+
+from setuptools import Extension, setup
+from setuptools.command.build_ext import build_ext
+
+ROOT = pathlib.Path(__file__).resolve().parent
+SWITCHED_OFF = ["TOOLS", "EXAMPLES", "TESTS"]
+
+
+class BuildWithCMake(build_ext):
+    def run(self):
+        build = pathlib.Path(self.build_temp).resolve() / "cmake"
+        subprocess.run(
+            ["cmake", "-S", ROOT, "-B", build, "-DVELLUMARK_PYTHON=ON", "-DBUILD_SHARED_LIBS=OFF",
+             f"-DPython3_EXECUTABLE={sys.executable}",
+             f"-DVELLUMARK_PYTHON_DESTINATION={pathlib.Path(self.build_lib).resolve()}",
+             *(f"-DVELLUMARK_{name}=OFF" for name in SWITCHED_OFF)], check=True)
+        subprocess.run(["cmake", "--build", build, "--parallel", "--target", "vellumark_python"],
+                       check=True)
+        subprocess.run(["cmake", "--install", build, "--component", "python"], check=True)
+
+
+def version():
+    """The version number has its one place in CMakeLists.txt."""
+    return re.search(r"project\(vellumark VERSION ([0-9.]+)", (ROOT / "CMakeLists.txt").read_text())[1]
+
+
+(ROOT / "build").mkdir(exist_ok=True)
+setup(version=version(), packages=[], cmdclass={"build_ext": BuildWithCMake},
+      options={"egg_info": {"egg_base": "build"}},
+      ext_modules=[Extension("vellumark._vellumark", sources=[])])  # so the wheel names its platform

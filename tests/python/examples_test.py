@@ -1,0 +1,58 @@
+# SPDX-License-Identifier: MIT
+"""The documentation's code, the invoice, and a page made from C++ too."""
+import pathlib
+import re
+import subprocess
+import sys
+
+from conftest import SOURCE, from_cmake
+
+INVOICE = SOURCE / "examples" / "invoice.py"
+
+
+def run(*command):
+    done = subprocess.run(list(map(str, command)), capture_output=True, text=True, check=False)
+    assert done.returncode == 0, done.stderr
+    return done.stdout
+
+
+def blocks(file):
+    return re.findall(r"```python\n(.*?)```", (SOURCE / file).read_text(), re.S)
+
+
+def test_code_in_the_documentation_runs_and_prints_what_it_says():
+    program = "".join(blocks("docs/python.md"))
+    printed = run(sys.executable, "-W", "error", "-c", program).splitlines()
+    told = re.findall(r"print\(.*# (.*)", program)
+    assert len(told) == len(printed) == 2
+    for line, expected in zip(printed, told):
+        assert line.startswith(expected.removesuffix("...")), line
+    for block in blocks("README.md"):
+        run(sys.executable, "-W", "error", "-c", block)
+
+
+def test_python_and_cpp_make_the_same_bytes():
+    run(from_cmake("VELLUMARK_FIRST_PAGE"))
+    made = pathlib.Path("first_page.pdf")
+    from_cpp = made.read_bytes()
+    made.unlink()
+    run(sys.executable, "-c", blocks("docs/python.md")[0])
+    assert made.read_bytes() == from_cpp
+
+
+def test_the_invoice_is_good_in_both_languages():
+    run(sys.executable, "-W", "error", INVOICE, ".")
+    assert b"/URI (https://example.org/pay/2024-0117)" in pathlib.Path("invoice.pdf").read_bytes()
+    text = run("pdftotext", "-layout", "invoice.pdf", "-")
+    assert re.search(r"To pay, EUR +6,532\.63", text)
+    assert run("gs", "-q", "-dNOPAUSE", "-dBATCH", "-sDEVICE=nullpage", "invoice.ps") == ""
+
+
+def test_a_long_invoice_goes_over_pages_with_a_head_on_each():
+    rows = "".join(f"{count},Thing {count},1.00\n" for count in range(1, 81))
+    pathlib.Path("rows.csv").write_text("quantity,description,unit price\n" + rows)
+    run(sys.executable, INVOICE, ".", "rows.csv")
+    text = run("pdftotext", "-layout", "invoice.pdf", "-")
+    assert text.count("Description") == text.count("\f") == 4
+    assert [int(count) for count in re.findall(r"Thing (\d+)", text)] == list(range(1, 81))
+    assert re.search(r"Net +3,240\.00", text)
