@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <span>
 #include <string_view>
+#include <type_traits>
 
 #include "vellumark/enumerations.h"
 
@@ -28,25 +29,19 @@ struct Enumeration {
 
 namespace detail {
 
+/// The place of `E` among the types `All`; -1 where it is none of them.
+template <class E, class... All>
+constexpr int PlaceAmong() noexcept {
+  int place = 0;
+  const bool found = ((std::is_same_v<E, All> || (++place, false)) || ...);
+  return found ? place : -1;
+}
+
 /// The place of a C++ enumeration in EnumerationTable().
 template <class E>
-inline constexpr int kPlace = -1;
-template <>
-inline constexpr int kPlace<AlignmentConstants> = 0;
-template <>
-inline constexpr int kPlace<BulletConstants> = 1;
-template <>
-inline constexpr int kPlace<EncodingConstants> = 2;
-template <>
-inline constexpr int kPlace<FontEffectConstants> = 3;
-template <>
-inline constexpr int kPlace<FontNumberConstants> = 4;
-template <>
-inline constexpr int kPlace<FontStyleConstants> = 5;
-template <>
-inline constexpr int kPlace<OrientationConstants> = 6;
-template <>
-inline constexpr int kPlace<PaperSizeConstants> = 7;
+inline constexpr int kPlace =
+    PlaceAmong<E, AlignmentConstants, BulletConstants, EncodingConstants, FontEffectConstants,
+               FontNumberConstants, FontStyleConstants, OrientationConstants, PaperSizeConstants>();
 
 extern const Enumeration enumerations[8];
 

@@ -1,22 +1,5 @@
 # SPDX-License-Identifier: MIT
 #
-# Builds for 64-bit Windows on another system, with mingw-w64 (Debian: g++-mingw-w64). What is linked
-# needs nothing but Windows itself.
-set(CMAKE_SYSTEM_NAME Windows)
+# Builds for 64-bit Windows on another system.
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
-
-set(prefix x86_64-w64-mingw32)
-set(CMAKE_C_COMPILER ${prefix}-gcc-posix)
-set(CMAKE_CXX_COMPILER ${prefix}-g++-posix)  # the variant with std::mutex and std::thread
-set(CMAKE_RC_COMPILER ${prefix}-windres)
-
-set(CMAKE_FIND_ROOT_PATH /usr/${prefix})
-set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
-set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
-
-set(static "-static -static-libgcc -static-libstdc++")
-set(CMAKE_EXE_LINKER_FLAGS_INIT "${static}")
-set(CMAKE_SHARED_LINKER_FLAGS_INIT "${static}")
-set(CMAKE_MODULE_LINKER_FLAGS_INIT "${static}")
+include(${CMAKE_CURRENT_LIST_DIR}/mingw.cmake)

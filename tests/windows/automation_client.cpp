@@ -21,18 +21,23 @@ class NoticeCloser {
  public:
   [[nodiscard]] int Closed() const noexcept { return closed_; }
 
+  /// How many of them said what they should.
+  [[nodiscard]] int Worded() const noexcept { return worded_; }
+
  private:
   void Watch(const std::stop_token& stop) {
     for (; !stop.stop_requested(); Sleep(20)) {
       const HWND notice = FindWindowA(nullptr, "Vellumark");
       if (notice == nullptr) continue;
       ++closed_;
-      PostMessageA(notice, WM_COMMAND, IDOK, 0);
-      while (IsWindow(notice)) Sleep(20);
+      Sleep(100);  // a box that is seen may lack its text still
+      if (FindWindowExA(notice, nullptr, "Static", "Initialize()") != nullptr) ++worded_;
+      for (; IsWindow(notice); Sleep(20)) PostMessageA(notice, WM_COMMAND, IDOK, 0);
     }
   }
 
   std::atomic<int> closed_ = 0;
+  std::atomic<int> worded_ = 0;
   std::jthread watcher_{[this](const std::stop_token& stop) { Watch(stop); }};
 };
 
@@ -160,6 +165,8 @@ bool CheckServer(const char* file) {
     CheckLock(facts, server);
     facts.Check("each document showed its notice", closer.Closed() == 2,
                 std::to_string(closer.Closed()));
+    facts.Check("which says \"Initialize()\"", closer.Worded() == 2,
+                std::to_string(closer.Worded()));
   }
   facts.Check("the DLL is unloaded",
               server.Unload() && GetModuleHandleA("vellumark.dll") == nullptr);
