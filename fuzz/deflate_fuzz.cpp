@@ -2,9 +2,10 @@
 //
 // Compresses any bytes at any level, inflates them with zlib and compares.
 //
-//     input = level:1 repeats:1 bytes     the bytes are taken several times over, each time with
-//     one
-//                                         of them changed, so that small inputs fill the window
+//     input = level:1 repeats:1 bytes
+//
+// The bytes are taken several times over, each time with one of them changed, so that small inputs
+// fill the window.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
