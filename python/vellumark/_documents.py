@@ -6,7 +6,7 @@ import enum
 import types
 import warnings
 from collections.abc import Callable
-from typing import Any, TypeVar
+from typing import Any, NoReturn, TypeVar
 
 from . import _vellumark
 
@@ -45,6 +45,9 @@ class _Document:
         if document is not None and document.unflushed:
             warn(f"unflushed document {self!r}", ResourceWarning, source=self)
 
+    def __reduce__(self) -> NoReturn:
+        raise TypeError(f"cannot copy or pickle {type(self).__name__!r} object")
+
 
 class PDF(_Document):
     __slots__ = ()
@@ -80,7 +83,7 @@ def render(document_class: type[_AnyDocument],
     finally:
         native.give_up()
     if content is None:
-        raise RuntimeError("the function that render() called did not call Create")
+        raise RuntimeError("the function that render() called left no created document")
     return content
 
 

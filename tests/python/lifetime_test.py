@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
 """With blocks, warnings, misuse, threads, and thousands of documents."""
+import copy
 import gc
 import os
 import pathlib
@@ -128,6 +129,8 @@ def test_misuse_does_not_crash(document_class):
     doc.__init__()
     doc.__exit__(None, None, None)
     call_everything(doc)
+    with pytest.raises(TypeError, match="cannot copy or pickle"):
+        copy.copy(doc)                              # two owners of one file
     empty = document_class.__new__(document_class)
     with pytest.raises(AttributeError):
         empty.Flush()

@@ -53,7 +53,7 @@ def test_what_goes_wrong_is_raised(document_class):
 
     with warnings.catch_warnings():
         warnings.simplefilter("error")
-        with pytest.raises(RuntimeError, match="did not call Create"):
+        with pytest.raises(RuntimeError, match="left no created document"):
             vellumark.render(document_class, lambda doc: None)
         with pytest.raises(RuntimeError, match="orientation"):
             vellumark.render(document_class, refused)
