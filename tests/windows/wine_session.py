@@ -15,6 +15,13 @@ import subprocess
 from message_boxes import MessageBoxes
 
 
+def loader():
+    """The command that starts Windows programs, 64-bit ones where their name alone is given: "wine"
+    would choose 32-bit ones on a machine that has both."""
+    debian = "/usr/lib/wine/wine64"
+    return debian if os.access(debian, os.X_OK) else shutil.which("wine64") or "wine"
+
+
 class WineSession:
     TIMEOUT = 90    # seconds; the slowest command takes a few
 
@@ -46,10 +53,10 @@ class WineSession:
             WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d")
         self.execute("wineboot", "--init")
         # Nobody manages windows on this screen, and Wine would wait for it with each that closes.
-        self.execute("wine", "reg", "add", r"HKCU\Software\Wine\X11 Driver", "/v", "Managed",
+        self.execute(loader(), "reg", "add", r"HKCU\Software\Wine\X11 Driver", "/v", "Managed",
                      "/d", "N")
         # One program that stays saves each command the start of Wine's services.
-        self.idle = subprocess.Popen(["wine", "cmd"], env=self.environment, cwd=self.folder,
+        self.idle = subprocess.Popen([loader(), "cmd"], env=self.environment, cwd=self.folder,
                                      stdin=subprocess.PIPE, stdout=subprocess.DEVNULL,
                                      stderr=subprocess.DEVNULL)
         self.boxes = MessageBoxes(self.environment, self.folder / "message_box.png")
@@ -100,7 +107,7 @@ class WineSession:
         before = self.boxes.count()
         try:
             with self.boxes.closing if boxes is None else contextlib.nullcontext():
-                code, text = self.execute("wine", *map(str, command), cwd=cwd)
+                code, text = self.execute(loader(), *map(str, command), cwd=cwd)
         except subprocess.TimeoutExpired as late:
             text = (self.folder / "last_output.txt").read_text(encoding="latin-1")
             self.stop()

@@ -23,6 +23,7 @@ OUT = BUILD / "windows"
 PROGRAMS = {bits: BUILD / f"windows-{name}" for bits, name in ((64, "x64"), (32, "x86"))}
 DLLS = {bits: folder / "automation" / "server" / "vellumark.dll"
         for bits, folder in PROGRAMS.items()}
+SYSTEM = {64: r"C:\windows\system32", 32: r"C:\windows\syswow64"}
 SERVER = windows_path(DLLS[64])
 LIBRARY_ID = "{26FA760F-475E-47DB-A28F-E675FC3BE490}"
 CLASS_IDS = {"PDF": "{11BB1275-8FE8-4DC3-93D5-63DFF6FC283E}",
@@ -55,9 +56,15 @@ def classes(root):
             and key not in ("CLSID", "Interface", "TypeLib", "Typelib")}
 
 
-def run_script(script, boxes, cwd=OUT):
+def skip_without_wine_of(bits):
+    if bits == 32 and not (wine.prefix / "drive_c" / "windows" / "syswow64" / "ntdll.dll").exists():
+        raise unittest.SkipTest("no 32-bit Wine here; the file was checked")
+
+
+def run_script(script, boxes, cwd=OUT, bits=64):
     """What a script printed; its last line tells that nothing stopped it on its way."""
-    text = wine.run("cscript", "//nologo", windows_path(script), cwd=cwd, boxes=boxes)
+    text = wine.run(SYSTEM[bits] + r"\cscript.exe", "//nologo", windows_path(script), cwd=cwd,
+                    boxes=boxes)
     assert text.endswith("end of script\n"), f"{script} stopped on its way:\n{text}"
     return text
 
@@ -105,19 +112,22 @@ class Registration(unittest.TestCase):
 
 class Registered(unittest.TestCase):
     """What follows needs a registered server."""
+    bits = 64
 
     @classmethod
     def setUpClass(cls):
-        wine.run("regsvr32", "/s", SERVER)
+        skip_without_wine_of(cls.bits)
+        cls.register()
+        cls.addClassCleanup(cls.register, "/u")
 
     @classmethod
-    def tearDownClass(cls):
-        wine.run("regsvr32", "/s", "/u", SERVER)
+    def register(cls, *options):
+        wine.run(SYSTEM[cls.bits] + r"\regsvr32.exe", "/s", *options, windows_path(DLLS[cls.bits]))
 
 
 class Errors(Registered):
     def expect_all_to_hold(self, script, boxes):
-        text = run_script(HERE / script, boxes)
+        text = run_script(HERE / script, boxes, bits=self.bits)
         self.assertNotIn("FAILED", text)
         self.assertIn("holds: ", text)
 
@@ -128,6 +138,10 @@ class Errors(Registered):
         self.expect_all_to_hold("errors.js", boxes=1)
 
 
+class ErrorsIn32Bits(Errors):
+    bits = 32
+
+
 class Documents(Registered):
     @classmethod
     def setUpClass(cls):
@@ -135,7 +149,7 @@ class Documents(Registered):
         subprocess.run([BUILD / "release" / "tests" / "reference_document", OUT], check=True,
                        capture_output=True)
         for script in ("document.vbs", "document.js"):
-            run_script(HERE / script, boxes=2)
+            run_script(HERE / script, boxes=2, bits=cls.bits)
 
     def expect_reference(self, kind, host):
         written, expected = (re.sub(rb"(CreationDate).*", rb"\1", (OUT / name).read_bytes())
@@ -189,6 +203,10 @@ class Documents(Registered):
         self.assertGreater((OUT / "message_box.png").stat().st_size, 1000)
 
 
+class DocumentsIn32Bits(Documents):
+    bits = 32
+
+
 class Clients(unittest.TestCase):
     """Programs of this folder that check what scripts cannot; they need no registration."""
 
@@ -203,8 +221,7 @@ class Clients(unittest.TestCase):
         self.expect_all_to_hold(64)
 
     def test_find_all_facts_to_hold_in_32_bits(self):
-        if not (wine.prefix / "drive_c" / "windows" / "syswow64" / "ntdll.dll").exists():
-            self.skipTest("no 32-bit Wine here; the file was checked")
+        skip_without_wine_of(32)
         self.expect_all_to_hold(32)
 
 
