@@ -1,7 +1,9 @@
 # SPDX-License-Identifier: MIT
 """Builds the Python module with CMake, for the Python that runs this."""
+import os
 import pathlib
 import re
+import shutil
 import subprocess
 import sys
 
@@ -15,13 +17,15 @@ SWITCHED_OFF = ["TOOLS", "EXAMPLES", "TESTS"]
 class BuildWithCMake(build_ext):
     def run(self):
         build = pathlib.Path(self.build_temp).resolve() / "cmake"
+        generator = ["-G", "Ninja"] if shutil.which("ninja") else []
         subprocess.run(
-            ["cmake", "-S", ROOT, "-B", build, "-DVELLUMARK_PYTHON=ON", "-DBUILD_SHARED_LIBS=OFF",
+            ["cmake", "-S", ROOT, "-B", build, *generator, "-DVELLUMARK_PYTHON=ON",
+             "-DBUILD_SHARED_LIBS=OFF",
              f"-DPython3_EXECUTABLE={sys.executable}",
              f"-DVELLUMARK_PYTHON_DESTINATION={pathlib.Path(self.build_lib).resolve()}",
              *(f"-DVELLUMARK_{name}=OFF" for name in SWITCHED_OFF)], check=True)
-        subprocess.run(["cmake", "--build", build, "--parallel", "--target", "vellumark_python"],
-                       check=True)
+        subprocess.run(["cmake", "--build", build, "--parallel", str(os.cpu_count()),
+                        "--target", "vellumark_python"], check=True)
         subprocess.run(["cmake", "--install", build, "--component", "python"], check=True)
 
 

@@ -44,7 +44,7 @@ class Install(unittest.TestCase):
 
     def test_a_cmake_project_finds_the_package(self):
         build = self.folder / "cmake"
-        run("cmake", "-S", SOURCE / "tests/install/stranger", "-B", build,
+        run("cmake", "-G", "Ninja", "-S", SOURCE / "tests/install/stranger", "-B", build,
             f"-DCMAKE_PREFIX_PATH={self.prefix}", f"-DEXAMPLE={EXAMPLE}")
         run("cmake", "--build", build)
         self.check_page(build / "stranger")
