@@ -3,8 +3,8 @@
 // Makes rows of the member table out of C++ members. The types, the directions and the result of a
 // row are those of the C++ signature, so that they cannot differ from it:
 //
-//     Method<&Document::GetDash>({"GetDash", 27, "Returns the dash pattern.", ""})
-//     Method<&Document::SetPosition>({"SetPosition", 36, "Sets ...", ""}, {{"x", -1}, {"y", -1}})
+//     Method<&Document::GetDash>({"GetDash", 29, "Returns the dash pattern.", ""})
+//     Method<&Document::SetPosition>({"SetPosition", 42, "Sets ...", ""}, {{"x", -1}, {"y", -1}})
 //     Method<&Document::WriteText, PS>(...)                    // a row of PS alone
 //     Property<Document, std::string, &Document::Author, &Document::Author>({...})
 //

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "automation/server/answer_target.h"
 
-#include <string>
 #include <utility>
-#include <variant>
 
 #include "automation/server/variant_value.h"
 
@@ -88,14 +86,9 @@ HRESULT AnswerTarget::Prepare(const Value& answer, LCID lcid) {
     if (variant_ != nullptr) GiveValue(answer, answer_);
     return S_OK;
   }
-  // Between integers the runtime does not always check the range; from a double it does, and a
-  // double holds every number that a member answers.
-  const bool is_text = std::holds_alternative<std::string>(answer);
   OwnedVariant given;
-  OwnedVariant exact;
   GiveValue(answer, given);
-  HRESULT coerced = Coerce(*given, is_text ? VT_BSTR : VT_R8, lcid, exact);
-  if (SUCCEEDED(coerced)) coerced = Coerce(*exact, ReferredType(*reference_), lcid, answer_);
+  const HRESULT coerced = Coerce(*given, ReferredType(*reference_), lcid, answer_);
   return SUCCEEDED(coerced) ? S_OK : DISP_E_TYPEMISMATCH;
 }
 

@@ -12,7 +12,7 @@
 //     DISP_E_BADPARAMCOUNT         too many arguments, or fewer than required parameters
 //     DISP_E_PARAMNOTFOUND         a name without parameter, or a parameter given twice
 //     DISP_E_PARAMNOTOPTIONAL      a required parameter is left out
-//     E_INVALIDARG                 the array itself makes no sense
+//     E_INVALIDARG                 the arrays are not sound (the caller asks IsSound)
 #pragma once
 
 #include <array>

@@ -20,7 +20,7 @@ namespace vellumark::automation {
 
 enum class Scope { Machine, User };
 
-/// Registers; what was done is undone on failure. Throws std::bad_alloc.
+/// Registers. A step that fails undoes all, an earlier registration too. Throws std::bad_alloc.
 [[nodiscard]] HRESULT Register(Scope scope);
 
 /// Removes what Register made, as far as it is there, and nothing else. Goes on past a key that

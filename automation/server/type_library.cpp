@@ -11,8 +11,8 @@ namespace vellumark::automation {
 
 HRESULT LoadTypeInfo(std::string_view id, ITypeInfo** info) {
   *info = nullptr;
-  // From the DLL itself and not by registration: it describes this very file. The system keeps
-  // loaded libraries, so a second call is cheap.
+  // From the DLL itself and not by registration: it describes this very file. The system
+  // shares a library that is in use, so asking again is cheap.
   ComPointer<ITypeLib> library;
   const HRESULT loaded = LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, library.Receive());
   return FAILED(loaded) ? loaded : library->GetTypeInfoOfGuid(ToGuid(id), info);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "automation/server/variant_value.h"
 
+#include <cmath>
 #include <new>
 
 #include "automation/server/bstr.h"
@@ -46,11 +47,47 @@ struct Giver {
   void operator()(std::int32_t number) const noexcept { V_I4(&to) = number; }
 };
 
+bool IsInteger(VARTYPE type) noexcept {
+  switch (type) {
+    case VT_I1:
+    case VT_UI1:
+    case VT_I2:
+    case VT_UI2:
+    case VT_I4:
+    case VT_UI4:
+    case VT_I8:
+    case VT_UI8:
+    case VT_INT:
+    case VT_UINT: return true;
+    default: return false;
+  }
+}
+
+bool IsFloating(VARTYPE type) noexcept { return type == VT_R4 || type == VT_R8 || type == VT_DATE; }
+
+HRESULT Change(const VARIANT& source, VARTYPE type, LCID lcid, OwnedVariant& result) {
+  const HRESULT changed =
+      VariantChangeTypeEx(&*result, const_cast<VARIANT*>(&source), lcid, 0, type);
+  if (changed == E_OUTOFMEMORY) throw std::bad_alloc();
+  return changed;
+}
+
+/// A number to an integer. Between integers the runtime does not always check the range; from a
+/// double it does, and a double holds every number that a member takes or answers.
+HRESULT ChangeToInteger(const VARIANT& number, VARTYPE type, LCID lcid, OwnedVariant& result) {
+  OwnedVariant exact;
+  const HRESULT changed = Change(number, VT_R8, lcid, exact);
+  if (FAILED(changed)) return changed;
+  return std::isnan(V_R8(&*exact)) ? DISP_E_OVERFLOW : Change(*exact, type, lcid, result);
+}
+
 }  // namespace
 
 VARIANT& Dereference(VARIANT& argument) noexcept {
+  constexpr int kDeepest = 8;  // a variant that refers to itself has no end
   VARIANT* variant = &argument;
-  while (V_VT(variant) == (VT_BYREF | VT_VARIANT) && V_VARIANTREF(variant) != nullptr) {
+  for (int depth = 0; depth < kDeepest; ++depth) {
+    if (V_VT(variant) != (VT_BYREF | VT_VARIANT) || V_VARIANTREF(variant) == nullptr) break;
     variant = V_VARIANTREF(variant);
   }
   return *variant;
@@ -62,9 +99,10 @@ bool IsOmitted(const VARIANT& argument) noexcept {
 
 HRESULT Coerce(const VARIANT& source, VARTYPE type, LCID lcid, OwnedVariant& result) {
   if (V_ISBYREF(&source) && V_BYREF(&source) == nullptr) return DISP_E_TYPEMISMATCH;
+  const auto from = static_cast<VARTYPE>(V_VT(&source) & ~VT_BYREF);
+  const bool checked = IsInteger(type) && (IsInteger(from) || IsFloating(from));
   const HRESULT changed =
-      VariantChangeTypeEx(&*result, const_cast<VARIANT*>(&source), lcid, 0, type);
-  if (changed == E_OUTOFMEMORY) throw std::bad_alloc();
+      checked ? ChangeToInteger(source, type, lcid, result) : Change(source, type, lcid, result);
   // An object is asked for its default property and may answer anything, which is not about the
   // member being called.
   return SUCCEEDED(changed) || changed == DISP_E_OVERFLOW ? changed : DISP_E_TYPEMISMATCH;

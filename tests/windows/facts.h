@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Facts: what platform_client finds to hold or not, one line each on standard output.
+// Facts: what a program of this folder finds to hold or not, one line each on standard output.
 //
 //     facts.Check("a folder is no picture", !reason.empty(), reason);
 #pragma once

@@ -2,6 +2,7 @@
 //
 // How the server refuses a call, and what it tells about a run-time error.
 #include <cstdio>
+#include <limits>
 #include <vector>
 
 #include "tests/windows/automation_object.h"
@@ -85,6 +86,19 @@ void CheckMismatches(Facts& facts, IDispatch* pdf) {
   std::int16_t below = -1;
   CheckRefusal(facts, pdf, {"too small", L"SetColor", kCall, DISP_E_OVERFLOW, 0},
                {Reference(VT_I2, &below), one, one});
+  std::int8_t negative = -1;
+  CheckRefusal(facts, pdf, {"too small in as many bits", L"SetColor", kCall, DISP_E_OVERFLOW, 0},
+               {Reference(VT_I1, &negative), one, one});
+  std::uint16_t great = 40000;
+  CheckRefusal(facts, pdf, {"too great in as many bits", L"SetPosition", kCall, DISP_E_OVERFLOW, 1},
+               {one, Reference(VT_UI2, &great)});
+  CheckRefusal(facts, pdf, {"not a number", L"SetColor", kCall, DISP_E_OVERFLOW, 0},
+               {Number(std::numeric_limits<double>::quiet_NaN()), one, one});
+  ClientVariant endless;
+  endless.vt = VT_BYREF | VT_VARIANT;
+  endless.pvarVal = &endless;
+  CheckRefusal(facts, pdf, {"its own reference", L"SetColor", kCall, DISP_E_TYPEMISMATCH, 0},
+               {endless, one, one});
   CheckRefusal(facts, pdf, {"an object", L"SetColor", kCall, DISP_E_TYPEMISMATCH, 0},
                {Bare(VT_DISPATCH), one, one});
   CheckRefusal(facts, pdf, {"a null reference", L"SetColor", kCall, DISP_E_TYPEMISMATCH, 0},

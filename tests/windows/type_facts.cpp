@@ -19,6 +19,7 @@ using automation::Kind;
 using automation::Member;
 using automation::Parameter;
 using automation::Type;
+using automation::ValueType;
 
 std::string NameOf(BSTR name) { return automation::TextOf(name); }
 
@@ -53,10 +54,36 @@ bool SameDefault(const Parameter& parameter, const PARAMDESC& described) {
   return SUCCEEDED(VariantChangeType(&number, &value, 0, VT_I4)) && V_I4(&number) == expected;
 }
 
-bool SameParameter(const Parameter& parameter, const ELEMDESC& described) {
+VARTYPE DescribedType(Type type) {
+  switch (type) {
+    case Type::None: return VT_VOID;
+    case Type::Integer: return VT_I2;
+    case Type::Byte: return VT_UI1;
+    case Type::Boolean: return VT_BOOL;
+    case Type::Single: return VT_R4;
+    case Type::String: return VT_BSTR;
+    case Type::Enumeration: return VT_USERDEFINED;
+  }
+  return VT_EMPTY;
+}
+
+bool SameType(const ValueType& value, ITypeInfo* type, const TYPEDESC& described) {
+  if (described.vt != DescribedType(value.type)) return false;
+  if (value.enumeration == nullptr) return true;
+  ComPointer<ITypeInfo> enumeration;
+  if (FAILED(type->GetRefTypeInfo(described.hreftype, enumeration.Receive()))) return false;
+  BSTR name = nullptr;
+  enumeration->GetDocumentation(MEMBERID_NIL, &name, nullptr, nullptr, nullptr);
+  const bool same = NameOf(name) == value.enumeration->name;
+  SysFreeString(name);
+  return same;
+}
+
+bool SameParameter(const Parameter& parameter, ITypeInfo* type, const ELEMDESC& described) {
   const bool out = (described.paramdesc.wParamFlags & PARAMFLAG_FOUT) != 0;
-  return out == parameter.in_out && (described.tdesc.vt == VT_PTR) == out &&
-         SameDefault(parameter, described.paramdesc);
+  if (out != parameter.in_out || (described.tdesc.vt == VT_PTR) != out) return false;
+  const TYPEDESC& value = out ? *described.tdesc.lptdesc : described.tdesc;
+  return SameType(parameter.type, type, value) && SameDefault(parameter, described.paramdesc);
 }
 
 /// Whether the names of a described function lead to the ids that it has itself.
@@ -75,15 +102,19 @@ bool SameIds(IDispatch* object, ITypeInfo* type, const FUNCDESC& function) {
   return same;
 }
 
-bool SameFunction(const ClassMembers& members, const FUNCDESC& function) {
+bool SameFunction(const ClassMembers& members, ITypeInfo* type, const FUNCDESC& function) {
   const Member* const member = members.Find(static_cast<std::int32_t>(function.memid));
   if (member == nullptr) return false;
-  if (function.invkind == INVOKE_PROPERTYPUT) return member->Has(Kind::Let);
+  if (function.invkind == INVOKE_PROPERTYPUT) {
+    return member->Has(Kind::Let) && function.cParams == 1 &&
+           SameType(member->result, type, function.lprgelemdescParam[0].tdesc);
+  }
   if (!member->Has(function.invkind == INVOKE_FUNC ? Kind::Method : Kind::Get)) return false;
+  if (!SameType(member->result, type, function.elemdescFunc.tdesc)) return false;
   const auto parameters = member->parameters();
   bool same = static_cast<std::size_t>(function.cParams) == parameters.size();
   for (std::size_t i = 0; same && i < parameters.size(); ++i) {
-    same = SameParameter(parameters[i], function.lprgelemdescParam[i]);
+    same = SameParameter(parameters[i], type, function.lprgelemdescParam[i]);
   }
   return same;
 }
@@ -102,7 +133,7 @@ void CheckFunctions(Facts& facts, IDispatch* object, ITypeInfo* type, const Clas
   for (UINT i = 0; SUCCEEDED(type->GetFuncDesc(i, &function)); ++i) {
     if (function->memid < 0x60000000) {
       ++described;
-      if (!SameFunction(members, *function) || !SameIds(object, type, *function)) {
+      if (!SameFunction(members, type, *function) || !SameIds(object, type, *function)) {
         different += std::to_string(function->memid);
         different += ' ';
       }
@@ -111,7 +142,7 @@ void CheckFunctions(Facts& facts, IDispatch* object, ITypeInfo* type, const Clas
   }
   facts.Check("every member is described", described == CountKinds(members),
               std::to_string(described));
-  facts.Check("ids, kinds, names, directions and defaults are those of the server",
+  facts.Check("ids, kinds, names, types, directions and defaults are those of the server",
               different.empty(), different);
 }
 
