@@ -160,6 +160,8 @@ std::error_code PosixPlatform::CloseOutput(FileHandle file) {
   return error;
 }
 
+void PosixPlatform::CloseAll() noexcept { files_.clear(); }
+
 void PosixPlatform::ShowNotice(std::string_view text, std::string_view caption) {
   std::string line;
   line.append(caption).append(": ").append(text).append("\n");
