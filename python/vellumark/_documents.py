@@ -25,7 +25,7 @@ class _Document:
     """
 
     __slots__ = ("_document", "__weakref__")
-    _class_name: str  # also where a host derives from PDF or PS
+    _class_name = ""  # PDF or PS, also of a class that a host derives from them
 
     def __init__(self) -> None:
         self._document = _vellumark.Document(self._class_name, in_memory=False)
