@@ -4,10 +4,12 @@
 
 usage: invoice.py [FOLDER [CSV_FILE]]
 
-writes FOLDER/invoice.pdf and FOLDER/invoice.ps. docs/python.md walks through it.
+writes FOLDER/invoice.pdf and FOLDER/invoice.ps. The table has the columns quantity, description and
+unit price, in UTF-8. docs/python.md walks through it.
 """
 import csv
 import pathlib
+import re
 import sys
 from decimal import ROUND_HALF_UP, Decimal
 from typing import NamedTuple
@@ -43,6 +45,7 @@ MARGIN = 56
 WIDTH = 595 - 2 * MARGIN
 # Where the columns of the table end; numbers stand right-aligned before these.
 QUANTITY, DESCRIPTION, PRICE, AMOUNT = 40, 56, 398, WIDTH - 8
+DESCRIPTION_END = 328
 ROW_HEIGHT = 24
 LAST_ROW = 620
 
@@ -58,9 +61,25 @@ class Row(NamedTuple):
 
 
 def read_rows(file: pathlib.Path) -> list[Row]:
-    with file.open(newline="", encoding="utf-8") as lines:
-        return [Row(int(line["quantity"]), line["description"], Decimal(line["unit price"]))
-                for line in csv.DictReader(lines)]
+    rows = []
+    with file.open(newline="", encoding="utf-8-sig") as lines:
+        table = csv.DictReader(lines, restval="")
+        missing = {"quantity", "description", "unit price"}.difference(table.fieldnames or [])
+        if missing:
+            raise ValueError(f"{file}: no column {', '.join(sorted(missing))}")
+        for line in table:
+            try:
+                rows.append(Row(int(line["quantity"]), line["description"],
+                                price(line["unit price"])))
+            except ValueError as error:
+                raise ValueError(f"{file}:{table.line_num}: {error}") from error
+    return rows
+
+
+def price(text: str) -> Decimal:
+    if not re.fullmatch(r"-?\d{1,9}(\.\d{1,2})?", text):
+        raise ValueError(f"no price: {text!r}")
+    return Decimal(text)
 
 
 def money(amount: Decimal) -> str:
@@ -74,14 +93,17 @@ def pen(doc: Document, size: int, color: Color = INK, style: Style = Style.Regul
 
 def put(doc: Document, x: int, y: int, text: str, alignment: Align = Align.NoAlignment) -> None:
     doc.SetPosition(x, y)
-    if not doc.WriteText(text, alignment=alignment):
+    escaped = text.replace("\\", r"\\")
+    if isinstance(doc, vellumark.PS):
+        escaped = re.sub("([()])", r"\\\1", escaped)
+    if not doc.WriteText(escaped, alignment=alignment):
         raise ValueError(f"{text!r}: {doc.LastRefusal}")
 
 
 def put_number(doc: Document, right: int, y: int, number: str) -> None:
     """A number that ends at `right`: in Helvetica, all figures have one width."""
     _, size, _, _ = doc.GetFont()
-    width = sum(0.278 if sign in ",." else 0.556 for sign in number) * size
+    width = sum({",": 0.278, ".": 0.278, "-": 0.333}.get(sign, 0.556) for sign in number) * size
     put(doc, round(right - width), y, number)
 
 
@@ -145,6 +167,8 @@ def draw_table(doc: Document, rows: list[Row], y: int) -> int:
         pen(doc, 10)
         put_number(doc, QUANTITY, y + 6, str(row.quantity))
         put(doc, DESCRIPTION, y + 6, row.description)
+        if doc.GetPosition()[0] > DESCRIPTION_END:
+            raise ValueError(f"{row.description!r} is too long for its column")
         put_number(doc, PRICE, y + 6, money(row.price))
         put_number(doc, AMOUNT, y + 6, money(row.amount))
         y += ROW_HEIGHT
@@ -208,4 +232,9 @@ def main(folder: str = ".", table: str = str(HERE / "invoice.csv")) -> None:
 
 
 if __name__ == "__main__":
-    main(*sys.argv[1:])
+    if len(sys.argv) > 3 or "--help" in sys.argv:
+        sys.exit(__doc__)
+    try:
+        main(*sys.argv[1:])
+    except (OSError, ValueError) as error:
+        sys.exit(f"invoice.py: {error}")

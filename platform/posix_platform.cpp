@@ -22,10 +22,20 @@ bool HasBytes(int fd) {
   return ::fstat(fd, &status) != 0 || status.st_size > 0;
 }
 
-/// Opens, locks and empties the file, in this order: a file in use keeps its content.
-int OpenLocked(const char* name, std::error_code& error) {
+/// Opens the file for writing, never in the place of a standard stream that the process has closed:
+/// what others print would land in the file.
+int OpenApart(const char* name) {
   // O_NONBLOCK: a named pipe without a reader answers at once instead of waiting for one.
   const int fd = ::open(name, O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666);
+  if (fd < 0 || fd > STDERR_FILENO) return fd;
+  const int apart = ::fcntl(fd, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+  ::close(fd);
+  return apart;
+}
+
+/// Opens, locks and empties the file, in this order: a file in use keeps its content.
+int OpenLocked(const char* name, std::error_code& error) {
+  const int fd = OpenApart(name);
   if (fd < 0) {
     error = LastError();
     return -1;
@@ -159,6 +169,8 @@ std::error_code PosixPlatform::CloseOutput(FileHandle file) {
   while (!files_.empty() && files_.back() == nullptr) files_.pop_back();
   return error;
 }
+
+void PosixPlatform::CloseAll() noexcept { files_.clear(); }
 
 void PosixPlatform::ShowNotice(std::string_view text, std::string_view caption) {
   std::string line;

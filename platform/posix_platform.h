@@ -36,6 +36,10 @@ class VELLUMARK_API PosixPlatform : public PortablePlatform {
   std::error_code CloseOutput(FileHandle file) override;
   void ShowNotice(std::string_view text, std::string_view caption) override;
 
+  /// Closes every file that is still open, as the destructor does: others may then create it. The
+  /// handles are gone.
+  void CloseAll() noexcept;
+
  private:
   class OutputFile;
 

@@ -14,9 +14,9 @@ using automation::Class;
 using automation::Member;
 using automation::Value;
 
-std::variant<PDF, PS> Make(Class document_class, const std::shared_ptr<MemoryPlatform>& memory) {
-  if (document_class == Class::PDF) return memory ? PDF(memory) : PDF();
-  return memory ? PS(memory) : PS();
+std::variant<PDF, PS> Make(Class document_class, std::shared_ptr<Platform> platform) {
+  if (document_class == Class::PDF) return PDF(std::move(platform));
+  return PS(std::move(platform));
 }
 
 /// The members that take long: reading and encoding a picture, writing the file.
@@ -48,7 +48,8 @@ class LiveDocument::Use {
 LiveDocument::LiveDocument(Class document_class, Output output)
     : document_class_(document_class),
       memory_(output == Output::Memory ? std::make_shared<MemoryPlatform>() : nullptr),
-      document_(Make(document_class, memory_)) {}
+      files_(memory_ ? nullptr : std::make_shared<PosixPlatform>()),
+      document_(memory_ ? Make(document_class, memory_) : Make(document_class, files_)) {}
 
 Value LiveDocument::Call(const Member& member, Member::Call call, std::span<Value> arguments) {
   const Use use(*this);
@@ -72,10 +73,19 @@ void LiveDocument::NoteCreate(bool created, std::string& file) {
   Refusal refusal = document().LastRefusal();
   create_refusal_ = std::move(refusal.sentence);
   // The file that was open before is then forgotten, and nothing is left to flush.
-  if (document_class_ == Class::PS && refusal.reason == RefusalReason::FileNotCreated) GiveUp();
+  if (document_class_ == Class::PS && refusal.reason == RefusalReason::FileNotCreated) {
+    unflushed_ = false;
+  }
+}
+
+void LiveDocument::GiveUp() noexcept {
+  unflushed_ = false;
+  // A thread that is in Flush still writes; the file then closes with the document.
+  if (files_ && !in_use_) files_->CloseAll();
 }
 
 std::optional<std::string> LiveDocument::TakeFile() {
+  const Use use(*this);
   if (!memory_ || !file_ || unflushed_) return std::nullopt;
   return memory_->TakeFile(*std::exchange(file_, std::nullopt));
 }

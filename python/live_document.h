@@ -19,6 +19,7 @@
 #include <variant>
 
 #include "automation/member_table.h"
+#include "platform/posix_platform.h"
 #include "vellumark/vellumark.h"
 
 namespace vellumark::python {
@@ -39,8 +40,9 @@ class LiveDocument {
   /// Whether Create succeeded and Flush has not been called since.
   [[nodiscard]] bool unflushed() const noexcept { return unflushed_; }
 
-  /// The host does not want it any more: from now on it does not count as unflushed.
-  void GiveUp() noexcept { unflushed_ = false; }
+  /// The host does not want it any more: from now on it does not count as unflushed, and its file
+  /// is closed, empty, so that it can be created again while somebody keeps the document.
+  void GiveUp() noexcept;
 
   /// Why the latest Create was refused; empty if it was not.
   [[nodiscard]] const std::string& create_refusal() const noexcept { return create_refusal_; }
@@ -56,7 +58,8 @@ class LiveDocument {
   Document& document();
 
   automation::Class document_class_;
-  std::shared_ptr<MemoryPlatform> memory_;
+  std::shared_ptr<MemoryPlatform> memory_;  // one of the two
+  std::shared_ptr<PosixPlatform> files_;
   std::variant<PDF, PS> document_;
   std::optional<std::string> file_;
   std::string create_refusal_;

@@ -6,6 +6,7 @@
 
 #include "automation/class_table.h"
 #include "python/bound_member.h"
+#include "python/interpreter_end.h"
 #include "python/live_document.h"
 #include "python/python_value.h"
 #include "python/python_words.h"
@@ -95,8 +96,13 @@ void DefineMember(py::module_& module) {
       .def_property_readonly("writable",
                              [](const BoundMember& self) { return self.member().let != nullptr; })
       .def_property_readonly("parameters", &BoundMember::Parameters)
-      .def("call", &BoundMember::Call)
-      .def("let", &BoundMember::Let);
+      .def("call",
+           [](const BoundMember& self, LiveDocument& document, const py::args& arguments) {
+             return MayOutliveInterpreter([&] { return self.Call(document, arguments); });
+           })
+      .def("let", [](const BoundMember& self, LiveDocument& document, py::handle value) {
+        MayOutliveInterpreter([&] { self.Let(document, value); });
+      });
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "python/python_value.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -125,12 +124,12 @@ py::object ToPython(const Value& value, const ValueType& type) {
       return decoded;
     }
     case Type::Enumeration: {
-      const std::int32_t number = std::get<std::int32_t>(value);
-      const auto members = type.enumeration->members;
-      if (std::ranges::find(members, number, &EnumerationMember::value) == members.end()) {
-        return py::int_(number);
-      }
-      return EnumerationClass(*type.enumeration)(number);
+      // Looked up, since a call of the class would run Python code; see interpreter_end.h.
+      const py::dict members = EnumerationClass(*type.enumeration).attr("_value2member_map_");
+      py::int_ number(std::get<std::int32_t>(value));
+      PyObject* const member = PyDict_GetItemWithError(members.ptr(), number.ptr());
+      if (member != nullptr) return py::reinterpret_borrow<py::object>(member);
+      return number;
     }
   }
   return py::none();

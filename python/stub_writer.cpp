@@ -27,7 +27,7 @@ import enum
 import os
 import types
 from collections.abc import Callable
-from typing import TypeVar
+from typing import overload
 
 from typing_extensions import Self
 
@@ -37,15 +37,20 @@ __all__ = [
 constexpr std::string_view kFunctions = R"(]
 
 _File = str | bytes | os.PathLike[str] | os.PathLike[bytes]
-_AnyDocument = TypeVar("_AnyDocument", PDF, PS)
 
-def render(
-    document_class: type[_AnyDocument], function: Callable[[_AnyDocument], object]
-) -> bytes:
-    """Returns the file that `function` makes, without any file, for instance as a web answer."""
+@overload
+def render(document_class: type[PDF], function: Callable[[PDF], object]) -> bytes:
+    """Returns the file that `function` makes, without any file, for instance as a web answer.
+
+    `document_class` is PDF or PS. `function` gets a new document; it sets properties, calls Create
+    with a name that nobody will see, and draws. The document is flushed if `function` did not.
+    Pictures are read from the file system. Raises RuntimeError where nothing was created."""
+@overload
+def render(document_class: type[PS], function: Callable[[PS], object]) -> bytes: ...
 
 class RunTimeError(RuntimeError):
-    """What stops a member in its middle."""
+    """What stops a member in its middle; `number` is the run-time error's: 6 overflow, 7 out of
+    memory, 9 subscript out of range, 11 division by zero, 13 type mismatch."""
 
     number: int
 )";

@@ -25,9 +25,10 @@ class _Document:
     """
 
     __slots__ = ("_document", "__weakref__")
+    _class_name = ""  # PDF or PS, also of a class that a host derives from them
 
     def __init__(self) -> None:
-        self._document = _vellumark.Document(_language(type(self)), in_memory=False)
+        self._document = _vellumark.Document(self._class_name, in_memory=False)
 
     def __enter__(self: _Self) -> _Self:
         return self
@@ -51,10 +52,12 @@ class _Document:
 
 class PDF(_Document):
     __slots__ = ()
+    _class_name = "PDF"
 
 
 class PS(_Document):
     __slots__ = ()
+    _class_name = "PS"
 
 
 class Enumerations:
@@ -72,7 +75,7 @@ def render(document_class: type[_AnyDocument],
     if document_class not in (PDF, PS):
         raise TypeError(f"render() takes PDF or PS, not {document_class!r}")
     document = document_class.__new__(document_class)
-    native = document._document = _vellumark.Document(document_class.__name__, in_memory=True)
+    native = document._document = _vellumark.Document(document_class._class_name, in_memory=True)
     try:
         function(document)
         if native.create_refusal:
@@ -85,10 +88,6 @@ def render(document_class: type[_AnyDocument],
     if content is None:
         raise RuntimeError("the function that render() called left no created document")
     return content
-
-
-def _language(document_class: type[_Document]) -> str:
-    return "PDF" if issubclass(document_class, PDF) else "PS"
 
 
 def _flush(document: Any) -> None:

@@ -109,6 +109,18 @@ TEST_F(PosixFiles, ADocumentThatIsNotFlushedLeavesAnEmptyFileAndLetsItGo) {
   EXPECT_NE(Create(Path("a.pdf")), FileHandle::Invalid);
 }
 
+TEST_F(PosixFiles, AFileDoesNotTakeThePlaceOfAClosedStandardError) {
+  const int kept = ::dup(STDERR_FILENO);
+  ::close(STDERR_FILENO);
+  const FileHandle file = Create(Path("a.pdf"));
+  PDF();  // gives notice on standard error
+  ::dup2(kept, STDERR_FILENO);
+  ::close(kept);
+  ASSERT_NE(file, FileHandle::Invalid);
+  platform.CloseOutput(file);
+  EXPECT_EQ(Content(Path("a.pdf")), "");
+}
+
 TEST(PosixClock, HonoursSourceDateEpochInUtc) {
   ::setenv("SOURCE_DATE_EPOCH", "1700000000", 1);
   const LocalTime fixed = PosixPlatform().Now();

@@ -48,11 +48,26 @@ def test_the_invoice_is_good_in_both_languages():
     assert run("gs", "-q", "-dNOPAUSE", "-dBATCH", "-sDEVICE=nullpage", "invoice.ps") == ""
 
 
+def write_rows(*rows):
+    pathlib.Path("rows.csv").write_text("quantity,description,unit price\n" + "\n".join(rows),
+                                        encoding="utf-8-sig")    # as spreadsheets do
+
+
 def test_a_long_invoice_goes_over_pages_with_a_head_on_each():
-    rows = "".join(f"{count},Thing {count},1.00\n" for count in range(1, 81))
-    pathlib.Path("rows.csv").write_text("quantity,description,unit price\n" + rows)
+    write_rows(*(f"{count},Thing {count} :) \\,1.00" for count in range(1, 81)))
     run(sys.executable, INVOICE, ".", "rows.csv")
+    assert run("gs", "-q", "-dNOPAUSE", "-dBATCH", "-sDEVICE=nullpage", "invoice.ps") == ""
     text = run("pdftotext", "-layout", "invoice.pdf", "-")
     assert text.count("Description") == text.count("\f") == 4
-    assert [int(count) for count in re.findall(r"Thing (\d+)", text)] == list(range(1, 81))
+    assert [int(count) for count in re.findall(r"Thing (\d+) :\) \\", text)] == list(range(1, 81))
     assert re.search(r"Net +3,240\.00", text)
+
+
+def test_a_row_that_is_wrong_is_named():
+    for row, words in [("1.5,Thing,1", "'1.5'"), ("1,Thing,NaN", "no price: 'NaN'"),
+                       ("1,Thing", "no price: ''")]:
+        write_rows("1,Thing,1", row)
+        done = subprocess.run([sys.executable, INVOICE, ".", "rows.csv"], capture_output=True,
+                              text=True, check=False)
+        assert done.returncode == 1
+        assert done.stderr.startswith("invoice.py: rows.csv:3: ") and words in done.stderr

@@ -50,6 +50,8 @@ def test_a_with_block_flushes_what_was_created(document_class):
         doc.Create("raised")
         raise KeyError
     assert pathlib.Path("raised").stat().st_size == 0
+    with document_class() as again:
+        assert again.Create("raised"), again.LastRefusal    # though doc is still alive
 
 
 @pytest.mark.skipif(not pathlib.Path("/dev/full").exists(), reason="no /dev/full")
@@ -213,20 +215,25 @@ def run(program):
                           check=False)
 
 
-def test_a_daemon_thread_at_the_end_of_the_process_does_not_abort_it():
+@pytest.mark.parametrize("member", [f"DrawPicture({str(PICTURE)!r}, encoding=4)", "GetFont()",
+                                    "DrawLine(Number(), 0, Number(), 0)"])
+def test_daemon_threads_at_the_end_of_the_process_do_not_abort_it(member):
     program = f"""
-import threading, time, vellumark
+import sys, threading, time, vellumark
+class Number:
+    def __index__(self):
+        return sum(range(50))
 def work(doc):
     doc.Create("x")
     doc.NewPage(0, 0, 0, 0, 255, 255, 255)
-    doc.DrawPicture({str(PICTURE)!r}, encoding=4)
-def forever():
     while True:
-        vellumark.render(vellumark.PDF, work)
-threading.Thread(target=forever, daemon=True).start()
-time.sleep(0.05)
+        doc.{member}
+sys.setswitchinterval(1e-6)
+for _ in range(4):
+    threading.Thread(target=vellumark.render, args=(vellumark.PDF, work), daemon=True).start()
+time.sleep(0.02)
 """
-    for _ in range(5):
+    for _ in range(8):
         done = run(program)
         assert (done.returncode, done.stderr) == (0, "")
 

@@ -41,8 +41,12 @@ doc.WriteText(7)
 doc.SetFont(vellumark.FontNumberConstants.Times, 12, 1)
 vellumark.PS().WriteText("x", hyperlink="")
 red, green = doc.GetColor()
+def page(doc: vellumark.PDF | vellumark.PS) -> None: ...
+def answer(language: type[vellumark.PDF] | type[vellumark.PS]) -> bytes:
+    return vellumark.render(language, page)
+vellumark.render(vellumark.PS, lambda doc: doc.WriteText("x", hyperlink=""))
 """)
     done = subprocess.run(["/usr/bin/mypy", "--cache-dir", "cache", "wrong.py"],
                           capture_output=True, text=True, check=False)
     found = [int(line.split(":")[1]) for line in done.stdout.splitlines() if "error:" in line]
-    assert found == [3, 4, 5, 6, 7], done.stdout
+    assert found == [3, 4, 5, 6, 7, 11], done.stdout
