@@ -14,16 +14,6 @@ VARTYPE ReferredType(const VARIANT& reference) noexcept {
 
 bool CanReceive(VARTYPE type) noexcept {
   switch (type) {
-    case VT_I1:
-    case VT_UI1:
-    case VT_I2:
-    case VT_UI2:
-    case VT_I4:
-    case VT_UI4:
-    case VT_I8:
-    case VT_UI8:
-    case VT_INT:
-    case VT_UINT:
     case VT_R4:
     case VT_R8:
     case VT_CY:
@@ -31,7 +21,7 @@ bool CanReceive(VARTYPE type) noexcept {
     case VT_DECIMAL:
     case VT_BOOL:
     case VT_BSTR: return true;
-    default: return false;
+    default: return IsInteger(type);
   }
 }
 

@@ -47,22 +47,6 @@ struct Giver {
   void operator()(std::int32_t number) const noexcept { V_I4(&to) = number; }
 };
 
-bool IsInteger(VARTYPE type) noexcept {
-  switch (type) {
-    case VT_I1:
-    case VT_UI1:
-    case VT_I2:
-    case VT_UI2:
-    case VT_I4:
-    case VT_UI4:
-    case VT_I8:
-    case VT_UI8:
-    case VT_INT:
-    case VT_UINT: return true;
-    default: return false;
-  }
-}
-
 bool IsFloating(VARTYPE type) noexcept { return type == VT_R4 || type == VT_R8 || type == VT_DATE; }
 
 HRESULT Change(const VARIANT& source, VARTYPE type, LCID lcid, OwnedVariant& result) {
@@ -95,6 +79,22 @@ VARIANT& Dereference(VARIANT& argument) noexcept {
 
 bool IsOmitted(const VARIANT& argument) noexcept {
   return V_VT(&argument) == VT_ERROR && V_ERROR(&argument) == DISP_E_PARAMNOTFOUND;
+}
+
+bool IsInteger(VARTYPE type) noexcept {
+  switch (type) {
+    case VT_I1:
+    case VT_UI1:
+    case VT_I2:
+    case VT_UI2:
+    case VT_I4:
+    case VT_UI4:
+    case VT_I8:
+    case VT_UI8:
+    case VT_INT:
+    case VT_UINT: return true;
+    default: return false;
+  }
 }
 
 HRESULT Coerce(const VARIANT& source, VARTYPE type, LCID lcid, OwnedVariant& result) {

@@ -24,6 +24,9 @@ namespace vellumark::automation {
 /// Whether the argument stands for one that the client left out.
 [[nodiscard]] bool IsOmitted(const VARIANT& argument) noexcept;
 
+/// Whether a variant of this type holds a whole number, of any size and sign.
+[[nodiscard]] bool IsInteger(VARTYPE type) noexcept;
+
 /// Converts what `source` holds or refers to into a variant of type `type`.
 [[nodiscard]] HRESULT Coerce(const VARIANT& source, VARTYPE type, LCID lcid, OwnedVariant& result);
 
