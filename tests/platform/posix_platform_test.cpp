@@ -113,7 +113,7 @@ TEST_F(PosixFiles, AFileDoesNotTakeThePlaceOfAClosedStandardError) {
   const int kept = ::dup(STDERR_FILENO);
   ::close(STDERR_FILENO);
   const FileHandle file = Create(Path("a.pdf"));
-  PDF();  // gives notice on standard error
+  const PDF gives_notice_on_standard_error;
   ::dup2(kept, STDERR_FILENO);
   ::close(kept);
   ASSERT_NE(file, FileHandle::Invalid);
