@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "automation/enumeration_table.h"
 
+#include <algorithm>
+
 namespace vellumark::automation {
 namespace {
 
@@ -85,5 +87,11 @@ constinit const Enumeration enumerations[8] = {
 }  // namespace detail
 
 std::span<const Enumeration> EnumerationTable() noexcept { return detail::enumerations; }
+
+const EnumerationMember* FindMember(const Enumeration& enumeration, std::int32_t value) noexcept {
+  const auto members = enumeration.members;
+  const auto found = std::ranges::find(members, value, &EnumerationMember::value);
+  return found == members.end() ? nullptr : &*found;
+}
 
 }  // namespace vellumark::automation

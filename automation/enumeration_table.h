@@ -24,6 +24,10 @@ struct Enumeration {
   std::span<const EnumerationMember> members;  ///< in the order that editors list them
 };
 
+/// The member with that value; null where there is none.
+[[nodiscard]] const EnumerationMember* FindMember(const Enumeration& enumeration,
+                                                  std::int32_t value) noexcept;
+
 /// All of them, in alphabetical order.
 [[nodiscard]] std::span<const Enumeration> EnumerationTable() noexcept;
 

@@ -71,4 +71,7 @@ struct Member {
 /// The value of an omitted optional argument.
 [[nodiscard]] Value DefaultOf(const Parameter& parameter);
 
+/// What an in/out parameter holds before the call: 0, False or no text.
+[[nodiscard]] Value ZeroOf(Type type);
+
 }  // namespace vellumark::automation

@@ -40,21 +40,4 @@ int FindParameter(const Member& member, std::string_view name) noexcept {
   return found == parameters.end() ? -1 : static_cast<int>(found - parameters.begin());
 }
 
-Value DefaultOf(const Parameter& parameter) {
-  if (const auto* text = std::get_if<std::string_view>(&parameter.default_value)) {
-    return std::string(*text);
-  }
-  const std::int32_t number = std::get<std::int32_t>(parameter.default_value);
-  switch (parameter.type.type) {
-    case Type::None: return {};
-    case Type::Integer: return static_cast<std::int16_t>(number);
-    case Type::Byte: return static_cast<std::uint8_t>(number);
-    case Type::Boolean: return number != 0;
-    case Type::Single: return static_cast<float>(number);
-    case Type::String: return std::string();
-    case Type::Enumeration: return number;
-  }
-  return {};
-}
-
 }  // namespace vellumark::automation

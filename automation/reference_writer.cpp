@@ -56,9 +56,8 @@ std::string DefaultText(const Parameter& parameter) {
   const std::int32_t number = std::get<std::int32_t>(parameter.default_value);
   if (parameter.type.type == Type::Boolean) return number != 0 ? "True" : "False";
   if (parameter.type.type == Type::Enumeration) {
-    const auto members = parameter.type.enumeration->members;
-    const auto found = std::ranges::find(members, number, &EnumerationMember::value);
-    if (found != members.end()) return std::string(found->name);
+    const EnumerationMember* const member = FindMember(*parameter.type.enumeration, number);
+    if (member != nullptr) return std::string(member->name);
   }
   return std::to_string(number);
 }

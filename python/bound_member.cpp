@@ -26,13 +26,6 @@ py::object Result(const Member& member, const Value& result, std::span<const Val
   return py::tuple(answers);
 }
 
-/// What the in/out parameter holds before the call, which the member does not look at.
-Value Nothing(const Parameter& parameter) {
-  Parameter zero = parameter;
-  zero.default_value = 0;
-  return DefaultOf(zero);
-}
-
 }  // namespace
 
 py::list BoundMember::Parameters() const {
@@ -56,7 +49,7 @@ py::object BoundMember::Call(LiveDocument& document, const py::args& arguments) 
   for (std::size_t i = 0; i < member_.parameter_count; ++i) {
     const Parameter& parameter = member_.all_parameters[i];
     if (parameter.in_out) {
-      values[i] = Nothing(parameter);
+      values[i] = ZeroOf(parameter.type.type);
       continue;
     }
     if (taken == arguments.size()) throw py::type_error(QualifiedName() += "() lacks arguments");

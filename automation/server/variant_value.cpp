@@ -115,12 +115,6 @@ HRESULT TakeValue(VARIANT& argument, Type type, LCID lcid, Value& value) {
   return coerced;
 }
 
-Value ZeroOf(Type type) {
-  OwnedVariant zero;  // all bits of an empty variant are 0
-  V_VT(&*zero) = VariantType(type);
-  return Read(*zero);
-}
-
 void GiveValue(const Value& value, OwnedVariant& result) {
   std::visit(Giver{*result}, value);
   V_VT(&*result) = VariantType(static_cast<Type>(value.index()));

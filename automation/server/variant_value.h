@@ -33,9 +33,6 @@ namespace vellumark::automation {
 /// Converts an argument into a Value of type `type`.
 [[nodiscard]] HRESULT TakeValue(VARIANT& argument, Type type, LCID lcid, Value& value);
 
-/// A Value of type `type` for a parameter that only answers.
-[[nodiscard]] Value ZeroOf(Type type);
-
 /// Puts a Value into an empty variant; None leaves it empty.
 void GiveValue(const Value& value, OwnedVariant& result);
 
