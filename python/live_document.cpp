@@ -46,8 +46,7 @@ class LiveDocument::Use {
 };
 
 LiveDocument::LiveDocument(Class document_class, Output output)
-    : document_class_(document_class),
-      memory_(output == Output::Memory ? std::make_shared<MemoryPlatform>() : nullptr),
+    : memory_(output == Output::Memory ? std::make_shared<MemoryPlatform>() : nullptr),
       files_(memory_ ? nullptr : std::make_shared<PosixPlatform>()),
       document_(memory_ ? Make(document_class, memory_) : Make(document_class, files_)) {}
 
@@ -73,7 +72,7 @@ void LiveDocument::NoteCreate(bool created, std::string& file) {
   Refusal refusal = document().LastRefusal();
   create_refusal_ = std::move(refusal.sentence);
   // The file that was open before is then forgotten, and nothing is left to flush.
-  if (document_class_ == Class::PS && refusal.reason == RefusalReason::FileNotCreated) {
+  if (document_class() == Class::PS && refusal.reason == RefusalReason::FileNotCreated) {
     unflushed_ = false;
   }
 }

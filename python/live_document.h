@@ -30,7 +30,9 @@ class LiveDocument {
 
   LiveDocument(automation::Class document_class, Output output);
 
-  [[nodiscard]] automation::Class document_class() const noexcept { return document_class_; }
+  [[nodiscard]] automation::Class document_class() const noexcept {
+    return std::holds_alternative<PDF>(document_) ? automation::Class::PDF : automation::Class::PS;
+  }
 
   /// Calls `member` by its `call` or `let`. The document must be of a class that has it, and the
   /// interpreter lock must be held.
@@ -57,7 +59,6 @@ class LiveDocument {
   void NoteCreate(bool created, std::string& file);
   Document& document();
 
-  automation::Class document_class_;
   std::shared_ptr<MemoryPlatform> memory_;  // one of the two
   std::shared_ptr<PosixPlatform> files_;
   std::variant<PDF, PS> document_;

@@ -52,10 +52,7 @@ py::list EnumerationClasses() {
 /// vellumark.RunTimeError, a RuntimeError with the error's number.
 void DefineRunTimeError(py::module_& module) {
   static PyObject* error_class = PyErr_NewExceptionWithDoc(
-      "vellumark.RunTimeError",
-      "What stops a member in its middle; `number` is the run-time error's: 6 overflow, 7 out of\n"
-      "memory, 9 subscript out of range, 11 division by zero, 13 type mismatch.",
-      PyExc_RuntimeError, nullptr);
+      "vellumark.RunTimeError", kRunTimeErrorDocstring.data(), PyExc_RuntimeError, nullptr);
   if (error_class == nullptr) throw py::error_already_set();
   module.attr("RunTimeError") = py::reinterpret_borrow<py::object>(error_class);
   py::register_exception_translator([](std::exception_ptr thrown) {
@@ -115,5 +112,6 @@ PYBIND11_MODULE(_vellumark, module) {
   DefineMember(module);
   module.def("members", &Members);
   module.attr("class_help") = ClassHelp();
+  module.attr("render_help") = kRenderDocstring;
   module.attr("enumerations") = EnumerationClasses();
 }

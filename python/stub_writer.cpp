@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "python/stub_writer.h"
 
-#include <algorithm>
 #include <string_view>
 #include <vector>
 
@@ -34,25 +33,18 @@ from typing_extensions import Self
 __all__ = [
 )";
 
-constexpr std::string_view kFunctions = R"(]
+constexpr std::string_view kRender = R"(]
 
 _File = str | bytes | os.PathLike[str] | os.PathLike[bytes]
 
 @overload
 def render(document_class: type[PDF], function: Callable[[PDF], object]) -> bytes:
-    """Returns the file that `function` makes, without any file, for instance as a web answer.
+)";
 
-    `document_class` is PDF or PS. `function` gets a new document; it sets properties, calls Create
-    with a name that nobody will see, and draws. The document is flushed if `function` did not.
-    Pictures are read from the file system. Raises RuntimeError where nothing was created."""
-@overload
+constexpr std::string_view kRunTimeError = R"(@overload
 def render(document_class: type[PS], function: Callable[[PS], object]) -> bytes: ...
 
 class RunTimeError(RuntimeError):
-    """What stops a member in its middle; `number` is the run-time error's: 6 overflow, 7 out of
-    memory, 9 subscript out of range, 11 division by zero, 13 type mismatch."""
-
-    number: int
 )";
 
 constexpr std::string_view kBlock = R"(
@@ -112,12 +104,11 @@ std::string DefaultText(const Parameter& parameter) {
   const std::int32_t number = std::get<std::int32_t>(parameter.default_value);
   if (parameter.type.type == Type::Boolean) return number != 0 ? "True" : "False";
   if (parameter.type.type != Type::Enumeration) return std::to_string(number);
-  const auto members = parameter.type.enumeration->members;
-  const auto found = std::ranges::find(members, number, &EnumerationMember::value);
-  if (found == members.end()) return std::to_string(number);
+  const EnumerationMember* const member = FindMember(*parameter.type.enumeration, number);
+  if (member == nullptr) return std::to_string(number);
   std::string name(parameter.type.enumeration->name);
   name += '.';
-  return name += found->name;
+  return name += member->name;
 }
 
 std::string ResultType(const Member& member) {
@@ -219,7 +210,11 @@ std::string WriteStub() {
   AppendExport(stub, "RunTimeError");
   AppendExport(stub, "render");
   for (const Enumeration& each : automation::EnumerationTable()) AppendExport(stub, each.name);
-  stub += kFunctions;
+  stub += kRender;
+  AppendDocstring(stub, kRenderDocstring, "    ");
+  stub += kRunTimeError;
+  AppendDocstring(stub, kRunTimeErrorDocstring, "    ");
+  stub += "\n    number: int\n";
   for (const Enumeration& each : automation::EnumerationTable()) AppendEnumeration(stub, each);
   for (const ClassInfo& info : automation::Classes()) AppendClass(stub, info);
   return stub;

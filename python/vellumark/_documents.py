@@ -66,12 +66,6 @@ class Enumerations:
 
 def render(document_class: type[_AnyDocument],
            function: Callable[[_AnyDocument], object]) -> bytes:
-    """Returns the file that `function` makes, without any file, for instance as a web answer.
-
-    `document_class` is PDF or PS. `function` gets a new document; it sets properties, calls Create
-    with a name that nobody will see, and draws. The document is flushed if `function` did not.
-    Pictures are read from the file system. Raises RuntimeError where nothing was created.
-    """
     if document_class not in (PDF, PS):
         raise TypeError(f"render() takes PDF or PS, not {document_class!r}")
     document = document_class.__new__(document_class)
@@ -139,4 +133,5 @@ _add_members(PS)
 for _public in (PDF, PS, Enumerations):
     _public.__doc__ = _vellumark.class_help[_public.__name__]
     _public.__module__ = "vellumark"
+render.__doc__ = _vellumark.render_help
 render.__module__ = "vellumark"

@@ -31,4 +31,5 @@ class Member:
 def members(class_name: str) -> list[Member]: ...
 
 class_help: dict[str, str]
+render_help: str
 enumerations: list[type[enum.IntEnum]]
