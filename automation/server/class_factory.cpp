@@ -18,14 +18,6 @@ HRESULT ClassFactory::QueryInterface(REFIID riid, void** object) {
   return S_OK;
 }
 
-ULONG ClassFactory::AddRef() { return ++references_; }
-
-ULONG ClassFactory::Release() {
-  const ULONG left = --references_;
-  if (left == 0) delete this;
-  return left;
-}
-
 HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID riid, void** object) {
   if (object == nullptr) return E_POINTER;
   *object = nullptr;

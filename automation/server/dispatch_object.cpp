@@ -53,14 +53,6 @@ HRESULT DispatchObject::QueryInterface(REFIID riid, void** object) {
   return S_OK;
 }
 
-ULONG DispatchObject::AddRef() { return ++references_; }
-
-ULONG DispatchObject::Release() {
-  const ULONG left = --references_;
-  if (left == 0) delete this;
-  return left;
-}
-
 HRESULT DispatchObject::GetTypeInfoCount(UINT* count) {
   if (count == nullptr) return E_POINTER;
   *count = 1;

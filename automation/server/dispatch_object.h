@@ -11,30 +11,23 @@
 // places. Reference counting may happen on any thread, calls on the object's own only.
 #pragma once
 
-#include <atomic>
 #include <memory>
 #include <optional>
 #include <windows.h>
 #include <ocidl.h>
 
 #include "automation/class_table.h"
-#include "automation/server/module.h"
+#include "automation/server/counted_object.h"
 
 namespace vellumark::automation {
 
-class DispatchObject final : public IDispatch, public IProvideClassInfo {
+class DispatchObject final : public CountedObject<IDispatch, IProvideClassInfo> {
  public:
   /// Constructs the document, which shows its notice and waits until the user has closed it.
   /// Throws std::bad_alloc.
   explicit DispatchObject(const ClassInfo& info);
-  DispatchObject(const DispatchObject&) = delete;
-  DispatchObject& operator=(const DispatchObject&) = delete;
-  DispatchObject(DispatchObject&&) = delete;
-  DispatchObject& operator=(DispatchObject&&) = delete;
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID riid, void** object) override;
-  ULONG STDMETHODCALLTYPE AddRef() override;
-  ULONG STDMETHODCALLTYPE Release() override;
 
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
   HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID lcid, ITypeInfo** type) override;
@@ -47,15 +40,11 @@ class DispatchObject final : public IDispatch, public IProvideClassInfo {
   HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** type) override;
 
  private:
-  ~DispatchObject() = default;  // by Release
-
   [[nodiscard]] const Member* Find(DISPID id) const noexcept;
   HRESULT FindNames(OLECHAR** names, UINT count, DISPID* ids) const;
   HRESULT InvokeMember(const Member& member, LCID lcid, WORD flags, const DISPPARAMS& arguments,
                        VARIANT* result, UINT& wrong);
 
-  const ModuleUse use_;  // first, so that it goes last
-  std::atomic<ULONG> references_ = 1;
   const ClassInfo& info_;
   const GUID interface_id_;
   std::optional<ClassMembers> members_;  // none of Enumerations
