@@ -30,8 +30,9 @@ class BuildWithCMake(build_ext):
 
 
 def version():
-    """The version number has its one place in CMakeLists.txt."""
-    return re.search(r"project\(vellumark VERSION ([0-9.]+)", (ROOT / "CMakeLists.txt").read_text())[1]
+    """The version number has its one place in the public version header."""
+    header = (ROOT / "include" / "vellumark" / "version.h").read_text()
+    return ".".join(re.findall(r"define VELLUMARK_VERSION_(?:MAJOR|MINOR|PATCH) ([0-9]+)", header))
 
 
 (ROOT / "build").mkdir(exist_ok=True)

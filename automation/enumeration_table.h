@@ -9,7 +9,7 @@
 #include <string_view>
 #include <type_traits>
 
-#include "vellumark/enumerations.h"
+#include <vellumark/enumerations.h>
 
 namespace vellumark::automation {
 

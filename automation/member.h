@@ -15,8 +15,9 @@
 #include <string_view>
 #include <variant>
 
+#include <vellumark/vellumark.h>
+
 #include "automation/value.h"
-#include "vellumark/vellumark.h"
 
 namespace vellumark::automation {
 

@@ -15,7 +15,7 @@ constexpr std::string_view kIntroduction = R"(# Reference
 <!-- Made from the member table; ./dev reference writes it anew. -->
 
 Every member of `PDF` and `PS`, as automation clients and Python programs see it. C++ hosts use the
-same names; see `vellumark/vellumark.h`. Parameters in brackets may be omitted and then have the
+same names; see `include/vellumark/vellumark.h`. Parameters in brackets may be omitted and then have the
 value shown.
 
 | Type | Windows | Python | Range |

@@ -10,10 +10,11 @@
 #include <memory>
 #include <unistd.h>
 
+#include <vellumark/vellumark.h>
+
 #include "bench/contest.h"
 #include "bench/document_writer.h"
 #include "bench/fail.h"
-#include "vellumark/vellumark.h"
 
 namespace vellumark::bench {
 namespace {

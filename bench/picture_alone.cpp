@@ -10,9 +10,10 @@
 #include <cstdlib>
 #include <string_view>
 
+#include <vellumark/vellumark.h>
+
 #include "bench/fail.h"
 #include "bench/peak_memory.h"
-#include "vellumark/vellumark.h"
 
 int main(int argc, char** argv) {
   using vellumark::bench::Fail;

@@ -18,6 +18,9 @@
 #include <string_view>
 #include <vector>
 
+#include <vellumark/memory_platform.h>
+#include <vellumark/vellumark.h>
+
 #include "bench/child_process.h"
 #include "bench/contest.h"
 #include "bench/data_sets.h"
@@ -28,8 +31,6 @@
 #include "bench/scratch_directory.h"
 #include "encoding/encode_stream.h"
 #include "layout/picture.h"
-#include "platform/memory_platform.h"
-#include "vellumark/vellumark.h"
 
 namespace vellumark::bench {
 namespace {

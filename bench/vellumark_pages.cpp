@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
 // The sample documents as a host of this library writes them.
+#include <vellumark/vellumark.h>
+
 #include "bench/document_writer.h"
 #include "bench/fail.h"
-#include "vellumark/vellumark.h"
 
 namespace vellumark::bench {
 namespace {

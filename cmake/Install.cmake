@@ -1,28 +1,16 @@
 # SPDX-License-Identifier: MIT
 #
-# What `cmake --install` puts in place: the library, its public headers (in a folder of their own,
-# so that <vellumark/vellumark.h> and the headers it includes cannot meet anybody else's), a CMake
-# package and a pkg-config file. For Windows also the width resources, which programs link beside it.
+# What `cmake --install` puts in place: the library, its public headers, a CMake package and a
+# pkg-config file. For Windows also the width resources, which programs link beside it.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-set(include_dir ${CMAKE_INSTALL_INCLUDEDIR}/vellumark)
-target_include_directories(vellumark PUBLIC $<INSTALL_INTERFACE:${include_dir}>)
+target_include_directories(vellumark PUBLIC $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
 
-install(FILES
-    vellumark/enumerations.h vellumark/export.h vellumark/refusal.h vellumark/run_time_error.h
-    vellumark/vellumark.h
-  DESTINATION ${include_dir}/vellumark)
-install(FILES platform/bitmap.h platform/platform.h DESTINATION ${include_dir}/platform)
+install(DIRECTORY include/vellumark DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN *.h)
 if(WIN32)
-  install(FILES platform/windows_platform.h DESTINATION ${include_dir}/platform)
   install(TARGETS vellumark_windows_resources EXPORT vellumark-targets
     OBJECTS DESTINATION ${CMAKE_INSTALL_LIBDIR}/vellumark)
-else()
-  install(FILES
-      platform/library_identity.h platform/memory_platform.h platform/portable_platform.h
-      platform/posix_platform.h
-    DESTINATION ${include_dir}/platform)
 endif()
 
 set_target_properties(vellumark PROPERTIES VERSION ${PROJECT_VERSION}

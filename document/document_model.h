@@ -22,6 +22,8 @@
 #include <string_view>
 #include <vector>
 
+#include <vellumark/platform.h>
+
 #include "document/line_buffer.h"
 #include "document/refusal_note.h"
 #include "document/state.h"
@@ -30,7 +32,6 @@
 #include "layout/justification.h"
 #include "layout/resize.h"
 #include "layout/text_width.h"
-#include "platform/platform.h"
 
 namespace vellumark::document {
 

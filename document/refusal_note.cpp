@@ -3,7 +3,7 @@
 
 #include <initializer_list>
 
-#include "vellumark/run_time_error.h"
+#include <vellumark/run_time_error.h>
 
 namespace vellumark::document {
 namespace {

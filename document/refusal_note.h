@@ -12,7 +12,7 @@
 #include <string>
 #include <string_view>
 
-#include "vellumark/refusal.h"
+#include <vellumark/refusal.h>
 
 namespace vellumark::document {
 

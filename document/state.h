@@ -9,12 +9,13 @@
 
 #include <string>
 
+#include <vellumark/enumerations.h>
+#include <vellumark/platform.h>
+
 #include "layout/color_text.h"
 #include "layout/font.h"
 #include "layout/paper_sizes.h"
 #include "layout/points.h"
-#include "platform/platform.h"
-#include "vellumark/enumerations.h"
 
 namespace vellumark::document {
 

@@ -16,11 +16,12 @@
 #include <cstdint>
 #include <string_view>
 
+#include <vellumark/enumerations.h>
+#include <vellumark/platform.h>
+
 #include "document/refusal_note.h"
 #include "layout/picture.h"
 #include "layout/points.h"
-#include "platform/platform.h"
-#include "vellumark/enumerations.h"
 
 namespace vellumark::document {
 

@@ -19,7 +19,7 @@
 #include <span>
 #include <string>
 
-#include "vellumark/enumerations.h"
+#include <vellumark/enumerations.h>
 
 namespace vellumark::encoding {
 

@@ -4,10 +4,11 @@
 #include <algorithm>
 #include <cstddef>
 
+#include <vellumark/run_time_error.h>
+
 #include "encoding/byte_access.h"
 #include "encoding/encoded_output.h"
 #include "encoding/oddities.h"
-#include "vellumark/run_time_error.h"
 
 namespace vellumark::encoding {
 namespace {

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <utility>
 
-#include "vellumark/vellumark.h"
+#include <vellumark/vellumark.h>
 
 namespace vellumark::examples {
 

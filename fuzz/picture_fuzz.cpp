@@ -5,9 +5,10 @@
 #include <cstdlib>
 #include <string>
 
+#include <vellumark/memory_platform.h>
+#include <vellumark/run_time_error.h>
+
 #include "layout/picture.h"
-#include "platform/memory_platform.h"
-#include "vellumark/run_time_error.h"
 
 using vellumark::layout::Picture;
 

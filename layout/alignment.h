@@ -3,8 +3,9 @@
 // GetAlignmentOffset: where an item of a known width starts inside an available width.
 #pragma once
 
+#include <vellumark/enumerations.h>
+
 #include "layout/points.h"
-#include "vellumark/enumerations.h"
 
 namespace vellumark::layout {
 

@@ -5,8 +5,9 @@
 #include <charconv>
 #include <string>
 
+#include <vellumark/run_time_error.h>
+
 #include "layout/rounding.h"
-#include "vellumark/run_time_error.h"
 
 namespace vellumark::layout {
 namespace {

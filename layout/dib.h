@@ -17,8 +17,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/bitmap.h"
-#include "platform/platform.h"
+#include <vellumark/bitmap.h>
+#include <vellumark/platform.h>
 
 namespace vellumark::layout {
 

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "vellumark/enumerations.h"
+#include <vellumark/enumerations.h>
 
 namespace vellumark::layout {
 

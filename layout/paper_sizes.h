@@ -5,8 +5,9 @@
 
 #include <string_view>
 
+#include <vellumark/enumerations.h>
+
 #include "layout/points.h"
-#include "vellumark/enumerations.h"
 
 namespace vellumark::layout {
 

@@ -5,8 +5,9 @@
 #include <limits>
 #include <utility>
 
+#include <vellumark/run_time_error.h>
+
 #include "layout/dib.h"
-#include "vellumark/run_time_error.h"
 
 namespace vellumark::layout {
 namespace {

@@ -21,7 +21,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/platform.h"
+#include <vellumark/platform.h>
 
 namespace vellumark::layout {
 

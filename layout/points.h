@@ -14,7 +14,7 @@
 #include <cstdint>
 #include <limits>
 
-#include "vellumark/run_time_error.h"
+#include <vellumark/run_time_error.h>
 
 namespace vellumark::layout {
 

@@ -6,7 +6,7 @@
 
 #include <cstdint>
 
-#include "vellumark/run_time_error.h"
+#include <vellumark/run_time_error.h>
 
 namespace vellumark::layout {
 

@@ -19,9 +19,10 @@
 #include <cstdint>
 #include <string_view>
 
+#include <vellumark/platform.h>
+
 #include "layout/font.h"
 #include "layout/points.h"
-#include "platform/platform.h"
 
 namespace vellumark::layout {
 

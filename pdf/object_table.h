@@ -7,7 +7,7 @@
 #include <limits>
 #include <vector>
 
-#include "vellumark/run_time_error.h"
+#include <vellumark/run_time_error.h>
 
 namespace vellumark::pdf {
 

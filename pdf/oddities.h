@@ -12,11 +12,12 @@
 #include <limits>
 #include <string_view>
 
+#include <vellumark/run_time_error.h>
+
 #include "document/line_buffer.h"
 #include "document/pasted_string.h"
 #include "document/state.h"
 #include "document/writer.h"
-#include "vellumark/run_time_error.h"
 
 namespace vellumark::pdf::oddities {
 

@@ -16,7 +16,7 @@
 #include <cstdint>
 #include <span>
 
-#include "platform/bitmap.h"
+#include <vellumark/bitmap.h>
 
 namespace vellumark::platform {
 

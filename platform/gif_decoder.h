@@ -11,7 +11,7 @@
 #include <span>
 #include <string_view>
 
-#include "platform/bitmap.h"
+#include <vellumark/bitmap.h>
 
 namespace vellumark::platform {
 

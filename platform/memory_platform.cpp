@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "platform/memory_platform.h"
-
 #include <utility>
+
+#include <vellumark/memory_platform.h>
 
 namespace vellumark {
 

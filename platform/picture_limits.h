@@ -10,7 +10,7 @@
 #include <limits>
 #include <string_view>
 
-#include "platform/bitmap.h"
+#include <vellumark/bitmap.h>
 
 namespace vellumark::platform {
 

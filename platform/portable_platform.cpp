@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "platform/portable_platform.h"
+#include <vellumark/portable_platform.h>
 
+#include "platform/library_identity.h"
 #include "platform/picture_decoder.h"
 #include "platform/picture_file.h"
 #include "platform/system_clock.h"

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "platform/posix_platform.h"
-
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -9,6 +7,8 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include <vellumark/posix_platform.h>
 
 namespace vellumark {
 namespace {

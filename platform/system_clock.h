@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/platform.h"
+#include <vellumark/platform.h>
 
 namespace vellumark::platform {
 

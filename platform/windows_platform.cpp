@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "platform/windows_platform.h"
-
 #include <windows.h>
+
+#include <vellumark/windows_platform.h>
 
 #include "platform/library_identity.h"
 #include "platform/picture_file.h"

@@ -9,7 +9,7 @@
 #include <cmath>
 #include <cstddef>
 
-#include "vellumark/run_time_error.h"
+#include <vellumark/run_time_error.h>
 
 namespace vellumark::ps {
 

@@ -18,9 +18,10 @@
 #include <string>
 #include <variant>
 
+#include <vellumark/posix_platform.h>
+#include <vellumark/vellumark.h>
+
 #include "automation/member_table.h"
-#include "platform/posix_platform.h"
-#include "vellumark/vellumark.h"
 
 namespace vellumark::python {
 

@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "vellumark/vellumark.h"
+#include <vellumark/vellumark.h>
 
 namespace vellumark::tests {
 
@@ -92,7 +92,7 @@ class DocumentTest : public testing::Test {
 
   /// Compares the flushed file with tests/expected/NAME.txt, which has one output line a line.
   void ExpectFile(const std::string& name) {
-    const auto path = std::filesystem::path(__FILE__).parent_path() / "expected" / (name + ".txt");
+    const auto path = std::filesystem::path(VELLUMARK_EXPECTED) / (name + ".txt");
     std::ifstream file(path, std::ios::binary);
     ASSERT_TRUE(file) << path;
     Lines expected;

@@ -10,9 +10,10 @@
 #include <string>
 #include <string_view>
 
+#include <vellumark/vellumark.h>
+
 #include "tools/output_format.h"
 #include "tools/page_writer.h"
-#include "vellumark/vellumark.h"
 
 namespace vellumark::tools {
 

@@ -149,12 +149,13 @@ void TakeOutput(const RawOptions& raw, bool output_given, Options& options) {
 std::optional<Options> ParseOptions(int argc, const char* const* argv) {
   Options options;
   options.properties.creator = "vellumark";
-  options.properties.producer = "Vellumark " VELLUMARK_VERSION;
+  options.properties.producer = "Vellumark " VELLUMARK_VERSION_STRING;
   RawOptions raw;
   CLI::App app("Typesets a text file with light Markdown as a PDF or PostScript document.",
                "vellumark");
   app.footer(std::string(kFooter));
-  app.set_version_flag("--version", "vellumark " VELLUMARK_VERSION, "Print the version and exit");
+  app.set_version_flag("--version", "vellumark " VELLUMARK_VERSION_STRING,
+                       "Print the version and exit");
   app.set_help_flag("-h,--help", "Print this help and exit");
   app.add_option("INPUT", options.input, "Text file in UTF-8; - reads standard input")
       ->required()

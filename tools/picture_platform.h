@@ -19,7 +19,7 @@
 #include <string>
 #include <string_view>
 
-#include "vellumark/vellumark.h"
+#include <vellumark/vellumark.h>
 
 namespace vellumark::tools {
 

@@ -17,7 +17,7 @@
 #include <memory>
 #include <string_view>
 
-#include "vellumark/vellumark.h"
+#include <vellumark/vellumark.h>
 
 namespace vellumark::tools {
 

@@ -5,9 +5,10 @@
 #include <stdexcept>
 #include <string>
 
+#include <vellumark/run_time_error.h>
+
 #include "automation/class_table.h"
 #include "automation/server/bstr.h"
-#include "vellumark/run_time_error.h"
 
 namespace vellumark::automation {
 namespace {

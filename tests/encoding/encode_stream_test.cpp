@@ -5,9 +5,10 @@
 #include <string_view>
 #include <zlib.h>
 
+#include <vellumark/run_time_error.h>
+
 #include "encoding/zlib.h"
 #include "tests/encoding/generated_input.h"
-#include "vellumark/run_time_error.h"
 
 namespace vellumark::encoding {
 namespace {

@@ -3,9 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <vellumark/run_time_error.h>
+
 #include "tests/encoding/generated_input.h"
 #include "tests/encoding/guarded_bytes.h"
-#include "vellumark/run_time_error.h"
 
 namespace vellumark::encoding {
 namespace {

@@ -48,6 +48,19 @@ class Install(unittest.TestCase):
             f"-DCMAKE_PREFIX_PATH={self.prefix}", f"-DEXAMPLE={EXAMPLE}")
         run("cmake", "--build", build)
         self.check_page(build / "stranger")
+        run(build / "same_names")
+
+    def test_a_cmake_project_takes_the_tree_in(self):
+        build = self.folder / "tree"
+        run("cmake", "-G", "Ninja", "-S", SOURCE / "tests/install/stranger", "-B", build,
+            f"-DTREE={SOURCE}", f"-DEXAMPLE={EXAMPLE}")
+        commands = run("ninja", "-C", build, "-t", "commands", "same_names").splitlines()
+        own = next(line for line in commands if line.endswith("same_names.cpp"))
+        self.assertEqual(re.findall(r"-(?:I|isystem ?)(\S+)", own),
+                         [str(SOURCE / "tests/install/stranger"), str(SOURCE / "include")])
+
+    def test_the_include_folder_alone_is_enough(self):
+        run("g++", "-std=c++20", "-fsyntax-only", "-I", self.prefix / "include", EXAMPLE)
 
     def test_pkg_config_gives_the_flags(self):
         found = next(self.prefix.rglob("vellumark.pc")).parent

@@ -2,13 +2,14 @@
 #include <gtest/gtest.h>
 #include <string>
 
+#include <vellumark/memory_platform.h>
+
 #include "layout/alignment.h"
 #include "layout/arc_angles.h"
 #include "layout/color_text.h"
 #include "layout/justification.h"
 #include "layout/rounding.h"
 #include "layout/text_width.h"
-#include "platform/memory_platform.h"
 
 namespace vellumark::layout {
 namespace {

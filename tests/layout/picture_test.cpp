@@ -3,11 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <vellumark/memory_platform.h>
+#include <vellumark/run_time_error.h>
+
 #include "layout/dib.h"
 #include "layout/resize.h"
-#include "platform/memory_platform.h"
 #include "tests/bmp_file.h"
-#include "vellumark/run_time_error.h"
 
 namespace vellumark::tests {
 namespace {

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "platform/posix_platform.h"
-
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -9,8 +7,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <vellumark/posix_platform.h>
+#include <vellumark/vellumark.h>
+
 #include "platform/windows_1252.h"
-#include "vellumark/vellumark.h"
 
 namespace vellumark {
 namespace {

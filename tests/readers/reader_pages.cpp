@@ -4,8 +4,8 @@
 #include <memory>
 #include <string>
 
-#include "platform/posix_platform.h"
-#include "vellumark/vellumark.h"
+#include <vellumark/posix_platform.h>
+#include <vellumark/vellumark.h>
 
 using namespace vellumark;
 

@@ -6,7 +6,7 @@
 #include <initializer_list>
 #include <string>
 
-#include "vellumark/vellumark.h"
+#include <vellumark/vellumark.h>
 
 namespace {
 

@@ -3,8 +3,9 @@
 #include <memory>
 #include <tuple>
 
+#include <vellumark/vellumark.h>
+
 #include "tests/windows/facts.h"
-#include "vellumark/vellumark.h"
 
 namespace vellumark::tests {
 namespace {

@@ -12,7 +12,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/windows_platform.h"
+#include <vellumark/windows_platform.h>
 
 namespace vellumark::tests {
 

@@ -11,7 +11,7 @@
 #include <string>
 #include <type_traits>
 
-#include "vellumark/vellumark.h"
+#include <vellumark/vellumark.h>
 
 namespace {
 

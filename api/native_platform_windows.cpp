@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "platform/windows_platform.h"
-#include "vellumark/document_parts.h"
+#include <vellumark/windows_platform.h>
+
+#include "api/document_parts.h"
 
 namespace vellumark {
 

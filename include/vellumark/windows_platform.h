@@ -9,10 +9,10 @@
 // Notice: a message box with an information sign and no owner. It waits until the user closes it,
 // deliberately.
 //
-// Pictures: the component runtime's picture loader decodes them (platform/windows_picture.h).
+// Pictures: the component runtime's picture loader decodes them.
 //
 // Code page: the system's ANSI code page where that has one byte per character, Windows-1252 where
-// it has not (platform/windows_code_page.h).
+// it has not.
 //
 // Width resources: those of the program or DLL that this library is linked into, which has to link
 // the target `vellumark_windows_resources` beside it.
@@ -25,7 +25,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/platform.h"
+#include <vellumark/platform.h>
 
 namespace vellumark {
 

@@ -18,7 +18,7 @@
 
 #include <stdexcept>
 
-#include "vellumark/export.h"
+#include <vellumark/export.h>
 
 namespace vellumark {
 

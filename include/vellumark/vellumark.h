@@ -44,13 +44,14 @@
 #include <string>
 #include <string_view>
 
-#include "platform/platform.h"
-#include "vellumark/enumerations.h"
-#include "vellumark/export.h"
-#include "vellumark/refusal.h"
-#include "vellumark/run_time_error.h"
+#include <vellumark/enumerations.h>
+#include <vellumark/export.h>
+#include <vellumark/platform.h>
+#include <vellumark/refusal.h>
+#include <vellumark/run_time_error.h>
+#include <vellumark/version.h>
 #if !defined(_WIN32)  // a build for Windows has no MemoryPlatform
-#include "platform/memory_platform.h"
+#include <vellumark/memory_platform.h>
 #endif
 
 namespace vellumark {

@@ -8,8 +8,7 @@
 
 #include <limits>
 
-#include "platform/library_identity.h"
-#include "platform/platform.h"
+#include <vellumark/platform.h>
 
 namespace vellumark {
 

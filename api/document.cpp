@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The members that all documents share: each converts what the host passes and hands it on.
-#include "vellumark/document_parts.h"
+#include "api/document_parts.h"
 
 namespace vellumark {
 namespace {

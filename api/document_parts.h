@@ -9,11 +9,12 @@
 #include <string_view>
 #include <utility>
 
+#include <vellumark/vellumark.h>
+
 #include "document/document_model.h"
 #include "document/line_buffer.h"
 #include "document/state.h"
 #include "document/writer.h"
-#include "vellumark/vellumark.h"
 
 namespace vellumark {
 

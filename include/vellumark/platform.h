@@ -4,9 +4,9 @@
 //
 // A document reaches files, the clock, the code page and the message box through this interface
 // only. Three implementations ship: that of the system, which documents use by default,
-// PosixPlatform (platform/posix_platform.h) or, in a build for Windows, WindowsPlatform
-// (platform/windows_platform.h); and, besides the POSIX one, MemoryPlatform
-// (platform/memory_platform.h), whose files are byte buffers. A host may bring its own:
+// PosixPlatform (<vellumark/posix_platform.h>) or, in a build for Windows, WindowsPlatform
+// (<vellumark/windows_platform.h>); and, besides the POSIX one, MemoryPlatform
+// (<vellumark/memory_platform.h>), whose files are byte buffers. A host may bring its own:
 //
 //     auto platform = std::make_shared<MyPlatform>();   // derives from Platform
 //     vellumark::PDF doc(platform);
@@ -21,8 +21,8 @@
 #include <string_view>
 #include <system_error>
 
-#include "platform/bitmap.h"
-#include "vellumark/export.h"
+#include <vellumark/bitmap.h>
+#include <vellumark/export.h>
 
 namespace vellumark {
 

@@ -10,7 +10,7 @@
 // Notice: one line on standard error, "Vellumark: Initialize()"; left out where that would block or
 // where nobody can read it any more.
 //
-// Clock: local time, or SOURCE_DATE_EPOCH in UTC (platform/system_clock.h).
+// Clock: local time, or SOURCE_DATE_EPOCH in UTC.
 //
 // Not for use from several threads at once; each document without a platform makes its own.
 #pragma once
@@ -18,7 +18,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/portable_platform.h"
+#include <vellumark/portable_platform.h>
 
 namespace vellumark {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "api/document_parts.h"
 #include "pdf/pdf_writer.h"
-#include "vellumark/document_parts.h"
 
 namespace vellumark {
 

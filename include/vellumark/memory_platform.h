@@ -18,7 +18,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/portable_platform.h"
+#include <vellumark/portable_platform.h>
 
 namespace vellumark {
 

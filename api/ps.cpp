@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "api/document_parts.h"
 #include "ps/ps_writer.h"
-#include "vellumark/document_parts.h"
 
 namespace vellumark {
 namespace {
