@@ -48,6 +48,18 @@ using ParameterNames = std::array<ParameterName, Member::kMostParameters>;
 
 namespace detail {
 
+/// A Number is passed in its own width, which it always fits.
+template <class T>
+struct Plain {
+  using Type = T;
+};
+template <class Narrow>
+struct Plain<Number<Narrow>> {
+  using Type = Narrow;
+};
+template <class A>
+using Taken = typename Plain<std::remove_cvref_t<A>>::Type;
+
 template <class T>
 constexpr ValueType TypeOf() noexcept {
   if constexpr (std::is_void_v<T>) {
@@ -97,7 +109,7 @@ void GiveBack(Value& argument, const T& answer) {
 template <auto kCall, class D, class R, class... A, std::size_t... kIndex>
 Value CallWith(D& document, [[maybe_unused]] std::span<Value> arguments,
                std::index_sequence<kIndex...> /*of the arguments*/) {
-  std::tuple<std::remove_cvref_t<A>...> taken{Take<std::remove_cvref_t<A>>(arguments[kIndex])...};
+  std::tuple<Taken<A>...> taken{Take<Taken<A>>(arguments[kIndex])...};
   const auto call = [&] { return std::invoke(kCall, document, std::get<kIndex>(taken)...); };
   Value result;
   if constexpr (std::is_void_v<R>) {
@@ -129,8 +141,8 @@ constexpr Member Row(const Caption& caption, const ParameterNames& names) {
   row.call = &Thunk<kCall, D, R, A...>;
   row.parameter_count = sizeof...(A);
   std::size_t i = 0;
-  ((row.all_parameters[i] = {names[i].name, TypeOf<std::remove_cvref_t<A>>(),
-                             std::is_lvalue_reference_v<A>, names[i].default_value},
+  ((row.all_parameters[i] = {names[i].name, TypeOf<Taken<A>>(), std::is_lvalue_reference_v<A>,
+                             names[i].default_value},
     ++i),
    ...);
   return row;

@@ -11,7 +11,7 @@ using enum AlignmentConstants;
 using enum BulletConstants;
 using enum EncodingConstants;
 
-constexpr bool (PDF::*kLinkedText)(std::string_view, bool, std::uint8_t, AlignmentConstants,
+constexpr bool (PDF::*kLinkedText)(std::string_view, bool, Byte, AlignmentConstants,
                                    std::string_view) noexcept = &PDF::WriteText;
 constexpr bool (PDF::*kLinkedTitle)(std::string_view, AlignmentConstants, BulletConstants,
                                     std::string_view) noexcept = &PDF::WriteTitle;
