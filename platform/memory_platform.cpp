@@ -30,6 +30,7 @@ FileHandle MemoryPlatform::CreateOutput(std::string_view name, std::error_code& 
     return FileHandle::Invalid;
   }
   error.clear();
+  handles_.reserve(handles_.size() + 1);  // what allocates comes before what opens
   file.bytes.clear();
   file.open = true;
   handles_.push_back(&file);
