@@ -35,6 +35,8 @@ __all__ = [
 
 constexpr std::string_view kRender = R"(]
 
+__version__: str
+
 _File = str | bytes | os.PathLike[str] | os.PathLike[bytes]
 
 @overload
