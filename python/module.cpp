@@ -125,8 +125,7 @@ PYBIND11_MODULE(_vellumark, module) {
   DefineRunTimeError(module);
   DefineDocument(module);
   DefineMember(module);
-  module.def("new_document", &NewDocument, pybind11::arg("class_name"),
-             pybind11::arg("in_memory"));
+  module.def("new_document", &NewDocument, pybind11::arg("class_name"), pybind11::arg("in_memory"));
   module.def("members", &Members);
   module.attr("version") = VELLUMARK_VERSION_STRING;
   module.attr("class_help") = ClassHelp();
