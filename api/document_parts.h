@@ -19,16 +19,18 @@
 
 namespace vellumark {
 
-/// A text of the host in the platform's code page, for the length of one call.
-class CodePageText {
+/// A text of the host as the document model takes it, for the length of one call: in the platform's
+/// code page, or UTF-8 as it is.
+class ModelText {
  public:
-  CodePageText(Platform& platform, std::string_view utf8)
-      : bytes_(platform.ToCodePage(utf8, storage_)) {}
-  CodePageText(const CodePageText&) = delete;
-  CodePageText& operator=(const CodePageText&) = delete;
-  CodePageText(CodePageText&&) = delete;
-  CodePageText& operator=(CodePageText&&) = delete;
-  ~CodePageText() = default;
+  ModelText(Platform& platform, const document::State& state, std::string_view utf8)
+      : bytes_(state.oddities.TextIsCodePageBytes() ? platform.ToCodePage(utf8, storage_) : utf8) {
+  }
+  ModelText(const ModelText&) = delete;
+  ModelText& operator=(const ModelText&) = delete;
+  ModelText(ModelText&&) = delete;
+  ModelText& operator=(ModelText&&) = delete;
+  ~ModelText() = default;
 
   operator std::string_view() const noexcept { return bytes_; }
 
@@ -36,6 +38,13 @@ class CodePageText {
   std::string storage_;
   std::string_view bytes_;
 };
+
+/// Adds to `lost` the characters of `utf8` that a reader of a classic document does not see as
+/// themselves: those that the code page lacks, and those whose byte is another glyph in the fonts'
+/// own encoding. The apostrophe and the grave accent, which are shown curly, are not counted; in
+/// Symbol and ZapfDingbats a byte is the code of whatever glyph is there.
+void AddLostBytes(Platform& platform, std::string_view utf8, const layout::Font& font,
+                  layout::LostCharacters& lost);
 
 class Document::Parts {
  public:
@@ -56,8 +65,8 @@ class Document::Parts {
   ~Parts() = default;
 
   [[nodiscard]] document::HostText Keep(std::string_view utf8) const {
-    const CodePageText bytes(*platform, utf8);
-    return {std::string(utf8), std::string(bytes)};
+    std::string storage;
+    return {std::string(utf8), std::string(platform->ToCodePage(utf8, storage))};
   }
 
   /// The public boundary: runs `call`, which returns the note of what it refused, keeps that note
@@ -75,6 +84,15 @@ class Document::Parts {
     return !refusal_.note;
   }
 
+  bool WriteMultiText(std::string_view text, Byte dy, AlignmentConstants alignment, bool justified,
+                      Int16 width) noexcept {
+    return Run([&] {
+      const ModelText model_text(*platform, state, text);
+      return Told(text, model.WriteMultiText(
+                            {model_text, dy.value(), alignment, justified, width.value()}));
+    });
+  }
+
   [[nodiscard]] Refusal LastRefusal() const {
     return {refusal_.note.reason, document::Sentence(refusal_.note, refusal_.detail)};
   }
@@ -82,18 +100,19 @@ class Document::Parts {
   bool WriteText(std::string_view text, bool carriagereturn, Byte dy, AlignmentConstants alignment,
                  std::string_view hyperlink) noexcept {
     return Run([&] {
-      const CodePageText bytes(*platform, text);
-      const CodePageText link(*platform, hyperlink);
-      return model.WriteText({bytes, carriagereturn, dy.value(), alignment, link});
+      const ModelText model_text(*platform, state, text);
+      const ModelText link(*platform, state, hyperlink);
+      return Told(text, model.WriteText(
+                            {model_text, carriagereturn, dy.value(), alignment, link}));
     });
   }
 
   bool WriteTitle(std::string_view text, AlignmentConstants alignment, BulletConstants bullet,
                   std::string_view hyperlink) noexcept {
     return Run([&] {
-      const CodePageText bytes(*platform, text);
-      const CodePageText link(*platform, hyperlink);
-      return model.WriteTitle({bytes, alignment, bullet, link});
+      const ModelText model_text(*platform, state, text);
+      const ModelText link(*platform, state, hyperlink);
+      return Told(text, model.WriteTitle({model_text, alignment, bullet, link}));
     });
   }
 
@@ -101,7 +120,7 @@ class Document::Parts {
   bool DrawPicture(std::string_view file, AlignmentConstants alignment, std::string_view hyperlink,
                    EncodingConstants encoding) noexcept {
     return Run([&] {
-      const CodePageText link(*platform, hyperlink);
+      const ModelText link(*platform, state, hyperlink);
       return model.DrawPicture({file, alignment, link, encoding});
     });
   }
@@ -114,6 +133,15 @@ class Document::Parts {
   document::DocumentModel model;
 
  private:
+  /// Notes the characters of a text that was written and that the code page or its display loses;
+  /// the model notes those of a conforming document.
+  document::RefusalNote Told(std::string_view text, const document::RefusalNote& note) {
+    if (!note && state.oddities.TextIsCodePageBytes()) {
+      AddLostBytes(*platform, text, state.font, model.Lost());
+    }
+    return note;
+  }
+
   document::FileNote refusal_;
 };
 

@@ -29,6 +29,18 @@ class ColorText {
 
   [[nodiscard]] std::string_view view() const noexcept { return {text_.data(), size_}; }
 
+  /// The first operand.
+  [[nodiscard]] std::string_view First() const noexcept { return view().substr(0, size_ / 3); }
+
+  /// Whether the three operands are the same.
+  [[nodiscard]] bool IsGray() const noexcept {
+    const std::size_t step = First().size() + 1;
+    return size_ == 3 * step - 1 && view().substr(step, step - 1) == First() &&
+           view().substr(2 * step) == First();
+  }
+
+  friend bool operator==(const ColorText&, const ColorText&) = default;
+
  private:
   friend ColorText FormatColor(std::uint8_t red, std::uint8_t green, std::uint8_t blue) noexcept;
 

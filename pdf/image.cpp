@@ -19,7 +19,6 @@
 // place (the negative fourth number of "cm"), so that this row comes to lie at the bottom.
 #include "encoding/encode_stream.h"
 #include "pdf/content_stream.h"
-#include "pdf/oddities.h"
 #include "pdf/syntax.h"
 
 namespace vellumark::pdf {
@@ -39,10 +38,10 @@ std::string_view FilterName(EncodingConstants encoding) {
 
 void PdfWriter::DrawImage(const layout::Picture& picture, const document::PicturePlace& place) {
   const std::size_t index = objects_.images.size();
-  WriteContentStream(GraphicsState::Saved, [&] {
-    lines_.Append(place.width, " 0 0 -", place.height, ' ', place.top_left.x, ' ', place.top_left.y,
-                  " cm");
-    lines_.Append("/I", index, " Do");
+  WriteMark(MarkKind::Image, [&] {
+    Content().Append(place.width, " 0 0 -", place.height, ' ', place.top_left.x, ' ', place.top_left.y,
+                     " cm");
+    Content().Append("/I", index, " Do");
   });
   const int image = BeginObject();
   WriteImageDictionary(image, picture, place.encoding);
