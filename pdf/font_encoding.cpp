@@ -82,14 +82,16 @@ void AppendBlocks(const std::vector<std::string>& lines, std::string_view kind, 
 
 }  // namespace
 
-std::string ExtendedDifferences() {
-  const CodedGlyphs& extended = layout::GlyphsOf(TextEncoding::Extended);
+std::string DifferencesOf(TextEncoding encoding) {
+  const CodedGlyphs& glyphs = layout::GlyphsOf(encoding);
   const CodedGlyphs& win_ansi = layout::GlyphsOf(TextEncoding::WinAnsi);
+  const bool built_in = encoding > TextEncoding::Extended;
   WrappedWords words("[");
   std::size_t next = 0;
   for (std::size_t code = 0; code < kCodes; ++code) {
-    const std::string_view name = extended[code].name;
-    if (name.empty() || name == win_ansi[code].name) continue;
+    const std::string_view name = glyphs[code].name;
+    const bool known = built_in ? code < 128 || code > 160 : name == win_ansi[code].name;
+    if (name.empty() || known) continue;
     if (code != next) words.Add(std::to_string(code));
     words.Add(std::string("/").append(name));
     next = code + 1;

@@ -63,10 +63,12 @@ TEST(UriString, EncodesWhatAUriHasNoPlaceFor) {
 }
 
 TEST(FontEncoding, DifferencesNameWhatWinAnsiLacks) {
-  const std::string differences = ExtendedDifferences();
+  const std::string differences = DifferencesOf(layout::TextEncoding::Extended);
   EXPECT_EQ(differences.find("[ 1 /omacron /Rcommaaccent "), 0U);
   EXPECT_NE(differences.find("159 /zacute /space /caron"), std::string::npos);
   EXPECT_EQ(differences.find("/adieresis"), std::string::npos);  // the same in both
+  EXPECT_EQ(DifferencesOf(layout::TextEncoding::Symbol), "[ 160 /Euro ]");
+  EXPECT_EQ(DifferencesOf(layout::TextEncoding::ZapfDingbats).find("[ 128 /a89 /a90 /a93 "), 0U);
 }
 
 TEST(FontEncoding, ToUnicodeGivesBackEachCharacter) {
