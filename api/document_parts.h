@@ -24,8 +24,7 @@ namespace vellumark {
 class ModelText {
  public:
   ModelText(Platform& platform, const document::State& state, std::string_view utf8)
-      : bytes_(state.oddities.TextIsCodePageBytes() ? platform.ToCodePage(utf8, storage_) : utf8) {
-  }
+      : bytes_(state.oddities.TextIsCodePageBytes() ? platform.ToCodePage(utf8, storage_) : utf8) {}
   ModelText(const ModelText&) = delete;
   ModelText& operator=(const ModelText&) = delete;
   ModelText(ModelText&&) = delete;
@@ -102,8 +101,7 @@ class Document::Parts {
     return Run([&] {
       const ModelText model_text(*platform, state, text);
       const ModelText link(*platform, state, hyperlink);
-      return Told(text, model.WriteText(
-                            {model_text, carriagereturn, dy.value(), alignment, link}));
+      return Told(text, model.WriteText({model_text, carriagereturn, dy.value(), alignment, link}));
     });
   }
 

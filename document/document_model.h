@@ -32,8 +32,8 @@
 #include "document/usable_box.h"
 #include "document/writer.h"
 #include "layout/justification.h"
-#include "layout/resize.h"
 #include "layout/lost_characters.h"
+#include "layout/resize.h"
 #include "layout/text_setter.h"
 
 namespace vellumark::document {
@@ -209,9 +209,9 @@ class DocumentModel {
     std::size_t end = 0;
     std::int32_t sum = 0;  // 1/1000 em
   };
-  std::vector<Word> words_;          // of one paragraph; kept for its storage
-  layout::JustifiedLine justified_;  // likewise
-  layout::EncodedText encoded_;      // of the text being written
+  std::vector<Word> words_;                         // of one paragraph; kept for its storage
+  layout::JustifiedLine justified_;                 // likewise
+  layout::EncodedText encoded_;                     // of the text being written
   std::vector<layout::EncodedText> encoded_words_;  // of the line being written
   std::vector<PlacedWord> placed_words_;            // likewise
 };

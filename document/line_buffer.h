@@ -9,8 +9,8 @@
 //
 // A part is text, a character, Points or an integer, or a syntax type of a page language that
 // offers MaxSize() and Write(char*). Each line is stored with its line end, CR LF or LF, so that it
-// can be written as it lies. Lines fill chunks of 64 KiB one after the other and are never moved: in
-// the steady state a line costs no allocation. A line that exists already, such as a picture's
+// can be written as it lies. Lines fill chunks of 64 KiB one after the other and are never moved:
+// in the steady state a line costs no allocation. A line that exists already, such as a picture's
 // encoded samples, is taken over without a copy.
 #pragma once
 

@@ -58,9 +58,9 @@ class Oddities {
   [[nodiscard]] constexpr bool DeepSamplesStayAsTheyAre() const noexcept { return classic_; }
 
   /// Classic: the last run of run-length data is two bytes longer than the picture, and the data
-  /// ends with 0xC7 instead of the filter's end code (encoding/oddities.h). Readers have all samples
-  /// by then; PostScript interpreters execute what is left.
-  /// Conforming: the filter's own end code, and literal runs.
+  /// ends with 0xC7 instead of the filter's end code (encoding/oddities.h). Readers have all
+  /// samples by then; PostScript interpreters execute what is left. Conforming: the filter's own
+  /// end code, and literal runs.
   [[nodiscard]] constexpr bool RunLengthDataEndOtherwise() const noexcept { return classic_; }
 
   // --- Of PDF (pdf/). ---

@@ -136,8 +136,8 @@ RefusalNote DocumentModel::WriteWords(const Paragraph& paragraph, Points width, 
   }
   state_.position_x = left;
   const RefusalNote refused =
-      PlaceText({.carriage_return = true, .dy = paragraph.dy, .words = placed_words_}, width,
-                Numbers::Free);
+      PlaceText({.text = {}, .carriage_return = true, .dy = paragraph.dy, .words = placed_words_},
+                width, Numbers::Free);
   if (refused) return refused;
   for (std::size_t j = 0; j < count; ++j) lost_.Add(encoded_words_[j].Lost());
   return {};

@@ -29,11 +29,10 @@ void AppendPart(ArcPath& path, document::PagePoint center, layout::Points radius
   for (int i = 0; i < count; ++i) {
     const double a = Radians(from + i * step);
     const double b = Radians(from + (i + 1) * step);
-    path.segments.push_back({x + r * std::cos(a) - control * std::sin(a),
-                             y + r * std::sin(a) + control * std::cos(a),
-                             x + r * std::cos(b) + control * std::sin(b),
-                             y + r * std::sin(b) - control * std::cos(b), x + r * std::cos(b),
-                             y + r * std::sin(b)});
+    path.segments.push_back(
+        {x + r * std::cos(a) - control * std::sin(a), y + r * std::sin(a) + control * std::cos(a),
+         x + r * std::cos(b) + control * std::sin(b), y + r * std::sin(b) - control * std::cos(b),
+         x + r * std::cos(b), y + r * std::sin(b)});
   }
 }
 

@@ -16,8 +16,10 @@
 #include <limits>
 #include <string>
 
+#include "document/pasted_string.h"
 #include "document/resume_next.h"
 #include "encoding/content_hash.h"
+#include "encoding/encode_stream.h"
 #include "pdf/content_stream.h"
 #include "pdf/syntax.h"
 #include "pdf/text_string.h"
@@ -90,18 +92,16 @@ document::RefusalNote PdfWriter::EndDocument() {
   int page_tree = 0;
   int catalog = 0;
   std::int64_t cross_references = 0;
-  return document::ResumeNext([&] { WriteResources(); },  //
-                              [&] { page_tree = WritePageTree(); },
-                              [&] { catalog = WriteCatalog(page_tree); },
-                              [&] { cross_references = Position(); },  //
-                              [&] { WriteCrossReferences(); },
-                              [&] { WriteTrailer(catalog, cross_references); });
+  return document::ResumeNext(
+      [&] { WriteResources(); },  //
+      [&] { page_tree = WritePageTree(); }, [&] { catalog = WriteCatalog(page_tree); },
+      [&] { cross_references = Position(); },  //
+      [&] { WriteCrossReferences(); }, [&] { WriteTrailer(catalog, cross_references); });
 }
 
 void PdfWriter::WriteResources() {
   const bool classic = state_.oddities.FontsNameABaseEncoding();
-  const std::string fonts =
-      classic ? NamedReferences("/F", objects_.fonts) : WriteUsedFonts();
+  const std::string fonts = classic ? NamedReferences("/F", objects_.fonts) : WriteUsedFonts();
   BeginReservedObject(objects_.resources);
   lines_.Append("<<");
   if (!fonts.empty()) {
@@ -145,8 +145,8 @@ void PdfWriter::WriteTrailer(int catalog, std::int64_t cross_references) {
   if (!state_.oddities.PositionsLeaveOutLineEnds()) {
     encoding::ContentHash hash;
     lines_.ForEachLine([&](std::string_view line) { hash.Add(line); });
-    const std::string id = hash.Hex();
-    lines_.Append("/ID [ <", id, "> <", id, "> ]");
+    const std::string id = encoding::EncodeStream(hash.Value(), EncodingConstants::ASCIIHex);
+    lines_.Append("/ID [ <", id, " <", id, " ]");  // the encoder's end marker closes each
   }
   lines_.Append(">>");
   lines_.Append("startxref");

@@ -3,16 +3,16 @@
 // The fourteen standard fonts. A classic document has all of them; a conforming one those that it
 // uses, under at most two encodings each (pdf/font_encoding.h):
 //
-//     7 0 obj                                     9 0 obj
+//     6 0 obj                                     9 0 obj
 //     <<                                          <<
 //     /Type /Font                                 /Type /Font
 //     /Subtype /Type1                             /Subtype /Type1
 //     /BaseFont /Helvetica                        /BaseFont /Helvetica
-//     /Encoding /WinAnsiEncoding                  /Encoding 8 0 R         its /Differences
-//     >>                                          /ToUnicode 7 0 R
+//     /Encoding /WinAnsiEncoding                  /Encoding 7 0 R         its /Differences
+//     >>                                          /ToUnicode 8 0 R
 //     endobj                                      >>
 //                                                 endobj
-#include <algorithm>
+#include <array>
 
 #include "layout/font.h"
 #include "pdf/content_stream.h"
@@ -51,23 +51,28 @@ void PdfWriter::WriteClassicFonts() {
 
 /// Returns what the resources name: "/F4 7 0 R /F18 9 0 R ".
 std::string PdfWriter::WriteUsedFonts() {
+  using enum layout::TextEncoding;
   std::string named;
-  const auto& used = objects_.fonts_used;
-  const bool any_extended = std::any_of(used.begin() + kFonts, used.end(), [](bool u) { return u; });
-  const int extended = any_extended ? WriteExtendedEncoding() : 0;
-  for (std::size_t resource = 0; resource < used.size(); ++resource) {
-    if (!used[resource]) continue;
+  std::array<int, 4> encodings{};  // the object of each, once it is written
+  for (std::size_t resource = 0; resource < kFontResources; ++resource) {
+    if (!objects_.fonts_used[resource]) continue;
     const std::string_view name = layout::kFontNames[resource % kFonts];
+    const layout::TextEncoding encoding = name == "Symbol"         ? Symbol
+                                          : name == "ZapfDingbats" ? ZapfDingbats
+                                          : resource >= kFonts     ? Extended
+                                                                   : WinAnsi;
+    int& object = encodings[static_cast<std::size_t>(encoding)];
+    if (encoding != WinAnsi && object == 0) object = WriteEncoding(encoding);
     const int number = BeginObject();
     lines_.Append("<<");
     lines_.Append("/Type /Font");
     lines_.Append("/Subtype /Type1");
     lines_.Append("/BaseFont /", name);
-    if (resource >= kFonts) {
-      lines_.Append("/Encoding ", Reference{extended});
-      lines_.Append("/ToUnicode ", Reference{extended + 1});
-    } else if (name != "Symbol" && name != "ZapfDingbats") {
+    if (encoding == WinAnsi) {
       lines_.Append("/Encoding /WinAnsiEncoding");
+    } else {
+      lines_.Append("/Encoding ", Reference{object});
+      lines_.Append("/ToUnicode ", Reference{object + 1});
     }
     lines_.Append(">>");
     lines_.Append("endobj");
@@ -77,25 +82,17 @@ std::string PdfWriter::WriteUsedFonts() {
   return named;
 }
 
-/// The second encoding, and behind it the characters that its codes are. Returns the first number.
-int PdfWriter::WriteExtendedEncoding() {
-  const int encoding = BeginObject();
+/// An encoding, and behind it the characters that its codes are. Returns the first's number.
+int PdfWriter::WriteEncoding(layout::TextEncoding encoding) {
+  const int number = BeginObject();
   lines_.Append("<<");
   lines_.Append("/Type /Encoding");
-  lines_.Append("/BaseEncoding /WinAnsiEncoding");
-  lines_.Append("/Differences ", ExtendedDifferences());
+  if (encoding == layout::TextEncoding::Extended) lines_.Append("/BaseEncoding /WinAnsiEncoding");
+  lines_.Append("/Differences ", DifferencesOf(encoding));
   lines_.Append(">>");
   lines_.Append("endobj");
-  const std::string map = ToUnicodeMap(layout::TextEncoding::Extended);
-  BeginObject();
-  lines_.Append("<<");
-  lines_.Append("/Length ", map.size());
-  lines_.Append(">>");
-  lines_.Append("stream");
-  lines_.Append(map);
-  lines_.Append("endstream");
-  lines_.Append("endobj");
-  return encoding;
+  WriteStream(ToUnicodeMap(encoding));
+  return number;
 }
 
 }  // namespace vellumark::pdf

@@ -63,10 +63,8 @@ void PdfWriter::PaintBackground() {
 
 void PdfWriter::EndPage() {
   if (!state_.oddities.EachMarkIsAStream()) WritePageContent();
-  if (state_.oddities.ObjectNumbersHave16Bits() || objects_.pages.size() % kKidsOfNode != 0 ||
-      objects_.pages.empty()) {
-    // The node of the page before has room.
-  } else {
+  const std::size_t room = objects_.page_nodes.size() * kKidsOfNode;
+  if (!state_.oddities.ObjectNumbersHave16Bits() && objects_.pages.size() == room) {
     objects_.page_nodes.push_back(objects_.table.Reserve());
   }
   const int page = BeginObject();
@@ -88,29 +86,35 @@ void PdfWriter::EndPage() {
   lines_.Append("endobj");
 }
 
+/// A stream of its own, compressed if the document is. Returns its number.
+int PdfWriter::WriteStream(std::string_view data) {
+  std::string compressed;
+  if (state_.compressed) {
+    std::int32_t size = 0;
+    const auto* const bytes = reinterpret_cast<const std::uint8_t*>(data.data());
+    encoding::Zlib::Encode(static_cast<std::int32_t>(data.size()), {bytes, data.size()}, size,
+                           compressed, kLevel);
+    data = compressed;
+  }
+  const int number = BeginObject();
+  lines_.Append("<<");
+  lines_.Append("/Length ", data.size());
+  if (state_.compressed) lines_.Append("/Filter /FlateDecode");
+  lines_.Append(">>");
+  lines_.Append("stream");
+  lines_.Append(data);
+  lines_.Append("endstream");
+  lines_.Append("endobj");
+  return number;
+}
+
 /// The marks of the page as one stream; none for a page without marks.
 void PdfWriter::WritePageContent() {
   EndText();
   std::string_view marks = page_.Text(joined_);
   if (!marks.empty()) {
     marks.remove_suffix(1);  // the line end, which stands behind the stream anyway
-    std::string compressed;
-    if (state_.compressed) {
-      std::int32_t size = 0;
-      const auto* const bytes = reinterpret_cast<const std::uint8_t*>(marks.data());
-      encoding::Zlib::Encode(static_cast<std::int32_t>(marks.size()), {bytes, marks.size()}, size,
-                             compressed, kLevel);
-    }
-    const std::string_view data = state_.compressed ? compressed : marks;
-    objects_.contents.push_back(BeginObject());
-    lines_.Append("<<");
-    lines_.Append("/Length ", data.size());
-    if (state_.compressed) lines_.Append("/Filter /FlateDecode");
-    lines_.Append(">>");
-    lines_.Append("stream");
-    lines_.Append(data);
-    lines_.Append("endstream");
-    lines_.Append("endobj");
+    objects_.contents.push_back(WriteStream(marks));
   }
   // The marks stay for as long as the call that ended the page can be taken back.
   if (!mark_.page_ended) std::swap(page_, marked_page_);

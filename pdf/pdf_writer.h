@@ -94,7 +94,7 @@ class PdfWriter final : public document::Writer {
   struct Objects {
     ObjectTable table;
     std::vector<int> pages;
-    std::vector<int> page_nodes;       // nodes of the page tree that have pages
+    std::vector<int> page_nodes{0};    // nodes of the page tree that have pages
     std::vector<int> contents;         // content streams of the document
     std::vector<int> annotations;      // links of the document
     std::size_t page_contents = 0;     // the first content stream since the last BeginPage
@@ -138,9 +138,10 @@ class PdfWriter final : public document::Writer {
   [[nodiscard]] int FontResource(layout::TextEncoding encoding) const;
   void WriteClassicFonts();
   [[nodiscard]] std::string WriteUsedFonts();
-  int WriteExtendedEncoding();
+  int WriteEncoding(layout::TextEncoding encoding);
 
   // pages.cpp
+  int WriteStream(std::string_view data);
   void WritePageContent();
   int WritePageTree();
 

@@ -109,9 +109,9 @@ void PdfWriter::DrawQuarters(PagePoint center, Points rx, Points ry, QuarterCont
   PaintClosedShape("b", [&] {
     // From (x + a, y + b), which lies on one axis, to (x + c, y + d) on the other.
     const auto quarter = [&](double a, double b, double c, double d) {
-      Content().Append(place(x + a + c * control.of_start), ' ', place(y + b + d * control.of_start),
-                       ' ', place(x + a * control.of_end + c), ' ',
-                       place(y + b * control.of_end + d), ' ', place(x + c), ' ', place(y + d),
+      Content().Append(place(x + a + c * control.of_start), ' ',
+                       place(y + b + d * control.of_start), ' ', place(x + a * control.of_end + c),
+                       ' ', place(y + b * control.of_end + d), ' ', place(x + c), ' ', place(y + d),
                        " c");
     };
     Content().Append(place(x - w), ' ', center.y, " m");

@@ -13,7 +13,6 @@
 #include <cstring>
 #include <string_view>
 
-
 namespace vellumark::pdf {
 
 /// Names another object: "n 0 R".

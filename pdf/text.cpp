@@ -12,6 +12,7 @@
 // A line of moved words is one operator, in which numbers (1/1000 em) take the place of gaps:
 //
 //     0 -14 Td[(moved )-250(words)]TJ
+#include "document/pasted_string.h"
 #include "layout/font.h"
 #include "layout/rounding.h"
 #include "pdf/content_stream.h"
