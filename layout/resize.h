@@ -16,9 +16,9 @@ class Resize {
     friend bool operator==(const Size&, const Size&) = default;
   };
 
-  /// `source` scaled down into `box` where it is larger, never up, in its own proportions: first to
-  /// the width of the box, then to its height. Lengths are rounded to nearest, ties to even, and
-  /// at least 1. `source` is at least 1 by 1.
+  /// `source` scaled down into `box` if it is larger, never up, in its own proportions: first to
+  /// the width of the box, then to its height. Lengths are rounded to nearest, ties to even, and at
+  /// least 1. `source` is at least 1 by 1.
   static constexpr Size Calculate(const Size& box, const Size& source) {
     Size fitted = source;
     if (fitted.width > box.width) {

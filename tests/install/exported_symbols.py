@@ -13,7 +13,8 @@ LIST = pathlib.Path(__file__).with_name("exported_symbols.txt")
 
 # As the headers write it, and without the width of the machine's words.
 SHORTER = [
-    (r"std::__cxx11::basic_string<char, std::char_traits<char>, std::allocator<char> >", "std::string"),
+    (r"std::__cxx11::basic_string<char, std::char_traits<char>, std::allocator<char> >",
+     "std::string"),
     (r"std::basic_string_view<char, std::char_traits<char> >", "std::string_view"),
     (r"(std::span<[^<>,]*), \d+ul?>", r"\1>"),
     (r"\[abi:cxx11\]", ""),

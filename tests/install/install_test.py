@@ -122,6 +122,9 @@ class SharedLibrary(unittest.TestCase):
             self.assertIsNotNone(path, name)
             self.assertLessEqual(set(re.findall(r"\w+", path[1])), declared, name)
 
+    def test_the_readme_has_the_same_lines(self):
+        self.assertIn(blocks("docs/cpp.md", "sh")[0], blocks("README.md", "sh"))
+
     def host(self, name, cmake, *options):
         folder = self.folder / name
         folder.mkdir()

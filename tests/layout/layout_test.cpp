@@ -99,7 +99,7 @@ TEST(Alignment, HalvesTruncateTowardZero) {
 
 class Justification : public Widths {
  protected:
-  /// Positions of the words of `text` in Courier 10, "x" in front where the answer was false.
+  /// Positions of the words of `text` in Courier 10, "x" in front if the result was false.
   std::string Positions(std::string_view text, Points width) {
     std::string list;
     if (!JustifyText(text, width, widths, {Courier, 10, Regular, {}}, line)) list = "x";
