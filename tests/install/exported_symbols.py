@@ -3,6 +3,8 @@
 """The names that a shared library exports, demangled; a change of them changes what hosts link to.
 
 usage: exported_symbols.py LIBRARY      writes them to exported_symbols.txt, beside this file
+
+LIBRARY is of a Release build: without optimization, functions that are otherwise inlined come too.
 """
 import pathlib
 import re
