@@ -28,8 +28,8 @@ struct JustifiedLine {
   std::vector<Points> positions;
 };
 
-/// Fills `line` and answers true. A line of one word is never stretched: like any run-time error
-/// (an overflow of a position) its missing gap stops the work at once; the answer is false, and
+/// Fills `line` and returns true. A line of one word is never stretched: like any run-time error
+/// (an overflow of a position) its missing gap stops the work at once; the result is false, and
 /// `line` keeps all words and the positions found so far, the others being 0. Words that are wider
 /// than `width` together keep their natural positions, and the line overflows.
 bool JustifyText(std::string_view text, Points width, const TextSetter& setter, const Font& font,
