@@ -9,7 +9,7 @@
 #include <windows.h>
 #include <ocidl.h>
 
-#include "automation/server/guid.h"
+#include "automation/server/windows_text.h"
 #include "tests/windows/automation_object.h"
 #include "tests/windows/facts.h"
 
@@ -88,7 +88,7 @@ void CheckIdentity(Facts& facts, IDispatch* object, const automation::ClassInfo&
   ComPointer<IUnknown> unknown, own, again, none;
   ComPointer<IProvideClassInfo> provider;
   object->QueryInterface(IID_IUnknown, unknown.ReceiveAny());
-  object->QueryInterface(automation::ToGuid(info.interface_id), own.ReceiveAny());
+  object->QueryInterface(automation::server::ToGuid(info.interface_id), own.ReceiveAny());
   object->QueryInterface(IID_IProvideClassInfo, provider.ReceiveAny());
   if (provider.Get() != nullptr) provider->QueryInterface(IID_IUnknown, again.ReceiveAny());
   facts.Check("an object is one, whichever interface is asked",
@@ -118,7 +118,7 @@ void CheckClass(Facts& facts, const Server& server, const automation::ClassInfo&
   std::printf("-- %s\n", std::string(info.name).c_str());
   ComPointer<IClassFactory> factory;
   ComPointer<IDispatch> object;
-  const GUID id = automation::ToGuid(info.class_id);
+  const GUID id = automation::server::ToGuid(info.class_id);
   if (FAILED(server.GetClass(id, IID_IClassFactory, factory.ReceiveAny()))) {
     facts.Check("there is a factory", false);
     return;
@@ -137,7 +137,7 @@ void CheckClass(Facts& facts, const Server& server, const automation::ClassInfo&
 }
 
 void CheckLock(Facts& facts, const Server& server) {
-  const GUID id = automation::ToGuid(automation::Classes().front().class_id);
+  const GUID id = automation::server::ToGuid(automation::Classes().front().class_id);
   ComPointer<IClassFactory> factory;
   server.GetClass(id, IID_IClassFactory, factory.ReceiveAny());
   facts.Check("a factory keeps the server loaded", server.CanUnload() == S_FALSE);

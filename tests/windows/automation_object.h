@@ -21,7 +21,7 @@
 
 namespace vellumark::tests {
 
-using automation::ComPointer;
+using automation::server::ComPointer;
 
 /// A variant of the client's, freed at the end of the expression or block.
 struct ClientVariant : VARIANT {

@@ -5,8 +5,7 @@
 #include <ocidl.h>
 
 #include "automation/enumeration_table.h"
-#include "automation/server/bstr.h"
-#include "automation/server/guid.h"
+#include "automation/server/windows_text.h"
 #include "tests/windows/automation_object.h"
 #include "tests/windows/facts.h"
 
@@ -21,7 +20,7 @@ using automation::Parameter;
 using automation::Type;
 using automation::ValueType;
 
-std::string NameOf(BSTR name) { return automation::TextOf(name); }
+std::string NameOf(BSTR name) { return automation::server::Utf8(name); }
 
 /// The type attributes that matter here.
 struct Attributes {
@@ -195,9 +194,9 @@ void CheckTypes(Facts& facts, IDispatch* object, const ClassInfo& info) {
   facts.Check("and no second", object->GetTypeInfo(1, 0, nothing.Receive()) == DISP_E_BADINDEX);
   if (FAILED(got)) return;
   const Attributes attributes(type.Get());
-  facts.Check(
-      "it is that of the class's dispatch interface",
-      attributes.kind == TKIND_DISPATCH && attributes.id == automation::ToGuid(info.interface_id));
+  facts.Check("it is that of the class's dispatch interface",
+              attributes.kind == TKIND_DISPATCH &&
+                  attributes.id == automation::server::ToGuid(info.interface_id));
   if (info.members) CheckFunctions(facts, object, type.Get(), ClassMembers(*info.members));
   CheckEnumerations(facts, type.Get());
 
@@ -208,8 +207,8 @@ void CheckTypes(Facts& facts, IDispatch* object, const ClassInfo& info) {
   facts.Check("the class is described", provided);
   if (!provided) return;
   const Attributes described(class_type.Get());
-  facts.Check("as what it is",
-              described.kind == TKIND_COCLASS && described.id == automation::ToGuid(info.class_id));
+  facts.Check("as what it is", described.kind == TKIND_COCLASS &&
+                                   described.id == automation::server::ToGuid(info.class_id));
 }
 
 }  // namespace vellumark::tests
