@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <new>
 #include <utility>
 
 #include <vellumark/memory_platform.h>
@@ -24,32 +25,42 @@ void MemoryPlatform::PutFile(std::string_view name, std::string bytes) {
 }
 
 FileHandle MemoryPlatform::CreateOutput(std::string_view name, std::error_code& error) {
-  MemoryFile& file = files_[std::string(name)];
-  if (file.open) {
-    error = std::make_error_code(std::errc::device_or_resource_busy);
+  error.clear();
+  try {
+    MemoryFile& file = files_[std::string(name)];
+    if (file.open) {
+      error = std::make_error_code(std::errc::device_or_resource_busy);
+      return FileHandle::Invalid;
+    }
+    handles_.push_back(&file);  // before the file changes: a handle may lack the memory
+    file.bytes.clear();
+    file.open = true;
+    return static_cast<FileHandle>(handles_.size() - 1);
+  } catch (const std::bad_alloc&) {
+    error = std::make_error_code(std::errc::not_enough_memory);
     return FileHandle::Invalid;
   }
-  error.clear();
-  file.bytes.clear();
-  file.open = true;
-  handles_.push_back(&file);
-  return static_cast<FileHandle>(handles_.size() - 1);
 }
 
 std::error_code MemoryPlatform::WriteOutput(FileHandle file, std::string_view bytes) {
   MemoryFile* const open = FindOpen(file);
   if (open == nullptr) return std::make_error_code(std::errc::bad_file_descriptor);
-  open->bytes.append(bytes);
-  return {};
+  try {
+    if (!open->error) open->bytes.append(bytes);
+  } catch (const std::exception&) {  // no memory, or more bytes than a string may have
+    open->error = std::make_error_code(std::errc::not_enough_memory);
+  }
+  return open->error;
 }
 
 std::error_code MemoryPlatform::CloseOutput(FileHandle file) {
   MemoryFile* const open = FindOpen(file);
   if (open == nullptr) return std::make_error_code(std::errc::bad_file_descriptor);
   open->open = false;
+  const std::error_code error = std::exchange(open->error, {});
   handles_[static_cast<std::size_t>(file)] = nullptr;
   while (!handles_.empty() && handles_.back() == nullptr) handles_.pop_back();
-  return {};
+  return error;
 }
 
 bool MemoryPlatform::DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) {

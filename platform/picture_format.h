@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 //
-// The sizes of pictures that are decoded at all, and the bitmap that a decoder fills.
+// Which picture files are read at all: their kinds, told by the first bytes and never by the name,
+// and their sizes.
 //
-// Widths and heights are 16 bits wide in a document and samples are counted in 32 bits. A file says
-// its size in a few bytes, so it is checked before anything is allocated.
+// Widths and heights are 16 bits wide in a document, and samples are counted in 32 bits. A file
+// states its size in a few bytes, so the size is checked before anything is allocated.
 #pragma once
 
 #include <cstdint>
 #include <limits>
+#include <span>
 #include <string_view>
 
 #include <vellumark/bitmap.h>
@@ -16,11 +18,20 @@ namespace vellumark::platform {
 
 inline constexpr std::int64_t kGreatestSide = std::numeric_limits<std::int16_t>::max();
 inline constexpr std::int64_t kGreatestPicture = std::numeric_limits<std::int32_t>::max();
+inline constexpr std::int64_t kGreatestFile = std::numeric_limits<std::int32_t>::max();
 
+/// Why a picture is refused, where more than one file says so.
+inline constexpr std::string_view kUnknownPicture = "not a BMP, GIF or JPG file";
+inline constexpr std::string_view kNotRegular = "not a regular file";
+inline constexpr std::string_view kLargerThan2Gb = "the file is larger than 2 GB";
 inline constexpr std::string_view kCutOff = "the pixel data is cut off";
 
-/// Why a picture of this size and depth is not decoded, where its bitmap may have `greatest` bytes;
-/// empty for one that is.
+enum class PictureKind : std::uint8_t { Unknown, Bmp, Gif, Jpeg };
+
+[[nodiscard]] PictureKind PictureKindOf(std::span<const std::uint8_t> file) noexcept;
+
+/// Returns why a picture of this size and depth is not decoded if its bitmap may have `greatest`
+/// bytes, or an empty text.
 [[nodiscard]] std::string_view CheckSize(std::int64_t width, std::int64_t height, int bits,
                                          std::int64_t greatest) noexcept;
 

@@ -50,6 +50,7 @@ class VELLUMARK_API MemoryPlatform : public PortablePlatform {
  private:
   struct MemoryFile {
     std::string bytes;
+    std::error_code error;  // the first since it was opened
     bool open = false;
   };
 

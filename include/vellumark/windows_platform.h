@@ -2,17 +2,18 @@
 //
 // WindowsPlatform: files, message box, clock, code page, resources and picture loader of Windows.
 //
-// Files: names are converted to the ANSI code page; a character missing there makes the name one
-// that no file can have. While a file is open, no other program and no other document can open it.
-// Every line goes to the system at once. Errors are the system's own (std::system_category).
+// Files: names are converted to the ANSI code page; a name with a character that is missing there
+// is refused. While a file is open, no other program and no other document can open it. Lines are
+// collected into writes of 64 KiB. Errors are the system's own (std::system_category), apart from
+// std::errc::not_enough_memory and std::errc::bad_file_descriptor.
 //
 // Notice: a message box with an information sign and no owner. It waits until the user closes it,
 // deliberately.
 //
 // Pictures: the component runtime's picture loader decodes them.
 //
-// Code page: the system's ANSI code page where that has one byte per character, Windows-1252 where
-// it has not.
+// Code page: the system's ANSI code page if that has one byte per character, otherwise
+// Windows-1252.
 //
 // Width resources: those of the program or DLL that this library is linked into, which has to link
 // the target `vellumark_windows_resources` beside it.
@@ -23,14 +24,13 @@
 #pragma once
 
 #include <memory>
-#include <vector>
 
 #include <vellumark/platform.h>
 
 namespace vellumark {
 
 namespace platform {
-class WindowsOutputFile;
+class OutputFiles;
 }
 
 class WindowsPlatform : public Platform {
@@ -54,10 +54,7 @@ class WindowsPlatform : public Platform {
   std::string_view LegalNotice() override;
 
  private:
-  platform::WindowsOutputFile* Find(FileHandle file) noexcept;
-
-  // Indexed by handle; null once closed.
-  std::vector<std::unique_ptr<platform::WindowsOutputFile>> files_;
+  std::unique_ptr<platform::OutputFiles> files_;
 };
 
 }  // namespace vellumark

@@ -3,7 +3,7 @@
 #include <vector>
 #include <windows.h>
 
-#include "platform/windows_bitmap.h"
+#include "platform/windows_picture.h"
 #include "tests/windows/facts.h"
 
 namespace vellumark::tests {
