@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// automation_client VELLUMARK.DLL: checks the automation server as a client without a script host,
-// under Windows or Wine; the DLL need not be registered. Prints a line for each fact and "all facts
-// hold" at the end; otherwise exits with 1.
+// automation_client VELLUMARK.DLL [DLL64 DLL32]: checks the automation server as a client without a
+// script host, under Windows or Wine; the DLL need not be registered. Of the other two DLLs it
+// looks at the type libraries, which programs of either bitness can read. Prints a line for each
+// fact and "all facts hold" at the end; otherwise exits with 1.
 #include <atomic>
 #include <cstdio>
 #include <thread>
@@ -152,11 +153,10 @@ void CheckLock(Facts& facts, const Server& server) {
   facts.Check("and then it may go", server.CanUnload() == S_OK);
 }
 
-bool CheckServer(const char* file) {
-  Facts facts;
+void CheckServer(Facts& facts, const char* file) {
   Server server(file);
   facts.Check("the DLL is loaded and has its entry points", server.IsLoaded());
-  if (!server.IsLoaded()) return false;
+  if (!server.IsLoaded()) return;
   {
     const NoticeCloser closer;
     for (const automation::ClassInfo& info : automation::Classes()) {
@@ -170,21 +170,26 @@ bool CheckServer(const char* file) {
   }
   facts.Check("the DLL is unloaded",
               server.Unload() && GetModuleHandleA("vellumark.dll") == nullptr);
-  return facts.AllHold();
 }
 
 }  // namespace
 }  // namespace vellumark::tests
 
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::fputs("usage: automation_client VELLUMARK.DLL\n", stderr);
+  if (argc != 2 && argc != 4) {
+    std::fputs("usage: automation_client VELLUMARK.DLL [DLL64 DLL32]\n", stderr);
     return 2;
   }
   CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-  const bool hold = vellumark::tests::CheckServer(argv[1]);
+  vellumark::tests::Facts facts;
+  vellumark::tests::CheckServer(facts, argv[1]);
+  if (argc == 4) {
+    using vellumark::automation::server::Wide;
+    vellumark::tests::CheckTypeLibrary(facts, Wide(argv[2]).c_str(), SYS_WIN64);
+    vellumark::tests::CheckTypeLibrary(facts, Wide(argv[3]).c_str(), SYS_WIN32);
+  }
   CoUninitialize();
-  if (!hold) return 1;
+  if (!facts.AllHold()) return 1;
   std::puts("all facts hold");
   return 0;
 }
