@@ -6,12 +6,22 @@
 namespace vellumark::platform {
 namespace {
 
+#if defined(VELLUMARK_PICTURE_DECODERS)
+constexpr bool kWithLibraries = true;
+#else
+constexpr bool kWithLibraries = false;  // then DecodeGif and DecodeJpeg do not exist
+#endif
+
 std::string_view DecodeAny(std::span<const std::uint8_t> file, std::int64_t greatest,
                            Bitmap& bitmap) {
   switch (PictureKindOf(file)) {
     case PictureKind::Bmp: return DecodeBmp(file, greatest, bitmap);
-    case PictureKind::Gif: return DecodeGif(file, greatest, bitmap);
-    case PictureKind::Jpeg: return DecodeJpeg(file, greatest, bitmap);
+    case PictureKind::Gif:
+      if constexpr (kWithLibraries) return DecodeGif(file, greatest, bitmap);
+      return "this build cannot read GIF files";
+    case PictureKind::Jpeg:
+      if constexpr (kWithLibraries) return DecodeJpeg(file, greatest, bitmap);
+      return "this build cannot read JPG files";
     case PictureKind::Unknown: break;
   }
   return kUnknownPicture;

@@ -12,6 +12,8 @@
 //     BMP   1, 4, 8, 16, 24, 32 bits at their own depth                      bmp_decoder.cpp
 //     GIF   the first frame, 8 bits                                          gif_decoder.cpp
 //     JPG   24 bits, whatever the file's colors                              jpeg_decoder.cpp
+//
+// A build without VELLUMARK_PICTURE_DECODERS reads BMP files only and says so of the other kinds.
 #pragma once
 
 #include <cstdint>
