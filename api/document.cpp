@@ -6,7 +6,10 @@
 namespace vellumark {
 namespace {
 
-void Take(const layout::Rgb& rgb, std::uint8_t& red, std::uint8_t& green, std::uint8_t& blue) {
+void Take(const layout::ColorText& color, std::uint8_t& red, std::uint8_t& green,
+          std::uint8_t& blue) {
+  layout::Rgb rgb;
+  layout::ParseColor(color.view(), rgb);
   red = rgb.red;
   green = rgb.green;
   blue = rgb.blue;
@@ -36,46 +39,56 @@ bool Document::Rotated() const { return parts_->state.rotated; }
 void Document::Rotated(bool rotated) { parts_->state.rotated = rotated; }
 std::string Document::Version() const { return std::string(parts_->version); }
 
-bool Document::Create(std::string_view file) noexcept { return parts_->model.Create(file); }
-
-void Document::NewPage(std::int16_t marginleft, std::int16_t margintop, std::int16_t marginright,
-                       std::int16_t marginbottom, std::uint8_t red, std::uint8_t green,
-                       std::uint8_t blue) noexcept {
-  parts_->model.NewPage({marginleft, margintop, marginright, marginbottom}, {red, green, blue});
+bool Document::Create(std::string_view file) noexcept {
+  return parts_->Run([&] { return parts_->model.Create(file); });
 }
 
-void Document::Flush() noexcept { parts_->model.Flush(); }
-
-bool Document::DrawLine(std::int16_t x1, std::int16_t y1, std::int16_t x2,
-                        std::int16_t y2) noexcept {
-  return parts_->model.DrawLine(x1, y1, x2, y2);
+void Document::NewPage(Int16 marginleft, Int16 margintop, Int16 marginright, Int16 marginbottom,
+                       Byte red, Byte green, Byte blue) noexcept {
+  parts_->Run([&] {
+    return parts_->model.NewPage(
+        {marginleft.value(), margintop.value(), marginright.value(), marginbottom.value()},
+        {red.value(), green.value(), blue.value()});
+  });
 }
 
-bool Document::DrawRectangle(std::int16_t x, std::int16_t y, std::int16_t width,
-                             std::int16_t height) noexcept {
-  return parts_->model.DrawRectangle(x, y, width, height);
+void Document::Flush() noexcept {
+  parts_->Run([&] { return parts_->model.Flush(); });
 }
 
-bool Document::DrawCurve(std::int16_t x1, std::int16_t y1, std::int16_t x2, std::int16_t y2,
-                         std::int16_t x3, std::int16_t y3) noexcept {
-  return parts_->model.DrawCurve(x1, y1, x2, y2, x3, y3);
+bool Document::DrawLine(Int16 x1, Int16 y1, Int16 x2, Int16 y2) noexcept {
+  return parts_->Run(
+      [&] { return parts_->model.DrawLine(x1.value(), y1.value(), x2.value(), y2.value()); });
 }
 
-bool Document::DrawCircle(std::int16_t x, std::int16_t y, std::int16_t r) noexcept {
-  return parts_->model.DrawCircle(x, y, r);
+bool Document::DrawRectangle(Int16 x, Int16 y, Int16 width, Int16 height) noexcept {
+  return parts_->Run([&] {
+    return parts_->model.DrawRectangle(x.value(), y.value(), width.value(), height.value());
+  });
 }
 
-bool Document::DrawEllipse(std::int16_t x, std::int16_t y, std::int16_t rx,
-                           std::int16_t ry) noexcept {
-  return parts_->model.DrawEllipse(x, y, rx, ry);
+bool Document::DrawCurve(Int16 x1, Int16 y1, Int16 x2, Int16 y2, Int16 x3, Int16 y3) noexcept {
+  return parts_->Run([&] {
+    return parts_->model.DrawCurve(x1.value(), y1.value(), x2.value(), y2.value(), x3.value(),
+                                   y3.value());
+  });
 }
 
-bool Document::DrawArc(std::int16_t x, std::int16_t y, std::int16_t r, float th1,
-                       float th2) noexcept {
-  return parts_->model.DrawArc(x, y, r, th1, th2);
+bool Document::DrawCircle(Int16 x, Int16 y, Int16 r) noexcept {
+  return parts_->Run([&] { return parts_->model.DrawCircle(x.value(), y.value(), r.value()); });
 }
 
-bool Document::WriteText(std::string_view text, bool carriagereturn, std::uint8_t dy,
+bool Document::DrawEllipse(Int16 x, Int16 y, Int16 rx, Int16 ry) noexcept {
+  return parts_->Run(
+      [&] { return parts_->model.DrawEllipse(x.value(), y.value(), rx.value(), ry.value()); });
+}
+
+bool Document::DrawArc(Int16 x, Int16 y, Int16 r, float th1, float th2) noexcept {
+  return parts_->Run(
+      [&] { return parts_->model.DrawArc(x.value(), y.value(), r.value(), th1, th2); });
+}
+
+bool Document::WriteText(std::string_view text, bool carriagereturn, Byte dy,
                          AlignmentConstants alignment) noexcept {
   return parts_->WriteText(text, carriagereturn, dy, alignment, {});
 }
@@ -85,9 +98,12 @@ bool Document::WriteTitle(std::string_view text, AlignmentConstants alignment,
   return parts_->WriteTitle(text, alignment, bullet, {});
 }
 
-bool Document::WriteMultiText(std::string_view text, std::uint8_t dy, AlignmentConstants alignment,
-                              bool justified, std::int16_t width) noexcept {
-  return parts_->WriteMultiText(text, dy, alignment, justified, width);
+bool Document::WriteMultiText(std::string_view text, Byte dy, AlignmentConstants alignment,
+                              bool justified, Int16 width) noexcept {
+  return parts_->Run([&] {
+    const CodePageText bytes(*parts_->platform, text);
+    return parts_->model.WriteMultiText({bytes, dy.value(), alignment, justified, width.value()});
+  });
 }
 
 bool Document::DrawPicture(std::string_view file, AlignmentConstants alignment,
@@ -96,23 +112,23 @@ bool Document::DrawPicture(std::string_view file, AlignmentConstants alignment,
 }
 
 void Document::GetColor(std::uint8_t& red, std::uint8_t& green, std::uint8_t& blue) const {
-  Take(document::DocumentModel::Parse(parts_->state.color), red, green, blue);
+  Take(parts_->state.color, red, green, blue);
 }
 
-void Document::SetColor(std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
-  parts_->state.color = layout::FormatColor(red, green, blue);
+void Document::SetColor(Byte red, Byte green, Byte blue) {
+  parts_->state.color = layout::FormatColor(red.value(), green.value(), blue.value());
 }
 
 void Document::GetFillColor(std::uint8_t& red, std::uint8_t& green, std::uint8_t& blue) const {
-  Take(document::DocumentModel::Parse(parts_->state.fill_color), red, green, blue);
+  Take(parts_->state.fill_color, red, green, blue);
 }
 
-void Document::SetFillColor(std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
-  parts_->state.fill_color = layout::FormatColor(red, green, blue);
+void Document::SetFillColor(Byte red, Byte green, Byte blue) {
+  parts_->state.fill_color = layout::FormatColor(red.value(), green.value(), blue.value());
 }
 
 void Document::GetPageColor(std::uint8_t& red, std::uint8_t& green, std::uint8_t& blue) const {
-  Take(document::DocumentModel::Parse(parts_->state.page_color), red, green, blue);
+  Take(parts_->state.page_color, red, green, blue);
 }
 
 std::string Document::GetDash() const { return parts_->state.dash.utf8; }
@@ -120,7 +136,7 @@ void Document::SetDash(std::string_view dash) { parts_->state.dash = parts_->Kee
 bool Document::GetFillStyle() const { return parts_->state.fill_style; }
 void Document::SetFillStyle(bool fillstyle) { parts_->state.fill_style = fillstyle; }
 std::uint8_t Document::GetThickness() const { return parts_->state.thickness; }
-void Document::SetThickness(std::uint8_t thickness) { parts_->model.SetThickness(thickness); }
+void Document::SetThickness(Byte thickness) { parts_->model.SetThickness(thickness.value()); }
 
 void Document::GetFont(FontNumberConstants& fontnumber, std::uint8_t& fontheight,
                        FontStyleConstants& fontstyle, FontEffectConstants& fonteffect) const {
@@ -131,9 +147,9 @@ void Document::GetFont(FontNumberConstants& fontnumber, std::uint8_t& fontheight
   fonteffect = font.effect;
 }
 
-void Document::SetFont(FontNumberConstants fontnumber, std::uint8_t fontheight,
+void Document::SetFont(FontNumberConstants fontnumber, Byte fontheight,
                        FontStyleConstants fontstyle, FontEffectConstants fonteffect) {
-  parts_->model.SetFont(fontnumber, fontheight, fontstyle, fonteffect);
+  parts_->model.SetFont(fontnumber, fontheight.value(), fontstyle, fonteffect);
 }
 
 void Document::GetPageDimensions(std::int16_t& width, std::int16_t& height) const {
@@ -155,8 +171,8 @@ void Document::GetPictureDimensions(std::int16_t& width, std::int16_t& height) c
   height = parts_->state.picture_height.value();
 }
 
-void Document::SetPictureDimensions(std::int16_t width, std::int16_t height) {
-  parts_->model.SetPictureDimensions(width, height);
+void Document::SetPictureDimensions(Int16 width, Int16 height) {
+  parts_->model.SetPictureDimensions(width.value(), height.value());
 }
 
 void Document::GetPosition(std::int16_t& x, std::int16_t& y) const {
@@ -164,10 +180,8 @@ void Document::GetPosition(std::int16_t& x, std::int16_t& y) const {
   y = parts_->state.Y().value();
 }
 
-void Document::SetPosition(std::int16_t x, std::int16_t y) { parts_->model.SetPosition(x, y); }
+void Document::SetPosition(Int16 x, Int16 y) { parts_->model.SetPosition(x.value(), y.value()); }
 
-Refusal Document::LastRefusal() const {
-  return {parts_->model.LastRefusal().reason, parts_->model.LastRefusalSentence()};
-}
+Refusal Document::LastRefusal() const { return parts_->LastRefusal(); }
 
 }  // namespace vellumark

@@ -4,6 +4,7 @@
 // and the writer of its language. Here, and only here, the host's UTF-8 becomes bytes.
 #pragma once
 
+#include <exception>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -59,31 +60,48 @@ class Document::Parts {
     return {std::string(utf8), std::string(bytes)};
   }
 
-  bool WriteText(std::string_view text, bool carriagereturn, std::uint8_t dy,
-                 AlignmentConstants alignment, std::string_view hyperlink) noexcept {
-    return Converted(text, hyperlink, [&](std::string_view bytes, std::string_view link) {
-      return model.WriteText({bytes, carriagereturn, dy, alignment, link});
+  /// The public boundary: runs `call`, which returns the note of what it refused, keeps that note
+  /// for LastRefusal, and returns whether there was nothing to refuse.
+  template <class Call>
+  bool Run(const Call& call) noexcept {
+    try {
+      refusal_ = call();
+    } catch (const NumberOutOfRange& error) {
+      refusal_ =
+          document::RefusalNote{RefusalReason::NumberOutOfRange, error.given(), error.greatest()};
+    } catch (const std::exception& error) {
+      refusal_ = document::FaultNote(error);
+    }
+    return !refusal_.note;
+  }
+
+  [[nodiscard]] Refusal LastRefusal() const {
+    return {refusal_.note.reason, document::Sentence(refusal_.note, refusal_.detail)};
+  }
+
+  bool WriteText(std::string_view text, bool carriagereturn, Byte dy, AlignmentConstants alignment,
+                 std::string_view hyperlink) noexcept {
+    return Run([&] {
+      const CodePageText bytes(*platform, text);
+      const CodePageText link(*platform, hyperlink);
+      return model.WriteText({bytes, carriagereturn, dy.value(), alignment, link});
     });
   }
 
   bool WriteTitle(std::string_view text, AlignmentConstants alignment, BulletConstants bullet,
                   std::string_view hyperlink) noexcept {
-    return Converted(text, hyperlink, [&](std::string_view bytes, std::string_view link) {
+    return Run([&] {
+      const CodePageText bytes(*platform, text);
+      const CodePageText link(*platform, hyperlink);
       return model.WriteTitle({bytes, alignment, bullet, link});
-    });
-  }
-
-  bool WriteMultiText(std::string_view text, std::uint8_t dy, AlignmentConstants alignment,
-                      bool justified, std::int16_t width) noexcept {
-    return Converted(text, {}, [&](std::string_view bytes, std::string_view) {
-      return model.WriteMultiText({bytes, dy, alignment, justified, width});
     });
   }
 
   /// The file's name stays as it is, UTF-8.
   bool DrawPicture(std::string_view file, AlignmentConstants alignment, std::string_view hyperlink,
                    EncodingConstants encoding) noexcept {
-    return Converted({}, hyperlink, [&](std::string_view, std::string_view link) {
+    return Run([&] {
+      const CodePageText link(*platform, hyperlink);
       return model.DrawPicture({file, alignment, link, encoding});
     });
   }
@@ -96,17 +114,7 @@ class Document::Parts {
   document::DocumentModel model;
 
  private:
-  /// Calls `write` with both texts in the code page; false where memory is too short to convert.
-  template <class Write>
-  bool Converted(std::string_view text, std::string_view hyperlink, const Write& write) noexcept {
-    try {
-      const CodePageText bytes(*platform, text);
-      const CodePageText link(*platform, hyperlink);
-      return write(bytes, link);
-    } catch (const std::exception&) {
-      return model.Refuse({RefusalReason::RunTimeFault, RunTimeError::OutOfMemory, 0});
-    }
-  }
+  document::FileNote refusal_;
 };
 
 /// The platform of a document that was given none.

@@ -39,7 +39,7 @@ void PDF::Subject(std::string_view subject) {
   PropertiesOf(*parts().writer).subject = parts().Keep(subject);
 }
 
-bool PDF::WriteText(std::string_view text, bool carriagereturn, std::uint8_t dy,
+bool PDF::WriteText(std::string_view text, bool carriagereturn, Byte dy,
                     AlignmentConstants alignment, std::string_view hyperlink) noexcept {
   return parts().WriteText(text, carriagereturn, dy, alignment, hyperlink);
 }

@@ -28,10 +28,19 @@ using Default = std::variant<std::monostate, std::int32_t, std::string_view>;
 struct Parameter {
   std::string_view name;  ///< lower case; named arguments use it
   ValueType type;
-  bool in_out = false;  ///< the member stores its answer here and never looks at what was passed
+  bool in_out = false;  ///< the member stores a result here and never looks at what was passed
   Default default_value;
+  bool file_name = false;  ///< a text that names a file; see MemberFacts
 
   [[nodiscard]] constexpr bool optional() const noexcept { return default_value.index() != 0; }
+};
+
+/// What a language with conventions of its own for files and threads wants to know about a member.
+/// A host without such conventions ignores it, as it ignores Parameter::file_name.
+struct MemberFacts {
+  bool takes_long = false;      ///< reads a picture or writes the file: others should run meanwhile
+  bool creates_file = false;    ///< if it returns True, the document has a file that is not written
+  bool completes_file = false;  ///< afterwards the document has no such file
 };
 
 /// How a host uses a member: reads or assigns a property, or calls a method.
@@ -39,7 +48,7 @@ enum class Kind : std::uint8_t { Get, Let, Method };
 
 struct Member {
   /// Calls the member. `arguments` has one Value of the right type for each parameter; those of
-  /// in/out parameters receive the answers. `document` must be of a class that has the member.
+  /// in/out parameters receive results. `document` must be of a class that has the member.
   /// Accessors throw RunTimeError; anything may throw std::bad_alloc.
   using Call = Value (*)(Document& document, std::span<Value> arguments);
 
@@ -52,9 +61,10 @@ struct Member {
   bool property = false;     ///< a property with a get and perhaps a let, else a method
   bool of_pdf = true;        ///< PDF has it
   bool of_ps = true;         ///< PS has it
-  ValueType result;          ///< of the method; the type of the property
-  Call call = nullptr;       ///< the method, or the property's get
-  Call let = nullptr;        ///< the property's let, with one argument; null where it is read-only
+  MemberFacts facts;
+  ValueType result;     ///< of the method; the type of the property
+  Call call = nullptr;  ///< the method, or the property's get
+  Call let = nullptr;   ///< the property's let, with one argument; null where it is read-only
   std::size_t parameter_count = 0;
   std::array<Parameter, kMostParameters> all_parameters;
 

@@ -6,6 +6,8 @@
 //     Method<&Document::GetDash>({"GetDash", 29, "Returns the dash pattern.", ""})
 //     Method<&Document::SetPosition>({"SetPosition", 42, "Sets ...", ""}, {{"x", -1}, {"y", -1}})
 //     Method<&Document::WriteText, PS>(...)                    // a row of PS alone
+//     Method<&Document::Flush>({"Flush", 13, "Ends ...", "", {.takes_long = true}})
+//     Method<&Document::Create>({"Create", 11, "Creates ...", ""}, {FileName("file")})
 //     Property<Document, std::string, &Document::Author, &Document::Author>({...})
 //
 // A parameter of type T& is in/out; a text is taken as std::string_view and given as std::string.
@@ -28,6 +30,7 @@ struct Caption {
   std::int32_t id;
   std::string_view help;
   std::string_view remarks;
+  MemberFacts facts = {};
 };
 
 /// A parameter's name and, where it may be omitted, what stands for it.
@@ -42,11 +45,31 @@ struct ParameterName {
 
   std::string_view name;
   Default default_value;
+  bool file_name = false;
 };
+
+/// A text parameter that names a file.
+constexpr ParameterName FileName(const char* name) {
+  ParameterName parameter(name);
+  parameter.file_name = true;
+  return parameter;
+}
 
 using ParameterNames = std::array<ParameterName, Member::kMostParameters>;
 
 namespace detail {
+
+/// A Number is passed in its own width, which it always fits.
+template <class T>
+struct Plain {
+  using Type = T;
+};
+template <class Narrow>
+struct Plain<Number<Narrow>> {
+  using Type = Narrow;
+};
+template <class A>
+using Taken = typename Plain<std::remove_cvref_t<A>>::Type;
 
 template <class T>
 constexpr ValueType TypeOf() noexcept {
@@ -97,7 +120,7 @@ void GiveBack(Value& argument, const T& answer) {
 template <auto kCall, class D, class R, class... A, std::size_t... kIndex>
 Value CallWith(D& document, [[maybe_unused]] std::span<Value> arguments,
                std::index_sequence<kIndex...> /*of the arguments*/) {
-  std::tuple<std::remove_cvref_t<A>...> taken{Take<std::remove_cvref_t<A>>(arguments[kIndex])...};
+  std::tuple<Taken<A>...> taken{Take<Taken<A>>(arguments[kIndex])...};
   const auto call = [&] { return std::invoke(kCall, document, std::get<kIndex>(taken)...); };
   Value result;
   if constexpr (std::is_void_v<R>) {
@@ -123,14 +146,15 @@ constexpr Member Row(const Caption& caption, const ParameterNames& names) {
   row.id = caption.id;
   row.help = caption.help;
   row.remarks = caption.remarks;
+  row.facts = caption.facts;
   row.of_pdf = std::is_base_of_v<D, PDF>;
   row.of_ps = std::is_base_of_v<D, PS>;
   row.result = TypeOf<R>();
   row.call = &Thunk<kCall, D, R, A...>;
   row.parameter_count = sizeof...(A);
   std::size_t i = 0;
-  ((row.all_parameters[i] = {names[i].name, TypeOf<std::remove_cvref_t<A>>(),
-                             std::is_lvalue_reference_v<A>, names[i].default_value},
+  ((row.all_parameters[i] = {names[i].name, TypeOf<Taken<A>>(), std::is_lvalue_reference_v<A>,
+                             names[i].default_value, names[i].file_name},
     ++i),
    ...);
   return row;

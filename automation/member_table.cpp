@@ -11,7 +11,7 @@ using enum AlignmentConstants;
 using enum BulletConstants;
 using enum EncodingConstants;
 
-constexpr bool (PDF::*kLinkedText)(std::string_view, bool, std::uint8_t, AlignmentConstants,
+constexpr bool (PDF::*kLinkedText)(std::string_view, bool, Byte, AlignmentConstants,
                                    std::string_view) noexcept = &PDF::WriteText;
 constexpr bool (PDF::*kLinkedTitle)(std::string_view, AlignmentConstants, BulletConstants,
                                     std::string_view) noexcept = &PDF::WriteTitle;
@@ -33,13 +33,16 @@ constexpr Caption kWriteTitle = {
     "hyperlink as for WriteText."};
 
 constexpr Caption kDrawPicture = {
-    "DrawPicture", 23, "Draws a picture (BMP, GIF, JPG) on the current position.",
+    "DrawPicture",
+    23,
+    "Draws a picture (BMP, GIF, JPG) on the current position.",
     "The position is its top left corner, a pixel one point; with a picture box, see "
     "SetPictureDimensions, a larger picture is made to fit into it. It must fit between the "
     "current position and the right and bottom margins, also if it is then aligned. Afterwards the "
     "position is below it, at the x of the last SetPosition. encoding is the filter of its "
     "samples: Flate makes the smallest files, ASCII85 and ASCIIHex plain text, and RunLength is "
-    "not taken by every reader. hyperlink as for WriteText."};
+    "not taken by every reader. hyperlink as for WriteText.",
+    {.takes_long = true}};
 
 constexpr Member kMembers[] = {
     Property<Document, string, &Document::Author, &Document::Author>(
@@ -71,12 +74,15 @@ constexpr Member kMembers[] = {
          R"("1.2" for PDF, "3.0" for PS.)"}),
 
     Method<&Document::Create>(
-        {"Create", 11, "Creates the file and starts the document.",
+        {"Create",
+         11,
+         "Creates the file and starts the document.",
          "The file is created anew, and nobody else can open it until Flush. Pen, font, margins, "
          "colors and picture box go back to their defaults: black, solid, 1 point, unfilled, "
          "Courier 8, no margins, white page, no box. False for an orientation or paper size that "
-         "is none, or when the file cannot be created."},
-        {{{"file"}}}),
+         "is none, or when the file cannot be created.",
+         {.creates_file = true}},
+        {{FileName("file")}}),
     Method<&Document::NewPage>(
         {"NewPage", 12, "Ends the open page and starts the next one.",
          "Margins in points, page color 0 to 255; the position becomes the top left corner inside "
@@ -89,9 +95,12 @@ constexpr Member kMembers[] = {
           {"red"},
           {"green"},
           {"blue"}}}),
-    Method<&Document::Flush>({"Flush", 13, "Ends the last page, writes the file and closes it.",
+    Method<&Document::Flush>({"Flush",
+                              13,
+                              "Ends the last page, writes the file and closes it.",
                               "Nothing reaches the file before. A document without pages gets "
-                              "one. Whether the file was written in full, LastRefusal tells."}),
+                              "one. Whether the file was written in full, LastRefusal tells.",
+                              {.takes_long = true, .completes_file = true}}),
 
     Method<&Document::DrawLine>(
         {"DrawLine", 14,
@@ -148,9 +157,9 @@ constexpr Member kMembers[] = {
         {{{"text"}, {"dy", 0}, {"alignment", NoAlignment}, {"justified", false}, {"width", 0}}}),
     Method<&PDF::DrawPicture>(
         kDrawPicture,
-        {{{"file"}, {"alignment", NoAlignment}, {"hyperlink", ""}, {"encoding", ASCII85}}}),
+        {{FileName("file"), {"alignment", NoAlignment}, {"hyperlink", ""}, {"encoding", ASCII85}}}),
     Method<&Document::DrawPicture, PS>(
-        kDrawPicture, {{{"file"}, {"alignment", NoAlignment}, {"encoding", ASCII85}}}),
+        kDrawPicture, {{FileName("file"), {"alignment", NoAlignment}, {"encoding", ASCII85}}}),
 
     Method<&Document::GetColor>(
         {"GetColor", 24, "Returns the color of lines and texts.",
@@ -221,8 +230,10 @@ constexpr Member kMembers[] = {
          "after one that did what was asked. Asking changes nothing."}),
 };
 
-/// Ids ascend; where two rows share one they share the name, and no class has both.
-consteval bool IdsAreInOrder() {
+/// Ids ascend; two rows that share one share the name, and no class has both. A parameter has a
+/// name, and only a text names a file. A member that creates a file is told its name and returns
+/// whether it did.
+consteval bool RowsAreSound() {
   const Member* previous = nullptr;
   for (const Member& member : kMembers) {
     if (previous != nullptr && previous->id == member.id) {
@@ -231,14 +242,19 @@ consteval bool IdsAreInOrder() {
     } else if (previous != nullptr && previous->id > member.id) {
       return false;
     }
+    bool names_file = false;
     for (const Parameter& parameter : member.parameters()) {
       if (parameter.name.empty()) return false;
+      if (parameter.file_name && parameter.type.type != Type::String) return false;
+      names_file |= parameter.file_name;
     }
+    const bool tells_success = member.result.type == Type::Boolean;
+    if (member.facts.creates_file && !(names_file && tells_success)) return false;
     previous = &member;
   }
   return true;
 }
-static_assert(IdsAreInOrder());
+static_assert(RowsAreSound());
 
 }  // namespace
 

@@ -20,24 +20,7 @@ cmake_minimum_required(VERSION 3.21)
 
 set(kNumber "(0|[1-9][0-9]*)")
 
-# Ends the build; an empty `line` speaks of the file as a whole.
-function(refuse file line reason)
-  if(NOT line STREQUAL "")
-    string(APPEND file ":${line}")
-  endif()
-  message(FATAL_ERROR "${file}: ${reason}")
-endfunction()
-
-# The lines of `file` without comments. A list keeps empty lines, which are needed for counting;
-# characters that would upset a list become `?`, which no line may hold.
-function(read_lines file lines)
-  file(READ "${file}" text)
-  string(REPLACE "\r" "" text "${text}")
-  string(REGEX REPLACE "#[^\n]*" "" text "${text}")
-  string(REGEX REPLACE "[][;\\]" "?" text "${text}")
-  string(REPLACE "\n" ";" text "${text}")
-  set(${lines} "${text}" PARENT_SCOPE)
-endfunction()
+include("${CMAKE_CURRENT_LIST_DIR}/TableLines.cmake")
 
 # Gives the codes first..last of the table being read their width. A macro, because it fills the
 # caller's width_of_<code> and line_of_<code>.

@@ -9,12 +9,6 @@ constexpr std::uint8_t kLargestFont = 72;
 
 }  // namespace
 
-layout::Rgb DocumentModel::Parse(const layout::ColorText& color) {
-  layout::Rgb rgb;
-  layout::ParseColor(color.view(), rgb);
-  return rgb;
-}
-
 void DocumentModel::SetFont(FontNumberConstants number, std::uint8_t height,
                             FontStyleConstants style, FontEffectConstants effect) noexcept {
   using enum FontNumberConstants;

@@ -11,12 +11,12 @@
 //
 // Text is bytes of the code page; the public classes convert it before it comes here.
 //
-// Errors. Members with a bool result never throw: they answer false and note the reason. NewPage
-// and Flush never throw either and go on past a failing step. Accessors throw RunTimeError where
-// they say so.
+// Errors. The document's, page's, drawing and writing members never throw: they return the note of
+// what they refused, or of the run-time error that stopped them, after which nothing of the call is
+// left. NewPage and Flush go on past a failing step; the first such failure is remembered, and
+// Flush returns it. Accessors throw RunTimeError if they say so.
 #pragma once
 
-#include <new>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -75,90 +75,74 @@ class DocumentModel {
   DocumentModel(Platform& platform, State& state, LineBuffer& lines, Writer& writer);
 
   // The document and its pages (page_flow.cpp).
-  bool Create(std::string_view file) noexcept;
-  void NewPage(const Margins& margins, const layout::Rgb& color) noexcept;
-  void Flush() noexcept;
+  FileNote Create(std::string_view file) noexcept;
+  RefusalNote NewPage(const Margins& margins, const layout::Rgb& color) noexcept;
+  FileNote Flush() noexcept;
 
   // Shapes (shapes.cpp). Coordinates as callers count them.
-  bool DrawLine(Points x1, Points y1, Points x2, Points y2) noexcept;
-  bool DrawRectangle(Points x, Points y, Points width, Points height) noexcept;
-  bool DrawCurve(Points x1, Points y1, Points x2, Points y2, Points x3, Points y3) noexcept;
-  bool DrawCircle(Points x, Points y, Points r) noexcept;
-  bool DrawEllipse(Points x, Points y, Points rx, Points ry) noexcept;
-  bool DrawArc(Points x, Points y, Points r, float th1, float th2) noexcept;
+  RefusalNote DrawLine(Points x1, Points y1, Points x2, Points y2) noexcept;
+  RefusalNote DrawRectangle(Points x, Points y, Points width, Points height) noexcept;
+  RefusalNote DrawCurve(Points x1, Points y1, Points x2, Points y2, Points x3, Points y3) noexcept;
+  RefusalNote DrawCircle(Points x, Points y, Points r) noexcept;
+  RefusalNote DrawEllipse(Points x, Points y, Points rx, Points ry) noexcept;
+  RefusalNote DrawArc(Points x, Points y, Points r, float th1, float th2) noexcept;
 
   // Text (text_run.cpp, title.cpp, paragraph.cpp).
-  bool WriteText(const TextRun& run) noexcept;
-  bool WriteTitle(const Title& title) noexcept;
-  bool WriteMultiText(const Paragraph& paragraph) noexcept;
+  RefusalNote WriteText(const TextRun& run) noexcept;
+  RefusalNote WriteTitle(const Title& title) noexcept;
+  RefusalNote WriteMultiText(const Paragraph& paragraph) noexcept;
 
   // Pictures (picture.cpp).
-  bool DrawPicture(const PictureFile& file) noexcept;
+  FileNote DrawPicture(const PictureFile& file) noexcept;
 
   // Accessors with rules (accessors.cpp); the others read and store the State's fields as they are.
-  [[nodiscard]] static layout::Rgb Parse(const layout::ColorText& color);
   void SetFont(FontNumberConstants number, std::uint8_t height, FontStyleConstants style,
                FontEffectConstants effect) noexcept;
   void SetPictureDimensions(Points width, Points height) noexcept;
   void SetPosition(Points x, Points y);
   void SetThickness(std::uint8_t thickness) noexcept;
 
-  /// Notes a refusal that was found before a call came here, and answers false.
-  bool Refuse(const RefusalNote& note) noexcept {
-    note_ = note;
-    return false;
-  }
-
-  /// Why the last call was refused.
-  [[nodiscard]] const RefusalNote& LastRefusal() const noexcept { return note_; }
-  [[nodiscard]] std::string LastRefusalSentence() const { return Sentence(note_, detail_); }
-
  private:
-  /// Everything that a call taken back must give back.
-  struct Checkpoint {
-    State state;
-    LineBuffer::Mark lines;
-    std::any writer;
-  };
-
   /// Where a mark's object numbers come from: the free ones, or those kept back for the page end.
   enum class Numbers { Free, Reserved };
 
-  /// The error trap of a member with a result: runs `steps`, which answer a RefusalNote, and keeps
-  /// the note; a run-time error becomes one.
+  /// The error trap: runs `steps`, which return a note. A run-time error becomes a note too, and
+  /// what the call had written is taken back. The page's state is the caller's to change last.
   template <class Steps>
-  bool Attempt(const Steps& steps) noexcept {
+  auto Attempt(const Steps& steps) noexcept -> decltype(steps()) {
+    const LineBuffer::Mark lines = lines_.Here();
+    writer_.Mark();
     try {
-      note_ = steps();
-    } catch (const RunTimeError& error) {
-      note_ = {RefusalReason::RunTimeFault, error.number(), 0};
-    } catch (const std::exception&) {
-      note_ = {RefusalReason::RunTimeFault, RunTimeError::OutOfMemory, 0};
+      return steps();
+    } catch (const std::exception& error) {
+      lines_.RollBack(lines);
+      writer_.BackToMark();
+      return FaultNote(error);
     }
-    return !note_;
   }
 
-  /// For a call made of several others: if they run out of object numbers half way, what they
-  /// wrote is taken back. `at_most` says how much they could write.
+  /// For a call made of several others: if one of them fails, what they wrote is taken back, and
+  /// the page's state is what it was.
   template <class Steps>
-  RefusalNote AllOrNothing(const Pieces& at_most, const Steps& steps) {
-    if (!writer_.RoomFor(at_most)) return steps();
-    const Checkpoint before = {state_, lines_.Here(), writer_.Save()};
-    const RefusalNote outcome = steps();
-    if (outcome.reason == RefusalReason::NoObjectNumbersLeft) {
-      state_ = before.state;
-      lines_.RollBack(before.lines);
-      writer_.Restore(before.writer);
+  RefusalNote AllOrNothing(const Steps& steps) noexcept {
+    const PageState page = state_;
+    const LineBuffer::Mark lines = lines_.Here();
+    const RefusalNote outcome = Attempt(steps);
+    if (outcome) {
+      lines_.RollBack(lines);
+      writer_.BackToMark();
+      static_cast<PageState&>(state_) = page;
     }
     return outcome;
   }
 
   // page_flow.cpp
-  RefusalNote TryCreate(std::string_view file);
+  FileNote TryCreate(std::string_view file);
+  RefusalNote StartPage(const Margins& margins, const layout::ColorText& color) noexcept;
   RefusalNote TakeMargins(const Margins& margins);
-  RefusalNote WriteFile();
+  FileNote WriteFile();
   void ResetPen();
-  void EndPage();
+  RefusalNote EndPage() noexcept;
   void WriteFooter();
 
   // shapes.cpp
@@ -167,12 +151,14 @@ class DocumentModel {
     return {state_.PageX(x), state_.PageY(y)};
   }
   template <class Check, class Draw>
-  bool DrawShape(const Check& check, const Draw& draw) noexcept;
+  RefusalNote DrawShape(const Check& check, const Draw& draw) noexcept;
+  RefusalNote TryDrawCircle(Points x, Points y, Points r);
+  RefusalNote TryDrawRectangle(Points x, Points y, Points width, Points height);
 
   // text_run.cpp
   [[nodiscard]] RefusalNote CheckText(Points width, AlignmentConstants alignment) const;
   [[nodiscard]] std::optional<Points> EffectLine(Points y) const;
-  RefusalNote TryWriteText(const TextRun& run, Numbers numbers);
+  RefusalNote TryWriteText(const TextRun& run, Numbers numbers = Numbers::Free);
 
   // title.cpp
   RefusalNote TryWriteTitle(const Title& title);
@@ -189,8 +175,8 @@ class DocumentModel {
   RefusalNote BreakPageIfFull();
 
   // picture.cpp
-  RefusalNote TryDrawPicture(const PictureFile& file);
-  [[nodiscard]] layout::Resize::Size PictureSize(const layout::Resize::Size& pixels) const;
+  FileNote TryDrawPicture(const PictureFile& file);
+  [[nodiscard]] layout::Size PictureSize(const layout::Size& pixels) const;
 
   /// The glyph widths, loaded on first use.
   const layout::FontWidths& Widths();
@@ -201,9 +187,7 @@ class DocumentModel {
   Writer& writer_;
   std::optional<layout::FontWidths> widths_;
   std::string footer_;
-
-  RefusalNote note_;
-  std::string detail_;  // of a failed file operation: the name and the reason
+  RefusalNote fault_;  // the first failure of a page end since Create
 
   /// A word of the paragraph being written: where it lies in the text, and its width.
   struct Word {

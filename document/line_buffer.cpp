@@ -8,6 +8,7 @@ namespace vellumark::document {
 std::size_t LineBuffer::AppendOwned(std::string&& line) {
   if (line.size() > kLongestLine - kLineEnd.size()) throw RunTimeError(RunTimeError::Overflow);
   line.append(kLineEnd);
+  ReserveSize();
   Chunk chunk;
   chunk.owned = std::move(line);
   const std::size_t size = chunk.owned.size();
@@ -34,12 +35,17 @@ LineBuffer::Mark LineBuffer::Here() const noexcept {
   return {sizes_.size(), chunks_.size(), chunks_.empty() ? 0 : chunks_.back().used, byte_count_};
 }
 
-void LineBuffer::RollBack(const Mark& mark) {
-  chunks_.resize(mark.chunks);
+void LineBuffer::RollBack(const Mark& mark) noexcept {
+  chunks_.erase(chunks_.begin() + static_cast<std::ptrdiff_t>(mark.chunks), chunks_.end());
   if (!chunks_.empty()) chunks_.back().used = mark.used;
   sizes_.resize(mark.lines);
+  while (!replacements_.empty() && replacements_.back().first >= mark.lines) {
+    replacements_.pop_back();
+  }
   byte_count_ = mark.byte_count;
 }
+
+void LineBuffer::GrowSizes() { sizes_.reserve(std::max<std::size_t>(64, 2 * sizes_.size())); }
 
 void LineBuffer::AddArena(std::size_t size) {
   Chunk chunk;

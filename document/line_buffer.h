@@ -41,7 +41,7 @@ class LineBuffer {
   /// The end of every line in the file.
   static constexpr std::string_view kLineEnd = "\r\n";
 
-  /// Appends one line made of `parts` and answers its index.
+  /// Appends one line made of `parts` and returns its index. A call that throws appends nothing.
   template <class... Parts>
   std::size_t Append(const Parts&... parts) {
     char* const start = Room((MaxSize(parts) + ... + kLineEnd.size()));
@@ -51,7 +51,7 @@ class LineBuffer {
     return Commit(static_cast<std::size_t>(end - start));
   }
 
-  /// Appends one line and takes it over. With room for two more bytes it is not copied.
+  /// Appends one line and takes it over. If it has room for two more bytes it is not copied.
   std::size_t AppendOwned(std::string&& line);
 
   /// Gives the line `index` another text, without line end, when the lines are written.
@@ -92,8 +92,8 @@ class LineBuffer {
 
   [[nodiscard]] Mark Here() const noexcept;
 
-  /// Forgets every line appended since `mark` was taken.
-  void RollBack(const Mark& mark);
+  /// Forgets every line that was appended, and every text that was replaced behind `mark`.
+  void RollBack(const Mark& mark) noexcept;
 
  private:
   static constexpr std::size_t kChunkSize = 65536;
@@ -142,17 +142,24 @@ class LineBuffer {
   /// Room for a line of at most `size` bytes. Raises run-time error 6 for one of 2 GiB.
   char* Room(std::size_t size) {
     if (size > kLongestLine) throw RunTimeError(RunTimeError::Overflow);
+    ReserveSize();
     if (chunks_.empty() || chunks_.back().capacity - chunks_.back().used < size) AddArena(size);
     return chunks_.back().arena.get() + chunks_.back().used;
   }
 
-  std::size_t Commit(std::size_t size) {
+  /// Makes room for one more entry of sizes_, so that Commit cannot fail.
+  void ReserveSize() {
+    if (sizes_.size() == sizes_.capacity()) GrowSizes();
+  }
+
+  std::size_t Commit(std::size_t size) noexcept {
     chunks_.back().used += size;
     byte_count_ += static_cast<std::int64_t>(size);
     sizes_.push_back(static_cast<std::uint32_t>(size));
     return sizes_.size() - 1;
   }
 
+  void GrowSizes();
   void AddArena(std::size_t size);
 
   std::vector<Chunk> chunks_;

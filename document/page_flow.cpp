@@ -26,6 +26,8 @@ template <class Operation>
 std::error_code ErrorOf(const Operation& operation) noexcept {
   try {
     return operation();
+  } catch (const std::bad_alloc&) {
+    return std::make_error_code(std::errc::not_enough_memory);
   } catch (const std::exception&) {
     return std::make_error_code(std::errc::io_error);
   }
@@ -47,21 +49,27 @@ const layout::FontWidths& DocumentModel::Widths() {
   return *widths_;
 }
 
-bool DocumentModel::Create(std::string_view file) noexcept {
+FileNote DocumentModel::Create(std::string_view file) noexcept {
   const FileHandle before = state_.file;
-  const bool created = Attempt([&] { return TryCreate(file); });
-  if (!created && state_.file != before && state_.file != FileHandle::Invalid) {
-    ErrorOf([&] { return platform_.CloseOutput(state_.file); });
-    state_.file = FileHandle::Invalid;
+  try {
+    return TryCreate(file);
+  } catch (const std::exception& error) {
+    if (state_.file != before && state_.file != FileHandle::Invalid) {
+      ErrorOf([&] { return platform_.CloseOutput(state_.file); });
+      state_.file = FileHandle::Invalid;
+    }
+    return FaultNote(error);
   }
-  return created;
 }
 
-RefusalNote DocumentModel::TryCreate(std::string_view file) {
+FileNote DocumentModel::TryCreate(std::string_view file) {
   const auto orientation = static_cast<std::int32_t>(state_.orientation);
-  if (orientation != 1 && orientation != 2) return {RefusalReason::InvalidOrientation, orientation};
+  if (orientation != 1 && orientation != 2) {
+    return RefusalNote{RefusalReason::InvalidOrientation, orientation};
+  }
   if (!layout::IsPaperSize(state_.paper_size)) {
-    return {RefusalReason::InvalidPaperSize, static_cast<std::int32_t>(state_.paper_size)};
+    return RefusalNote{RefusalReason::InvalidPaperSize,
+                       static_cast<std::int32_t>(state_.paper_size)};
   }
   FileHandle opened = FileHandle::Invalid;
   const std::error_code error = ErrorOf([&] {
@@ -70,11 +78,11 @@ RefusalNote DocumentModel::TryCreate(std::string_view file) {
     return reason;
   });
   if (opened == FileHandle::Invalid) {
-    detail_ = std::string(file) + ": " + error.message();
     if (!writer_.KeepsFileWhenCreateFails()) state_.file = opened;
-    return {RefusalReason::FileNotCreated};
+    return {RefusalReason::FileNotCreated, std::string(file) + ": " + error.message()};
   }
   state_.file = opened;
+  fault_ = {};
   lines_.Clear();
   Widths();
   layout::GetPaperDimensions(state_.paper_size, state_.orientation, state_.page);
@@ -98,26 +106,34 @@ void DocumentModel::ResetPen() {
   state_.page_open = false;
 }
 
-void DocumentModel::NewPage(const Margins& margins, const layout::Rgb& color) noexcept {
-  note_ = writer_.RoomFor(state_.page_open ? Pieces{.pages = 1} : Pieces{.marks = 1});
-  if (note_) return;
+RefusalNote DocumentModel::NewPage(const Margins& margins, const layout::Rgb& color) noexcept {
+  const RefusalNote note =
+      StartPage(margins, layout::FormatColor(color.red, color.green, color.blue));
+  if (note.reason == RefusalReason::RunTimeFault && !fault_) fault_ = note;
+  return note;
+}
+
+/// Ends the open page and starts the next one. A failing step does not stop those behind it.
+RefusalNote DocumentModel::StartPage(const Margins& margins,
+                                     const layout::ColorText& color) noexcept {
+  if (const RefusalNote refused =
+          writer_.RoomFor(state_.page_open ? Pieces{.pages = 1} : Pieces{.marks = 1})) {
+    return refused;
+  }
   RefusalNote margins_note;
-  ResumeNext(
-      [&] {
-        if (state_.page_open) EndPage();
-      },
-      [&] { state_.page_open = true; },  //
-      [&] { writer_.BeginPage(); },      //
-      [&] { margins_note = TakeMargins(margins); },
-      [&] { state_.page_color = layout::FormatColor(color.red, color.green, color.blue); },
-      [&] { writer_.PaintBackground(); },
-      [&] {
-        state_.position_x = 0;
-        state_.line_start_x = 0;
-        state_.position_y = state_.page.height;
-      },
-      [&] { writer_.AnnouncePage(); });
-  note_ = margins_note;
+  const RefusalNote fault = ResumeNext([&] { return state_.page_open ? EndPage() : RefusalNote{}; },
+                                       [&] { state_.page_open = true; },  //
+                                       [&] { writer_.BeginPage(); },      //
+                                       [&] { margins_note = TakeMargins(margins); },
+                                       [&] { state_.page_color = color; },  //
+                                       [&] { writer_.PaintBackground(); },
+                                       [&] {
+                                         state_.position_x = 0;
+                                         state_.line_start_x = 0;
+                                         state_.position_y = state_.page.height;
+                                       },
+                                       [&] { writer_.AnnouncePage(); });
+  return fault ? fault : margins_note;
 }
 
 RefusalNote DocumentModel::TakeMargins(const Margins& margins) {
@@ -135,38 +151,49 @@ RefusalNote DocumentModel::TakeMargins(const Margins& margins) {
   return {};
 }
 
-void DocumentModel::EndPage() {
-  layout::Rgb color;
+/// The footer in a pen of its own, then what ends the page. A failing step does not stop those
+/// behind it.
+RefusalNote DocumentModel::EndPage() noexcept {
+  // Before Create there is no color; afterwards there is, black.
+  const layout::ColorText color =
+      state_.color.view().empty() ? layout::FormatColor(0, 0, 0) : state_.color;
   const layout::Font font = state_.font;
   const Points x = state_.position_x;
   Points y;
-  ResumeNext([&] { layout::ParseColor(state_.color.view(), color); },  //
-             [&] { y = state_.Y(); },                                  //
-             [&] { state_.color = layout::FormatColor(0, 0, 0); },
-             [&] {
-               SetFont(FontNumberConstants::Times, 10, FontStyleConstants::Regular,
-                       FontEffectConstants::NoFontEffect);
-             },
-             [&] { SetPosition(-1, state_.UsableHeight() - kFooterHeight); },
-             [&] { WriteFooter(); },
-             [&] { state_.color = layout::FormatColor(color.red, color.green, color.blue); },
-             [&] { SetFont(font.number, font.height, font.style, font.effect); },
-             [&] { SetPosition(x, y); },  //
-             [&] { writer_.EndPage(); });
+  return ResumeNext([&] { y = state_.Y(); },  //
+                    [&] { state_.color = layout::FormatColor(0, 0, 0); },
+                    [&] {
+                      SetFont(FontNumberConstants::Times, 10, FontStyleConstants::Regular,
+                              FontEffectConstants::NoFontEffect);
+                    },
+                    [&] { SetPosition(-1, state_.UsableHeight() - kFooterHeight); },
+                    [&] { WriteFooter(); },  //
+                    [&] { state_.color = color; },
+                    [&] { SetFont(font.number, font.height, font.style, font.effect); },
+                    [&] { SetPosition(x, y); },  //
+                    [&] { writer_.EndPage(); });
 }
 
+/// A footer that does not fit between the margins is left out.
 void DocumentModel::WriteFooter() {
-  const TextRun footer = {.text = footer_, .alignment = AlignmentConstants::Center};
-  Attempt([&] { return TryWriteText(footer, Numbers::Reserved); });
+  TryWriteText({.text = footer_, .alignment = AlignmentConstants::Center}, Numbers::Reserved);
 }
 
-void DocumentModel::Flush() noexcept {
-  ResumeNext([&] { EndPage(); }, [&] { writer_.EndDocument(); });
-  Attempt([&] { return WriteFile(); });
+FileNote DocumentModel::Flush() noexcept {
+  const RefusalNote fault =
+      ResumeNext([&] { return EndPage(); }, [&] { return writer_.EndDocument(); });
+  if (!fault_) fault_ = fault;
+  try {
+    FileNote written = WriteFile();
+    if (written.note || !fault_) return written;
+    return RefusalNote{RefusalReason::DocumentNotWhole, fault_.got};
+  } catch (const std::exception& error) {  // memory is too short for the reason's words
+    return FaultNote(error);
+  }
 }
 
-RefusalNote DocumentModel::WriteFile() {
-  if (state_.file == FileHandle::Invalid) return {RefusalReason::FileNotOpen};
+FileNote DocumentModel::WriteFile() {
+  if (state_.file == FileHandle::Invalid) return RefusalNote{RefusalReason::FileNotOpen};
   std::error_code first_error;
   lines_.ForEachLine([&](std::string_view line) {
     const std::error_code error = ErrorOf([&] { return platform_.WriteOutput(state_.file, line); });
@@ -176,8 +203,7 @@ RefusalNote DocumentModel::WriteFile() {
   state_.file = FileHandle::Invalid;
   if (error && !first_error) first_error = error;
   if (!first_error) return {};
-  detail_ = first_error.message();
-  return {RefusalReason::FileNotWritten};
+  return {RefusalReason::FileNotWritten, first_error.message()};
 }
 
 }  // namespace vellumark::document

@@ -19,7 +19,7 @@ std::string_view WithoutTrailingBlanks(std::string_view text) {
 
 }  // namespace
 
-bool DocumentModel::WriteMultiText(const Paragraph& paragraph) noexcept {
+RefusalNote DocumentModel::WriteMultiText(const Paragraph& paragraph) noexcept {
   return Attempt([&] { return TryWriteMultiText(paragraph); });
 }
 
@@ -27,10 +27,7 @@ RefusalNote DocumentModel::TryWriteMultiText(const Paragraph& paragraph) {
   Points width = paragraph.width;
   if (const RefusalNote refused = PlaceParagraph(paragraph, width)) return refused;
   if (const RefusalNote refused = MeasureWords(paragraph.text, width)) return refused;
-  // Each word may end a line and stand alone in one; each line may meet the end of a page.
-  const auto words = static_cast<std::int64_t>(words_.size());
-  const Pieces at_most = {.marks = 2 * (2 * words + 1), .pages = words + 1};
-  return AllOrNothing(at_most, [&] { return WriteLines(paragraph, width); });
+  return AllOrNothing([&] { return WriteLines(paragraph, width); });
 }
 
 /// Settles the width of the lines and sets the position to their left edge.
@@ -106,8 +103,9 @@ RefusalNote DocumentModel::WriteFinishedLine(std::string_view line, const Paragr
   const std::size_t count = justified_.words.size();
   for (std::size_t j = 0; j < count; ++j) {
     state_.position_x = left + justified_.positions[j];
-    WriteText({.text = justified_.words[j], .carriage_return = j + 1 == count, .dy = paragraph.dy});
-    if (note_.reason == RefusalReason::NoObjectNumbersLeft) return note_;
+    const RefusalNote refused = TryWriteText(
+        {.text = justified_.words[j], .carriage_return = j + 1 == count, .dy = paragraph.dy});
+    if (refused.reason == RefusalReason::NoObjectNumbersLeft) return refused;
   }
   return {};
 }
@@ -118,14 +116,18 @@ RefusalNote DocumentModel::WriteLastLine(std::string_view line, const Paragraph&
   if (const RefusalNote refused = BreakPageIfFull()) return refused;
   state_.position_x = left;
   const std::string with_blank = std::string(line) + ' ';
-  WriteText({.text = with_blank, .carriage_return = true, .dy = paragraph.dy});
-  return note_.reason == RefusalReason::NoObjectNumbersLeft ? note_ : RefusalNote{};
+  const RefusalNote refused =
+      TryWriteText({.text = with_blank, .carriage_return = true, .dy = paragraph.dy});
+  return refused.reason == RefusalReason::NoObjectNumbersLeft ? refused : RefusalNote{};
 }
 
 RefusalNote DocumentModel::BreakPageIfFull() {
   if (state_.Y() + state_.font.height <= state_.UsableHeight()) return {};
-  NewPage(state_.margins, Parse(state_.page_color));
-  return note_.reason == RefusalReason::NoObjectNumbersLeft ? note_ : RefusalNote{};
+  // Before Create there is no page color.
+  if (state_.page_color.view().empty()) throw RunTimeError(RunTimeError::SubscriptOutOfRange);
+  const RefusalNote note = StartPage(state_.margins, state_.page_color);
+  // The page's own margins are refused only if there is no document.
+  return note.reason == RefusalReason::MarginsNotTaken ? RefusalNote{} : note;
 }
 
 }  // namespace vellumark::document

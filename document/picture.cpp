@@ -16,52 +16,56 @@ bool IsEncoding(EncodingConstants encoding) {
 
 }  // namespace
 
-bool DocumentModel::DrawPicture(const PictureFile& file) noexcept {
+FileNote DocumentModel::DrawPicture(const PictureFile& file) noexcept {
   return Attempt([&] { return TryDrawPicture(file); });
 }
 
-RefusalNote DocumentModel::TryDrawPicture(const PictureFile& file) {
+FileNote DocumentModel::TryDrawPicture(const PictureFile& file) {
   if (!layout::IsAlignment(file.alignment)) {
-    return {RefusalReason::InvalidAlignment, static_cast<std::int32_t>(file.alignment)};
+    return RefusalNote{RefusalReason::InvalidAlignment, static_cast<std::int32_t>(file.alignment)};
   }
   if (!IsEncoding(file.encoding)) {
-    return {RefusalReason::InvalidEncoding, static_cast<std::int32_t>(file.encoding)};
+    return RefusalNote{RefusalReason::InvalidEncoding, static_cast<std::int32_t>(file.encoding),
+                       static_cast<std::int32_t>(EncodingConstants::Flate)};
   }
   layout::Picture picture;
   std::string reason;
   if (!layout::LoadPicture(platform_, file.name, picture, reason)) {
-    detail_ = std::string(file.name) + ": " + reason;
-    return {RefusalReason::PictureNotLoaded};
+    return {RefusalReason::PictureNotLoaded, std::string(file.name) + ": " + reason};
   }
-  const layout::Resize::Size size = PictureSize({picture.width, picture.height});
+  const layout::Size size = PictureSize({picture.width, picture.height});
   const Points y = state_.Y();
   // From where it stands now, also if it is going to be aligned.
   const int right = state_.position_x.value() + size.width.value();
   const int bottom = y.value() + size.height.value();
-  if (const RefusalNote refused = Box().CheckReach(right, bottom)) return refused;
+  if (RefusalNote refused = Box().CheckReach(right, bottom)) {
+    const bool across = refused.reason == RefusalReason::BeyondRightMargin;
+    refused.reason = across ? RefusalReason::PictureTooWide : RefusalReason::PictureTooHigh;
+    if (!state_.page_open) refused.reason = RefusalReason::NoPage;
+    return refused;
+  }
   const Pieces pieces = {.links = file.hyperlink.empty() ? 0 : 1,
                          .images = 1,
                          .palettes = picture.HasPalette() ? 1 : 0};
   if (const RefusalNote refused = writer_.RoomFor(pieces)) return refused;
 
-  if (file.alignment != AlignmentConstants::NoAlignment) {
-    state_.position_x =
-        layout::GetAlignmentOffset(state_.UsableWidth(), size.width, file.alignment);
-  }
-  const Points x = state_.position_x;
+  const bool aligned = file.alignment != AlignmentConstants::NoAlignment;
+  const Points x =
+      aligned ? layout::GetAlignmentOffset(state_.UsableWidth(), size.width, file.alignment)
+              : state_.position_x;
   writer_.DrawImage(picture, {OnPage(x, y), size.width, size.height, file.encoding});
   if (!file.hyperlink.empty()) {
     writer_.WriteLink(file.hyperlink, OnPage(x, y), OnPage(x + size.width, y + size.height));
   }
-  state_.position_x = state_.line_start_x;
   state_.position_y = state_.position_y - size.height;
+  state_.position_x = state_.line_start_x;
   return {};
 }
 
 /// A point for each pixel, unless a box makes it smaller.
-layout::Resize::Size DocumentModel::PictureSize(const layout::Resize::Size& pixels) const {
+layout::Size DocumentModel::PictureSize(const layout::Size& pixels) const {
   if (state_.picture_width < 1 || state_.picture_height < 1) return pixels;
-  return layout::Resize::Calculate({state_.picture_width, state_.picture_height}, pixels);
+  return layout::Resize({state_.picture_width, state_.picture_height}, pixels);
 }
 
 }  // namespace vellumark::document

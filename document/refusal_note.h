@@ -2,17 +2,19 @@
 //
 // RefusalNote: the reason of a refusal and its numbers, as an operation returns it.
 //
-// It is three words wide and tells nothing in words, so that refusing costs no more than accepting;
-// the sentence is put together when the host asks. A default note means that nothing was refused:
+// It is three words wide and has no text, so that refusing costs no more than accepting; the
+// sentence is put together when the host asks. A default note means that nothing was refused:
 //
 //     if (const RefusalNote refused = box.CheckLine(...)) return refused;
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <string>
 #include <string_view>
 
 #include <vellumark/refusal.h>
+#include <vellumark/run_time_error.h>
 
 namespace vellumark::document {
 
@@ -24,8 +26,21 @@ struct RefusalNote {
   explicit operator bool() const noexcept { return reason != RefusalReason::None; }
 };
 
-/// The sentence for `note`; `detail` names the file and the system's own reason where a file
-/// operation failed.
+/// The note of a file operation: with the file's name and the system's own reason.
+struct FileNote {
+  RefusalNote note;
+  std::string detail;
+
+  FileNote() = default;
+  FileNote(const RefusalNote& refused) : note(refused) {}
+  FileNote(RefusalReason reason, std::string text) : note{reason}, detail(std::move(text)) {}
+};
+
+/// The note of a run-time error: its number, 7 for memory that is short.
+[[nodiscard]] RefusalNote FaultNote(const std::exception& error) noexcept;
+
+/// The sentence for `note`; `detail` names the file and the system's own reason if a file operation
+/// failed.
 [[nodiscard]] std::string Sentence(const RefusalNote& note, std::string_view detail);
 
 }  // namespace vellumark::document

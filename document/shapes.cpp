@@ -6,7 +6,7 @@
 namespace vellumark::document {
 
 template <class Check, class Draw>
-bool DocumentModel::DrawShape(const Check& check, const Draw& draw) noexcept {
+RefusalNote DocumentModel::DrawShape(const Check& check, const Draw& draw) noexcept {
   return Attempt([&]() -> RefusalNote {
     if (const RefusalNote refused = check(Box())) return refused;
     if (const RefusalNote refused = writer_.RoomFor({.marks = 1})) return refused;
@@ -15,7 +15,7 @@ bool DocumentModel::DrawShape(const Check& check, const Draw& draw) noexcept {
   });
 }
 
-bool DocumentModel::DrawLine(Points x1, Points y1, Points x2, Points y2) noexcept {
+RefusalNote DocumentModel::DrawLine(Points x1, Points y1, Points x2, Points y2) noexcept {
   return DrawShape(
       [&](const UsableBox& box) {
         return box.CheckPoints({{x1, y1}, {x2, y2}});
@@ -23,16 +23,19 @@ bool DocumentModel::DrawLine(Points x1, Points y1, Points x2, Points y2) noexcep
       [&] { writer_.DrawLine(OnPage(x1, y1), OnPage(x2, y2)); });
 }
 
-bool DocumentModel::DrawRectangle(Points x, Points y, Points width, Points height) noexcept {
-  return DrawShape(
-      [&](const UsableBox& box) {
-        return box.CheckRectangle({x, y}, width, height);
-      },
-      [&] { writer_.DrawRectangle(OnPage(x, y), width, height); });
+RefusalNote DocumentModel::TryDrawRectangle(Points x, Points y, Points width, Points height) {
+  if (const RefusalNote refused = Box().CheckRectangle({x, y}, width, height)) return refused;
+  if (const RefusalNote refused = writer_.RoomFor({.marks = 1})) return refused;
+  writer_.DrawRectangle(OnPage(x, y), width, height);
+  return {};
 }
 
-bool DocumentModel::DrawCurve(Points x1, Points y1, Points x2, Points y2, Points x3,
-                              Points y3) noexcept {
+RefusalNote DocumentModel::DrawRectangle(Points x, Points y, Points width, Points height) noexcept {
+  return Attempt([&] { return TryDrawRectangle(x, y, width, height); });
+}
+
+RefusalNote DocumentModel::DrawCurve(Points x1, Points y1, Points x2, Points y2, Points x3,
+                                     Points y3) noexcept {
   return DrawShape(
       [&](const UsableBox& box) {
         return box.CheckPoints({{x1, y1}, {x2, y2}, {x3, y3}});
@@ -40,15 +43,18 @@ bool DocumentModel::DrawCurve(Points x1, Points y1, Points x2, Points y2, Points
       [&] { writer_.DrawCurve(OnPage(x1, y1), OnPage(x2, y2), OnPage(x3, y3)); });
 }
 
-bool DocumentModel::DrawCircle(Points x, Points y, Points r) noexcept {
-  return DrawShape(
-      [&](const UsableBox& box) {
-        return box.CheckEllipse({x, y}, r, r);
-      },
-      [&] { writer_.DrawCircle(OnPage(x, y), r); });
+RefusalNote DocumentModel::TryDrawCircle(Points x, Points y, Points r) {
+  if (const RefusalNote refused = Box().CheckEllipse({x, y}, r, r)) return refused;
+  if (const RefusalNote refused = writer_.RoomFor({.marks = 1})) return refused;
+  writer_.DrawCircle(OnPage(x, y), r);
+  return {};
 }
 
-bool DocumentModel::DrawEllipse(Points x, Points y, Points rx, Points ry) noexcept {
+RefusalNote DocumentModel::DrawCircle(Points x, Points y, Points r) noexcept {
+  return Attempt([&] { return TryDrawCircle(x, y, r); });
+}
+
+RefusalNote DocumentModel::DrawEllipse(Points x, Points y, Points rx, Points ry) noexcept {
   return DrawShape(
       [&](const UsableBox& box) {
         return box.CheckEllipse({x, y}, rx, ry);
@@ -56,7 +62,7 @@ bool DocumentModel::DrawEllipse(Points x, Points y, Points rx, Points ry) noexce
       [&] { writer_.DrawEllipse(OnPage(x, y), rx, ry); });
 }
 
-bool DocumentModel::DrawArc(Points x, Points y, Points r, float th1, float th2) noexcept {
+RefusalNote DocumentModel::DrawArc(Points x, Points y, Points r, float th1, float th2) noexcept {
   return DrawShape(
       [&](const UsableBox& box) {
         return box.CheckEllipse({x, y}, r, r);

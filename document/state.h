@@ -5,6 +5,8 @@
 // The properties keep their values from one Create to the next; pen, font, margins and picture box
 // go back to their defaults with every Create. The position is held in a mixed form: position_x is
 // relative to the left margin, position_y is the page height less the y below the top margin.
+//
+// PageState is the part that a call which is taken back must give back; copying it cannot fail.
 #pragma once
 
 #include <string>
@@ -34,25 +36,15 @@ struct Margins {
   Points bottom;
 };
 
-struct State {
-  // Properties.
-  HostText author;
-  HostText creator;
-  HostText title;
-  OrientationConstants orientation = OrientationConstants::Portrait;
-  PaperSizeConstants paper_size = PaperSizeConstants::A4;
-  bool rotated = false;
-
-  // The pen.
+struct PageState {
+  // The pen; its dash is in State.
   layout::ColorText color;
   layout::ColorText fill_color;
-  HostText dash;  ///< without brackets; empty for a solid line
   bool fill_style = false;
   std::uint8_t thickness = 0;
   layout::Font font;
 
   // The page.
-  layout::Paper page;  ///< size after orientation, and the paper's name
   layout::ColorText page_color;
   Margins margins;
   Points picture_width;  ///< of the box that pictures are fitted into; 0 for none
@@ -63,6 +55,19 @@ struct State {
   Points position_x;
   Points position_y;
   Points line_start_x;  ///< where a carriage return goes back to
+};
+
+struct State : PageState {
+  // Properties.
+  HostText author;
+  HostText creator;
+  HostText title;
+  OrientationConstants orientation = OrientationConstants::Portrait;
+  PaperSizeConstants paper_size = PaperSizeConstants::A4;
+  bool rotated = false;
+
+  HostText dash;       ///< of the pen, without brackets; empty for a solid line
+  layout::Paper page;  ///< size after orientation, and the paper's name
 
   FileHandle file = FileHandle::Invalid;
 

@@ -6,8 +6,8 @@
 
 namespace vellumark::document {
 
-bool DocumentModel::WriteText(const TextRun& run) noexcept {
-  return Attempt([&] { return TryWriteText(run, Numbers::Free); });
+RefusalNote DocumentModel::WriteText(const TextRun& run) noexcept {
+  return Attempt([&] { return TryWriteText(run); });
 }
 
 RefusalNote DocumentModel::TryWriteText(const TextRun& run, Numbers numbers) {
@@ -26,18 +26,19 @@ RefusalNote DocumentModel::TryWriteText(const TextRun& run, Numbers numbers) {
     if (const RefusalNote refused = writer_.RoomFor(pieces)) return refused;
   }
 
-  state_.position_x = x;
+  const Points end = x + width;
   writer_.ShowText(run.text, OnPage(x, y + height));
-  if (effect_fits) DrawLine(x, *effect_y, x + width, *effect_y);
+  if (effect_fits) writer_.DrawLine(OnPage(x, *effect_y), OnPage(end, *effect_y));
   if (!run.hyperlink.empty()) {
     // Two points wider than the text, and a fifth of its height deeper.
     const Points below = y + height + height / 5;
-    writer_.WriteLink(run.hyperlink, OnPage(x, y), OnPage(x + width + 2, below));
+    writer_.WriteLink(run.hyperlink, OnPage(x, y), OnPage(end + 2, below));
   }
-  state_.position_x = x + width;
   if (run.carriage_return) {
-    state_.position_x = state_.line_start_x;
     state_.position_y = state_.position_y - height - run.dy;
+    state_.position_x = state_.line_start_x;
+  } else {
+    state_.position_x = end;
   }
   return {};
 }
@@ -52,7 +53,9 @@ RefusalNote DocumentModel::CheckText(Points width, AlignmentConstants alignment)
   if (width.value() > left) return {RefusalReason::TextTooWide, width.value(), left};
   const int bottom = state_.Y().value() + state_.font.height;
   if (bottom > box.height.value()) {
-    return {RefusalReason::BeyondBottomMargin, bottom, box.height.value()};
+    const auto reason =
+        state_.page_open ? RefusalReason::BeyondBottomMargin : RefusalReason::NoPage;
+    return {reason, bottom, box.height.value()};
   }
   return {};
 }

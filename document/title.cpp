@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 //
 // WriteTitle: a disc or square in front of one line of text.
+#include <utility>
+
 #include "document/document_model.h"
 #include "layout/alignment.h"
 
 namespace vellumark::document {
 
-bool DocumentModel::WriteTitle(const Title& title) noexcept {
+RefusalNote DocumentModel::WriteTitle(const Title& title) noexcept {
   return Attempt([&] { return TryWriteTitle(title); });
 }
 
@@ -22,34 +24,30 @@ RefusalNote DocumentModel::TryWriteTitle(const Title& title) {
   if (title.alignment != AlignmentConstants::NoAlignment) {
     state_.position_x = layout::GetAlignmentOffset(state_.UsableWidth(), width, title.alignment);
   }
-  // A bullet, the text, the line of a font effect.
-  return AllOrNothing({.marks = 3, .links = 1}, [&] { return WriteBulletAndText(title); });
+  // Before Create there is no fill color.
+  if (state_.fill_color.view().empty()) throw RunTimeError(RunTimeError::SubscriptOutOfRange);
+  const bool fill_style = state_.fill_style;
+  HostText dash = std::exchange(state_.dash, {});
+  state_.fill_style = true;
+  const RefusalNote outcome = AllOrNothing([&] { return WriteBulletAndText(title); });
+  state_.dash = std::move(dash);
+  state_.fill_style = fill_style;
+  return outcome;
 }
 
+/// A bullet or text that does not fit is left out; only a lack of object numbers refuses the title.
 RefusalNote DocumentModel::WriteBulletAndText(const Title& title) {
-  const HostText dash = state_.dash;
-  const layout::Rgb fill_color = Parse(state_.fill_color);
-  const bool fill_style = state_.fill_style;
-  state_.dash = {};
-  state_.fill_style = true;
-
   const int h = state_.font.height;
   const Points x = state_.position_x;
   const Points y = state_.Y();
-  if (title.bullet == BulletConstants::Disc) {
-    DrawCircle(x + h / 8, y + h / 8 + h / 2 + 1, h / 8);
-  } else {
-    DrawRectangle(x, y + h / 2 + 1, h / 4, h / 4);
-  }
-  if (note_.reason == RefusalReason::NoObjectNumbersLeft) return note_;
+  const RefusalNote bullet = title.bullet == BulletConstants::Disc
+                                 ? TryDrawCircle(x + h / 8, y + h / 8 + h / 2 + 1, h / 8)
+                                 : TryDrawRectangle(x, y + h / 2 + 1, h / 4, h / 4);
+  if (bullet.reason == RefusalReason::NoObjectNumbersLeft) return bullet;
   state_.position_x = x + h - 1;
-  WriteText({.text = title.text, .carriage_return = true, .hyperlink = title.hyperlink});
-  if (note_.reason == RefusalReason::NoObjectNumbersLeft) return note_;
-
-  state_.dash = dash;
-  state_.fill_color = layout::FormatColor(fill_color.red, fill_color.green, fill_color.blue);
-  state_.fill_style = fill_style;
-  return {};
+  const RefusalNote text =
+      TryWriteText({.text = title.text, .carriage_return = true, .hyperlink = title.hyperlink});
+  return text.reason == RefusalReason::NoObjectNumbersLeft ? text : RefusalNote{};
 }
 
 }  // namespace vellumark::document

@@ -12,7 +12,6 @@
 // without pages still ends one.
 #pragma once
 
-#include <any>
 #include <cstdint>
 #include <string_view>
 
@@ -60,12 +59,15 @@ class Writer {
   /// Whether a Create that could not create its file leaves the document that was open as it is.
   [[nodiscard]] virtual bool KeepsFileWhenCreateFails() const { return true; }
 
-  /// Refuses pieces after which the page and the document could no longer be finished.
+  /// Refuses pieces if the page and the document could not be finished after them.
   [[nodiscard]] virtual RefusalNote RoomFor(const Pieces& /*pieces*/) const { return {}; }
 
-  /// The writer's own state, so that a call that proves too large can be taken back.
-  [[nodiscard]] virtual std::any Save() const { return {}; }
-  virtual void Restore(const std::any& /*saved*/) {}
+  /// Remembers this place in the document, one at a time, so that a call that fails half way can be
+  /// taken back.
+  virtual void Mark() noexcept = 0;
+
+  /// Forgets what was counted since the last Mark; the lines are the caller's to forget.
+  virtual void BackToMark() noexcept = 0;
 
   // The document and its pages.
   virtual void BeginDocument(const LocalTime& now) = 0;
@@ -73,7 +75,9 @@ class Writer {
   virtual void PaintBackground() = 0;
   virtual void AnnouncePage() = 0;
   virtual void EndPage() = 0;
-  virtual void EndDocument() = 0;
+
+  /// Goes on past a failing step, and returns the note of the first that failed.
+  virtual RefusalNote EndDocument() = 0;
 
   // Shapes, in the pen of the State.
   virtual void DrawLine(PagePoint from, PagePoint to) = 0;

@@ -15,11 +15,6 @@ void SplitWithBlanks(std::string_view text, std::vector<std::string_view>& words
   words.push_back(text);
 }
 
-int DivideByGaps(Points spare, int gaps) {
-  if (gaps == 0) throw RunTimeError(RunTimeError::DivisionByZero);
-  return spare.value() / gaps;
-}
-
 }  // namespace
 
 bool JustifyText(std::string_view text, Points width, const FontWidths& widths, const Font& font,
@@ -28,13 +23,14 @@ bool JustifyText(std::string_view text, Points width, const FontWidths& widths, 
   const std::size_t count = line.words.size();
   auto& positions = line.positions;
   positions.assign(count + 1, 0);
+  if (count == 1) return false;  // there is no gap to stretch
   try {
     for (std::size_t i = 1; i < count; ++i) {
       positions[i] = positions[i - 1] + widths.GetTextWidth(line.words[i - 1], font);
     }
     const Points last_width = widths.GetTextWidth(line.words.back(), font);
     const Points spare = width - positions[count - 1] - last_width;
-    const int gap = DivideByGaps(spare, static_cast<int>(count) - 1);
+    const int gap = spare.value() / (static_cast<int>(count) - 1);
     if (gap > 0) {
       for (std::size_t i = 1; i < count; ++i) {
         positions[i] = positions[i].value() + gap * static_cast<int>(i);

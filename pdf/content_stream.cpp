@@ -22,6 +22,23 @@ RefusalNote PdfWriter::RoomFor(const Pieces& pieces) const {
   return {RefusalReason::NoObjectNumbersLeft, 0, static_cast<std::int32_t>(left)};
 }
 
+void PdfWriter::Mark() noexcept {
+  const Objects& now = objects_;
+  mark_ = {now.table.Here(),       now.pages.size(),     now.contents.size(), now.page_contents,
+           now.annotations.size(), now.page_annotations, now.images.size(),   now.state_saved};
+}
+
+void PdfWriter::BackToMark() noexcept {
+  objects_.table.RollBack(mark_.table);
+  objects_.pages.resize(mark_.pages);
+  objects_.contents.resize(mark_.contents);
+  objects_.page_contents = mark_.page_contents;
+  objects_.annotations.resize(mark_.annotations);
+  objects_.page_annotations = mark_.page_annotations;
+  objects_.images.resize(mark_.images);
+  objects_.state_saved = mark_.state_saved;
+}
+
 /// Opens an object with the next number.
 int PdfWriter::BeginObject() {
   const int number = objects_.table.Add(oddities::Position(lines_));

@@ -79,15 +79,15 @@ void PdfWriter::WriteFonts() {
   }
 }
 
-void PdfWriter::EndDocument() {
+document::RefusalNote PdfWriter::EndDocument() {
   int catalog = 0;
   std::int32_t cross_references = 0;
-  document::ResumeNext([&] { WriteResources(); },          //
-                       [&] { WritePageTree(); },           //
-                       [&] { catalog = WriteCatalog(); },  //
-                       [&] { cross_references = oddities::Position(lines_); },
-                       [&] { WriteCrossReferences(); },  //
-                       [&] { WriteTrailer(catalog, cross_references); });
+  return document::ResumeNext([&] { WriteResources(); },          //
+                              [&] { WritePageTree(); },           //
+                              [&] { catalog = WriteCatalog(); },  //
+                              [&] { cross_references = oddities::Position(lines_); },
+                              [&] { WriteCrossReferences(); },  //
+                              [&] { WriteTrailer(catalog, cross_references); });
 }
 
 void PdfWriter::WriteResources() {

@@ -3,6 +3,7 @@
 // ObjectTable: the numbers of a document's objects and where each one starts.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <vector>
@@ -36,10 +37,24 @@ class ObjectTable {
     offsets_[index] = offset;
   }
 
+  /// A place to go back to.
+  struct Mark {
+    int count = 0;
+    std::size_t offsets = 0;
+  };
+
+  [[nodiscard]] Mark Here() const noexcept { return {count_, offsets_.size()}; }
+
+  /// Forgets every number handed out since `mark` was taken.
+  void RollBack(const Mark& mark) noexcept {
+    count_ = mark.count;
+    offsets_.resize(std::min(mark.offsets, offsets_.size()));
+  }
+
   /// The highest number handed out.
   [[nodiscard]] int Count() const noexcept { return count_; }
 
-  /// Where an object starts; 0 where that was never recorded.
+  /// Where an object starts; 0 if that was never recorded.
   [[nodiscard]] std::int32_t Offset(int number) const noexcept {
     const auto index = static_cast<std::size_t>(number);
     return index < offsets_.size() ? offsets_[index] : 0;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <span>
 #include <string>
 
 #include "pdf/content_stream.h"
@@ -8,7 +9,7 @@ namespace vellumark::pdf {
 namespace {
 
 /// "[ 30 0 R 33 0 R ]"
-std::string ReferenceArray(const std::vector<int>& numbers) {
+std::string ReferenceArray(std::span<const int> numbers) {
   std::string array = "[ ";
   for (const int number : numbers) array.append(std::to_string(number)).append(" 0 R ");
   return array.append("]");
@@ -17,8 +18,8 @@ std::string ReferenceArray(const std::vector<int>& numbers) {
 }  // namespace
 
 void PdfWriter::BeginPage() {
-  objects_.contents.clear();
-  objects_.annotations.clear();
+  objects_.page_contents = objects_.contents.size();
+  objects_.page_annotations = objects_.annotations.size();
   objects_.state_saved = false;
 }
 
@@ -36,10 +37,10 @@ void PdfWriter::EndPage() {
   objects_.pages.push_back(page);
   lines_.Append("<<");
   lines_.Append("/Type /Page");
-  if (!objects_.annotations.empty()) {
-    lines_.Append("/Annots ", ReferenceArray(objects_.annotations));
-  }
-  if (!objects_.contents.empty()) lines_.Append("/Contents ", ReferenceArray(objects_.contents));
+  const auto annotations = std::span(objects_.annotations).subspan(objects_.page_annotations);
+  const auto contents = std::span(objects_.contents).subspan(objects_.page_contents);
+  if (!annotations.empty()) lines_.Append("/Annots ", ReferenceArray(annotations));
+  if (!contents.empty()) lines_.Append("/Contents ", ReferenceArray(contents));
   lines_.Append("/Parent ", Reference{objects_.page_tree});
   lines_.Append("/Resources ", Reference{objects_.resources});
   lines_.Append("/Rotate ", oddities::RotateValue(state_.rotated));

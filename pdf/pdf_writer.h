@@ -47,12 +47,12 @@ class PdfWriter final : public document::Writer {
   Properties properties;
 
   [[nodiscard]] document::RefusalNote RoomFor(const document::Pieces& pieces) const override;
-  [[nodiscard]] std::any Save() const override { return objects_; }
-  void Restore(const std::any& saved) override { objects_ = std::any_cast<const Objects&>(saved); }
+  void Mark() noexcept override;
+  void BackToMark() noexcept override;
 
   // file_structure.cpp
   void BeginDocument(const LocalTime& now) override;
-  void EndDocument() override;
+  document::RefusalNote EndDocument() override;
 
   // pages.cpp
   void BeginPage() override;
@@ -86,8 +86,10 @@ class PdfWriter final : public document::Writer {
   struct Objects {
     ObjectTable table;
     std::vector<int> pages;
-    std::vector<int> contents;     // content streams since the last BeginPage
-    std::vector<int> annotations;  // links since the last BeginPage
+    std::vector<int> contents;         // content streams of the document
+    std::vector<int> annotations;      // links of the document
+    std::size_t page_contents = 0;     // the first content stream since the last BeginPage
+    std::size_t page_annotations = 0;  // likewise for links
     int info = 0;
     int page_tree = 0;
     int resources = 0;
@@ -122,9 +124,22 @@ class PdfWriter final : public document::Writer {
   void PaintClosedShape(const Path& path);
   void WritePen();
 
+  /// How far the lists of Objects reached.
+  struct Place {
+    ObjectTable::Mark table;
+    std::size_t pages = 0;
+    std::size_t contents = 0;
+    std::size_t page_contents = 0;
+    std::size_t annotations = 0;
+    std::size_t page_annotations = 0;
+    std::size_t images = 0;
+    bool state_saved = false;
+  };
+
   const document::State& state_;
   document::LineBuffer& lines_;
   Objects objects_;
+  Place mark_;
 };
 
 }  // namespace vellumark::pdf

@@ -5,6 +5,7 @@
 #include <array>
 #include <string>
 
+#include "document/resume_next.h"
 #include "ps/oddities.h"
 #include "ps/ps_writer.h"
 
@@ -76,14 +77,17 @@ void PsWriter::WritePageComment() { page_comments_.push_back(lines_.Append("%%Pa
 
 void PsWriter::EndPage() { lines_.Append("showpage"); }
 
-void PsWriter::EndDocument() {
-  lines_.Append("%%Trailer");
-  lines_.Append("%%EOF");
-  const std::size_t pages = page_comments_.size();
-  lines_.Replace(pages_comment_, "%%Pages: " + std::to_string(pages));
-  for (std::size_t i = 0; i < pages; ++i) {
-    lines_.Replace(page_comments_[i], oddities::PageComment(pages, i + 1));
-  }
+document::RefusalNote PsWriter::EndDocument() {
+  return document::ResumeNext([&] { lines_.Append("%%Trailer"); },  //
+                              [&] { lines_.Append("%%EOF"); },
+                              [&] {
+                                const std::size_t pages = page_comments_.size();
+                                lines_.Replace(pages_comment_, "%%Pages: " + std::to_string(pages));
+                                for (std::size_t i = 0; i < pages; ++i) {
+                                  lines_.Replace(page_comments_[i],
+                                                 oddities::PageComment(pages, i + 1));
+                                }
+                              });
 }
 
 }  // namespace vellumark::ps

@@ -38,13 +38,16 @@ class PsWriter final : public document::Writer {
     return oddities::kKeepsFileWhenCreateFails;
   }
 
+  void Mark() noexcept override { mark_ = page_comments_.size(); }
+  void BackToMark() noexcept override { page_comments_.resize(mark_); }
+
   // document_structure.cpp
   void BeginDocument(const LocalTime& now) override;
   void BeginPage() override;
   void PaintBackground() override;
   void AnnouncePage() override;
   void EndPage() override;
-  void EndDocument() override;
+  document::RefusalNote EndDocument() override;
 
   // shapes.cpp
   void DrawLine(document::PagePoint from, document::PagePoint to) override;
@@ -78,6 +81,7 @@ class PsWriter final : public document::Writer {
   document::LineBuffer& lines_;
   std::size_t pages_comment_ = 0;           // line of "%%Pages:"
   std::vector<std::size_t> page_comments_;  // line of each "%%Page:"
+  std::size_t mark_ = 0;                    // how many of them there were
 };
 
 }  // namespace vellumark::ps

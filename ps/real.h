@@ -17,10 +17,9 @@ namespace vellumark::ps {
 /// trailing zeros; an exponent only below 0.0001 and from 10,000,000.
 class Real {
  public:
-  /// Raises run-time error 6 beyond a thousand million either way and for what is no number:
-  /// interpreters stop at such angles or turn for minutes. Minus zero is zero.
+  /// Raises run-time error 6 for an infinite value and for NaN. Minus zero is zero.
   explicit Real(float value) : value_(value + 0.0F) {
-    if (!(std::abs(value) <= kLargest)) throw RunTimeError(RunTimeError::Overflow);
+    if (!std::isfinite(value)) throw RunTimeError(RunTimeError::Overflow);
   }
 
   [[nodiscard]] static std::size_t MaxSize() noexcept { return 16; }
@@ -29,8 +28,6 @@ class Real {
   }
 
  private:
-  static constexpr float kLargest = 1e9F;
-
   float value_;
 };
 

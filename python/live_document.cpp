@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "python/live_document.h"
 
+#include <algorithm>
 #include <pybind11/pybind11.h>
 #include <stdexcept>
 #include <utility>
@@ -12,6 +13,7 @@ namespace {
 
 using automation::Class;
 using automation::Member;
+using automation::Parameter;
 using automation::Value;
 
 std::variant<PDF, PS> Make(Class document_class, std::shared_ptr<Platform> platform) {
@@ -19,9 +21,11 @@ std::variant<PDF, PS> Make(Class document_class, std::shared_ptr<Platform> platf
   return PS(std::move(platform));
 }
 
-/// The members that take long: reading and encoding a picture, writing the file.
-bool TakesLong(const Member& member) noexcept {
-  return member.name == "Flush" || member.name == "DrawPicture";
+/// The argument that names the file which `member` creates.
+std::string& CreatedFile(const Member& member, std::span<Value> arguments) {
+  const auto parameters = member.parameters();
+  const auto found = std::ranges::find_if(parameters, &Parameter::file_name);
+  return std::get<std::string>(arguments[static_cast<std::size_t>(found - parameters.begin())]);
 }
 
 }  // namespace
@@ -53,12 +57,11 @@ LiveDocument::LiveDocument(Class document_class, Output output)
 Value LiveDocument::Call(const Member& member, Member::Call call, std::span<Value> arguments) {
   const Use use(*this);
   const auto work = [&] { return call(document(), arguments); };
-  Value result = TakesLong(member) ? UnlockedCall(work) : work();
-  if (member.name == "Create") {
-    NoteCreate(std::get<bool>(result), std::get<std::string>(arguments[0]));
-  } else if (member.name == "Flush") {
-    unflushed_ = false;
+  Value result = member.facts.takes_long ? UnlockedCall(work) : work();
+  if (member.facts.creates_file) {
+    NoteCreate(std::get<bool>(result), CreatedFile(member, arguments));
   }
+  if (member.facts.completes_file) unflushed_ = false;
   return result;
 }
 

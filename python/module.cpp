@@ -2,7 +2,11 @@
 //
 // vellumark._vellumark: the part of the Python module that is C++. It hands out the member table
 // and the documents; python/vellumark/_documents.py makes the public classes of them.
+#include <memory>
 #include <pybind11/pybind11.h>
+#include <string_view>
+
+#include <vellumark/version.h>
 
 #include "automation/class_table.h"
 #include "python/bound_member.h"
@@ -66,13 +70,24 @@ void DefineRunTimeError(py::module_& module) {
   });
 }
 
+PyObject* RefuseNew(PyTypeObject* type, PyObject* /*arguments*/, PyObject* /*named*/) {
+  PyErr_Format(PyExc_TypeError, "cannot create '%s' instances", type->tp_name);
+  return nullptr;
+}
+
+/// For a class whose objects only this file makes. Without it, its __new__ would make an object
+/// without a C++ object inside, and the first use of that would crash.
+py::custom_type_setup MadeHereOnly() {
+  return py::custom_type_setup([](PyHeapTypeObject* type) { type->ht_type.tp_new = &RefuseNew; });
+}
+
+std::unique_ptr<LiveDocument> NewDocument(std::string_view class_name, bool in_memory) {
+  using enum LiveDocument::Output;
+  return std::make_unique<LiveDocument>(ClassOf(class_name), in_memory ? Memory : Files);
+}
+
 void DefineDocument(py::module_& module) {
-  py::class_<LiveDocument>(module, "Document")
-      .def(py::init([](std::string_view class_name, bool in_memory) {
-             using enum LiveDocument::Output;
-             return std::make_unique<LiveDocument>(ClassOf(class_name), in_memory ? Memory : Files);
-           }),
-           py::arg("class_name"), py::arg("in_memory"))
+  py::class_<LiveDocument>(module, "Document", MadeHereOnly())
       .def_property_readonly("unflushed", &LiveDocument::unflushed)
       .def_property_readonly("create_refusal", &LiveDocument::create_refusal)
       .def("give_up", &LiveDocument::GiveUp)
@@ -84,7 +99,7 @@ void DefineDocument(py::module_& module) {
 }
 
 void DefineMember(py::module_& module) {
-  py::class_<BoundMember>(module, "Member")
+  py::class_<BoundMember>(module, "Member", MadeHereOnly())
       .def_property_readonly("name", [](const BoundMember& self) { return self.member().name; })
       .def_property_readonly("doc",
                              [](const BoundMember& self) { return Docstring(self.member()); })
@@ -110,7 +125,9 @@ PYBIND11_MODULE(_vellumark, module) {
   DefineRunTimeError(module);
   DefineDocument(module);
   DefineMember(module);
+  module.def("new_document", &NewDocument, pybind11::arg("class_name"), pybind11::arg("in_memory"));
   module.def("members", &Members);
+  module.attr("version") = VELLUMARK_VERSION_STRING;
   module.attr("class_help") = ClassHelp();
   module.attr("render_help") = kRenderDocstring;
   module.attr("enumerations") = EnumerationClasses();

@@ -6,8 +6,6 @@
 #include <limits>
 #include <string_view>
 
-#include "python/python_words.h"
-
 namespace vellumark::python {
 namespace {
 
@@ -102,7 +100,7 @@ Value FromPython(py::handle object, const Parameter& parameter, const std::strin
     case Type::Byte: return Whole<std::uint8_t>(object, place);
     case Type::Boolean: return Truth(object, place);
     case Type::Single: return Single(object, place);
-    case Type::String: return IsFile(parameter) ? FileName(object, place) : Text(object, place);
+    case Type::String: return parameter.file_name ? FileName(object, place) : Text(object, place);
     case Type::Enumeration: return Whole<std::int32_t>(object, place);
   }
   return {};

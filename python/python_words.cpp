@@ -5,10 +5,6 @@
 
 namespace vellumark::python {
 
-bool IsFile(const automation::Parameter& parameter) noexcept {
-  return parameter.type.type == automation::Type::String && parameter.name == "file";
-}
-
 std::string Docstring(const automation::Member& member) {
   constexpr std::size_t kWidth = 84;
   std::string text = Wrap(member.help, kWidth);

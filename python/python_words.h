@@ -11,9 +11,6 @@
 
 namespace vellumark::python {
 
-/// Whether a text parameter names a file: os.PathLike is taken there.
-[[nodiscard]] bool IsFile(const automation::Parameter& parameter) noexcept;
-
 inline constexpr std::string_view kRenderDocstring =
     R"(Returns the file that `function` makes, without any file, for instance as a web answer.
 

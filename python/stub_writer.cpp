@@ -35,6 +35,8 @@ __all__ = [
 
 constexpr std::string_view kRender = R"(]
 
+__version__: str
+
 _File = str | bytes | os.PathLike[str] | os.PathLike[bytes]
 
 @overload
@@ -135,7 +137,7 @@ void AppendMethod(std::string& stub, const Member& member) {
     stub += "        ";
     stub += parameter.name;
     stub += ": ";
-    stub += IsFile(parameter) ? "_File" : TypeName(parameter.type);
+    stub += parameter.file_name ? "_File" : TypeName(parameter.type);
     if (parameter.optional()) {
       stub += " = ";
       stub += DefaultText(parameter);

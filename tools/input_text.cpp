@@ -3,35 +3,28 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <iostream>
+#include <fcntl.h>
 #include <optional>
 #include <system_error>
+#include <unistd.h>
+#include <utility>
 
 #include "tools/failure.h"
+#include "tools/file_descriptor.h"
 #include "tools/utf8_text.h"
 
 namespace vellumark::tools {
 namespace {
 
-// A document of this format holds far less; the limit is there for /dev/zero and its like.
+// More than a document holds; endless inputs such as /dev/zero end here.
 constexpr std::size_t kLargestInput = std::size_t{64} << 20U;
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-std::string ReadAll(std::istream& stream, const std::string& name) {
-  std::string bytes;
-  std::array<char, 65536> block{};
-  while (stream) {
-    stream.read(block.data(), block.size());
-    bytes.append(block.data(), static_cast<std::size_t>(stream.gcount()));
-    if (bytes.size() > kLargestInput) throw Failure(name + " is longer than 64 MiB");
-  }
-  if (stream.bad()) throw Failure("cannot read " + name);
-  return bytes;
+std::string ReadAll(const std::string& name) {
+  if (name == "-") return ReadUpTo(STDIN_FILENO, kLargestInput);
+  return ReadUpTo(FileDescriptor::Open(name, O_RDONLY | O_NOCTTY).number(), kLargestInput);
 }
 
 /// "line 3, column 5" of a byte. The text before it is well-formed.
@@ -60,19 +53,21 @@ std::string CheckedText(std::string bytes, std::string_view name) {
                   Hexadecimal(bytes[*bad]));
   }
   if (const std::size_t nul = bytes.find('\0'); nul != std::string::npos) {
-    throw Failure(PlaceText(bytes, nul) + of_name + " is a NUL: this is no text file");
+    throw Failure(PlaceText(bytes, nul) + of_name + " is a NUL: this is not a text file");
   }
   return bytes;
 }
 
 std::string ReadInput(const std::string& name) {
-  if (name == "-") return CheckedText(ReadAll(std::cin, "standard input"), "standard input");
-  std::error_code error;
-  if (std::filesystem::is_directory(name, error)) throw Failure(name + " is a directory");
-  errno = 0;
-  std::ifstream file(name, std::ios::binary);
-  if (!file) throw Failure("cannot read " + name + ": " + std::generic_category().message(errno));
-  return CheckedText(ReadAll(file, name), name);
+  const std::string shown = name == "-" ? "standard input" : name;
+  std::string bytes;
+  try {
+    bytes = ReadAll(name);
+  } catch (const std::system_error& error) {
+    throw Failure("cannot read " + shown + ": " + error.code().message());
+  }
+  if (bytes.size() > kLargestInput) throw Failure(shown + " is longer than 64 MiB");
+  return CheckedText(std::move(bytes), shown);
 }
 
 }  // namespace vellumark::tools

@@ -4,6 +4,7 @@
 //
 // Reads, converts and writes, in this order: nothing stands under the output's name until the
 // document is finished. Exit status 0, 1 or 2; see tools/options.h and docs/command-line.md.
+#include <csignal>
 #include <exception>
 #include <iostream>
 #include <new>
@@ -35,6 +36,8 @@ int Run(int argc, const char* const* argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // An output beyond the limit on file sizes is then an error of write, with its reason.
+  static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
   try {
     return Run(argc, argv);
   } catch (const std::bad_alloc&) {

@@ -127,12 +127,21 @@ void CheckTexts(const Properties& properties) {
   }
 }
 
-/// Settles format and output; each follows from the other where only one was given.
+/// The format that the ending of an output stands for: PDF if there is none.
+Format FormatOfEnding(const std::filesystem::path& output) {
+  const std::string ending = output.extension().string();
+  if (ending.empty()) return Format::Pdf;
+  if (const auto format = ParseFormat(std::string_view(ending).substr(1))) return *format;
+  throw Failure("-o: \"" + output.string() +
+                "\" does not end in .pdf or .ps; add --format pdf or --format ps to use that name");
+}
+
+/// Settles format and output; each follows from the other if only one was given.
 void TakeOutput(const RawOptions& raw, bool output_given, Options& options) {
   if (!raw.format.empty()) {
     options.format = Taken(ParseFormat(raw.format), "--format", raw.format, kFormatNames);
-  } else if (output_given && std::filesystem::path(options.output).extension() == ".ps") {
-    options.format = Format::Ps;
+  } else if (output_given) {
+    options.format = FormatOfEnding(options.output);
   }
   if (output_given) return;
   if (options.input == "-") throw Failure("reading standard input needs an output: -o FILE");

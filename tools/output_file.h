@@ -2,13 +2,13 @@
 //
 // OutputFile: all of the document under its name, or nothing.
 //
-//     const OutputFile output(name);    // refuses at once what cannot be written
+//     const OutputFile output(name, input);    // refuses at once what cannot be written
 //     output.Write(bytes);
 //
-// The bytes go to a file of an unpredictable name in the same directory, created for nobody else,
-// which then takes the wanted name; a failure removes it. A name that is a link is followed. "-" is
-// standard output; a device or pipe, which no file could replace, is written to directly. Every
-// failure throws Failure.
+// The bytes go to a temporary file in the same directory (tools/temporary_file.h), which then takes
+// the name. If the name is a link, the file that it points to is written, and created if it is not
+// there. "-" is standard output; a device or pipe, which no file could replace, is written to
+// directly. Every failure throws Failure with its reason.
 #pragma once
 
 #include <filesystem>
@@ -19,13 +19,14 @@ namespace vellumark::tools {
 
 class OutputFile {
  public:
-  /// Checks that `name` is no directory and its directory exists. `input` must be another file.
+  /// Checks that `name` can be written: its directory exists, and it is not a directory and not the
+  /// file `input`.
   OutputFile(std::string name, const std::string& input);
 
   void Write(std::string_view bytes) const;
 
  private:
-  void WriteBeside(std::string_view bytes) const;
+  void CheckDirectory() const;
 
   std::string name_;              // for messages
   std::filesystem::path target_;  // links followed

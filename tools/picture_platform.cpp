@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <new>
 #include <utility>
 
 namespace vellumark::tools {
@@ -75,6 +76,14 @@ bool PicturePlatform::DecodePicture(std::string_view file, Bitmap& bitmap, std::
   if (!PortablePlatform::DecodePicture(path, bitmap, reason)) return false;
   MakeTrueColor(bitmap);
   return true;
+}
+
+std::error_code PicturePlatform::WriteOutput(FileHandle file, std::string_view bytes) {
+  try {
+    return MemoryPlatform::WriteOutput(file, bytes);
+  } catch (const std::bad_alloc&) {
+    return std::make_error_code(std::errc::not_enough_memory);
+  }
 }
 
 }  // namespace vellumark::tools

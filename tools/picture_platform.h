@@ -18,6 +18,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include <vellumark/vellumark.h>
 
@@ -40,6 +41,9 @@ class PicturePlatform final : public MemoryPlatform {
   [[nodiscard]] bool Measure(std::string_view name, PictureSize& pixels, std::string& reason);
 
   bool DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) override;
+
+  /// Memory that has run out is told as such; as an exception it would become another reason.
+  std::error_code WriteOutput(FileHandle file, std::string_view bytes) override;
 
  private:
   std::filesystem::path folder_;

@@ -1,13 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/progress_line.h"
 
-#if defined(_WIN32)
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
-
 #include <iostream>
+#include <unistd.h>
 
 namespace vellumark::tools {
 namespace {
@@ -15,19 +10,11 @@ namespace {
 constexpr std::size_t kLongInput = 2000;  // lines
 constexpr std::chrono::milliseconds kInterval{100};
 
-bool ErrorsAreSeen() {
-#if defined(_WIN32)
-  return _isatty(2) != 0;
-#else
-  return isatty(STDERR_FILENO) != 0;
-#endif
-}
-
 }  // namespace
 
 ProgressLine::ProgressLine(std::size_t lines)
     : lines_(lines),
-      wanted_(lines >= kLongInput && ErrorsAreSeen()),
+      wanted_(lines >= kLongInput && ::isatty(STDERR_FILENO) != 0),
       next_(std::chrono::steady_clock::now()) {}
 
 void ProgressLine::Show(int pages, std::size_t line) {

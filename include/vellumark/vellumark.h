@@ -46,6 +46,7 @@
 
 #include <vellumark/enumerations.h>
 #include <vellumark/export.h>
+#include <vellumark/number.h>
 #include <vellumark/platform.h>
 #include <vellumark/refusal.h>
 #include <vellumark/run_time_error.h>
@@ -101,9 +102,8 @@ class VELLUMARK_API Document {
   /// Ends the open page, if any, with the legal notice as footer, and starts the next one: margins
   /// in points, page colour 0 to 255, position at the top left. Margins that are negative or leave
   /// 20 points or less of the page either way are not taken; the previous ones stay.
-  void NewPage(std::int16_t marginleft, std::int16_t margintop, std::int16_t marginright,
-               std::int16_t marginbottom, std::uint8_t red, std::uint8_t green,
-               std::uint8_t blue) noexcept;
+  void NewPage(Int16 marginleft, Int16 margintop, Int16 marginright, Int16 marginbottom, Byte red,
+               Byte green, Byte blue) noexcept;
 
   /// Ends the last page, writes the document and closes the file. A document without pages gets
   /// one. Whether the file was written in full, LastRefusal tells.
@@ -113,27 +113,25 @@ class VELLUMARK_API Document {
   // Every point must lie in the usable area, edges included; a circle, ellipse or
   // slice as a whole.
 
-  bool DrawLine(std::int16_t x1, std::int16_t y1, std::int16_t x2, std::int16_t y2) noexcept;
+  bool DrawLine(Int16 x1, Int16 y1, Int16 x2, Int16 y2) noexcept;
 
   /// By its top left corner. PDF: an unfilled closed shape is white inside and covers what is
   /// below; PS leaves it open.
-  bool DrawRectangle(std::int16_t x, std::int16_t y, std::int16_t width,
-                     std::int16_t height) noexcept;
+  bool DrawRectangle(Int16 x, Int16 y, Int16 width, Int16 height) noexcept;
 
   /// From the first point to the third, pulled by the second, and closed by a straight line.
-  bool DrawCurve(std::int16_t x1, std::int16_t y1, std::int16_t x2, std::int16_t y2,
-                 std::int16_t x3, std::int16_t y3) noexcept;
+  bool DrawCurve(Int16 x1, Int16 y1, Int16 x2, Int16 y2, Int16 x3, Int16 y3) noexcept;
 
   /// By its centre.
-  bool DrawCircle(std::int16_t x, std::int16_t y, std::int16_t r) noexcept;
+  bool DrawCircle(Int16 x, Int16 y, Int16 r) noexcept;
 
   /// PDF: bulges towards the corners of its box, visibly less round than a circle.
-  bool DrawEllipse(std::int16_t x, std::int16_t y, std::int16_t rx, std::int16_t ry) noexcept;
+  bool DrawEllipse(Int16 x, Int16 y, Int16 rx, Int16 ry) noexcept;
 
   /// A slice of a circle from the centre, counter-clockwise between two angles in degrees from the
   /// positive x axis. PDF takes the smaller angle first and brings both below 360; where the second
   /// then lies below the first the slice runs through 0 degrees. PS takes the angles as they are.
-  bool DrawArc(std::int16_t x, std::int16_t y, std::int16_t r, float th1, float th2) noexcept;
+  bool DrawArc(Int16 x, Int16 y, Int16 r, float th1, float th2) noexcept;
 
   // --- Text, in the current colour and font. ---
 
@@ -142,7 +140,7 @@ class VELLUMARK_API Document {
   /// margin. PDF escapes parentheses in it, PS nothing; a backslash is passed on by both. Then the
   /// position moves behind it, or with `carriagereturn` to the x of the last SetPosition and down
   /// by the font height and `dy`.
-  bool WriteText(std::string_view text, bool carriagereturn = false, std::uint8_t dy = 0,
+  bool WriteText(std::string_view text, bool carriagereturn = false, Byte dy = 0,
                  AlignmentConstants alignment = AlignmentConstants::NoAlignment) noexcept;
 
   /// One line behind a bullet that takes the font height less 1; always ends with a carriage
@@ -155,9 +153,9 @@ class VELLUMARK_API Document {
   /// blanks; `dy` points between the lines. Starts new pages where it must, with the margins and
   /// colour of the present one. `justified` stretches every line but the last to its full width.
   /// False, and nothing written, where a word is wider than a line.
-  bool WriteMultiText(std::string_view text, std::uint8_t dy = 0,
+  bool WriteMultiText(std::string_view text, Byte dy = 0,
                       AlignmentConstants alignment = AlignmentConstants::NoAlignment,
-                      bool justified = false, std::int16_t width = 0) noexcept;
+                      bool justified = false, Int16 width = 0) noexcept;
 
   // --- Pictures. ---
 
@@ -184,9 +182,9 @@ class VELLUMARK_API Document {
   /// The colours; each component 0 to 255. Before Create there is none, and reading throws
   /// RunTimeError 9 (subscript out of range).
   void GetColor(std::uint8_t& red, std::uint8_t& green, std::uint8_t& blue) const;
-  void SetColor(std::uint8_t red, std::uint8_t green, std::uint8_t blue);
+  void SetColor(Byte red, Byte green, Byte blue);
   void GetFillColor(std::uint8_t& red, std::uint8_t& green, std::uint8_t& blue) const;
-  void SetFillColor(std::uint8_t red, std::uint8_t green, std::uint8_t blue);
+  void SetFillColor(Byte red, Byte green, Byte blue);
   void GetPageColor(std::uint8_t& red, std::uint8_t& green, std::uint8_t& blue) const;
 
   /// Lengths of dashes and gaps in points, separated by blanks, such as "3 2"; "" for a solid line.
@@ -199,14 +197,14 @@ class VELLUMARK_API Document {
 
   /// Line width in points; 0 is ignored.
   [[nodiscard]] std::uint8_t GetThickness() const;
-  void SetThickness(std::uint8_t thickness);
+  void SetThickness(Byte thickness);
 
   /// An unknown font becomes Courier, a height outside 8 to 72 becomes 8, an unknown effect none.
   /// A style other than Regular is taken for fonts below Symbol only, as passed.
   void GetFont(FontNumberConstants& fontnumber, std::uint8_t& fontheight,
                FontStyleConstants& fontstyle, FontEffectConstants& fonteffect) const;
-  void SetFont(FontNumberConstants fontnumber, std::uint8_t fontheight,
-               FontStyleConstants fontstyle, FontEffectConstants fonteffect);
+  void SetFont(FontNumberConstants fontnumber, Byte fontheight, FontStyleConstants fontstyle,
+               FontEffectConstants fonteffect);
 
   /// Size of the page in points, after Create.
   void GetPageDimensions(std::int16_t& width, std::int16_t& height) const;
@@ -216,12 +214,12 @@ class VELLUMARK_API Document {
 
   /// The box into which pictures are fitted; taken only if both are above 0.
   void GetPictureDimensions(std::int16_t& width, std::int16_t& height) const;
-  void SetPictureDimensions(std::int16_t width, std::int16_t height);
+  void SetPictureDimensions(Int16 width, Int16 height);
 
   /// The current position. A coordinate outside the usable area, such as the default, leaves the
   /// present one. An x that is taken is also where carriage returns go back to.
   void GetPosition(std::int16_t& x, std::int16_t& y) const;
-  void SetPosition(std::int16_t x = -1, std::int16_t y = -1);
+  void SetPosition(Int16 x = -1, Int16 y = -1);
 
   // --- Why. ---
 
@@ -270,8 +268,8 @@ class VELLUMARK_API PDF : public Document {
   /// The same with a link over the text; the address is written unescaped, so it must be
   /// percent-encoded.
   using Document::WriteText;
-  bool WriteText(std::string_view text, bool carriagereturn, std::uint8_t dy,
-                 AlignmentConstants alignment, std::string_view hyperlink) noexcept;
+  bool WriteText(std::string_view text, bool carriagereturn, Byte dy, AlignmentConstants alignment,
+                 std::string_view hyperlink) noexcept;
   using Document::WriteTitle;
   bool WriteTitle(std::string_view text, AlignmentConstants alignment, BulletConstants bullet,
                   std::string_view hyperlink) noexcept;

@@ -16,6 +16,7 @@ then says why. Nothing reaches the file before Flush, which the end of a with bl
 document belongs to one thread at a time.
 """
 from ._documents import ENUMERATIONS, PDF, PS, Enumerations, RunTimeError, render
+from ._documents import VERSION as __version__
 
 globals().update(ENUMERATIONS)
 

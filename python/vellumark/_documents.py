@@ -13,6 +13,7 @@ from . import _vellumark
 _Self = TypeVar("_Self", bound="_Document")
 _AnyDocument = TypeVar("_AnyDocument", "PDF", "PS")
 
+VERSION = _vellumark.version
 RunTimeError = _vellumark.RunTimeError
 ENUMERATIONS: dict[str, type[enum.IntEnum]] = {
     each.__name__: each for each in _vellumark.enumerations}
@@ -28,7 +29,7 @@ class _Document:
     _class_name = ""  # PDF or PS, also of a class that a host derives from them
 
     def __init__(self) -> None:
-        self._document = _vellumark.Document(self._class_name, in_memory=False)
+        self._document = _vellumark.new_document(self._class_name, in_memory=False)
 
     def __enter__(self: _Self) -> _Self:
         return self
@@ -69,7 +70,7 @@ def render(document_class: type[_AnyDocument],
     if document_class not in (PDF, PS):
         raise TypeError(f"render() takes PDF or PS, not {document_class!r}")
     document = document_class.__new__(document_class)
-    native = document._document = _vellumark.Document(document_class._class_name, in_memory=True)
+    native = document._document = _vellumark.new_document(document_class._class_name, in_memory=True)
     try:
         function(document)
         if native.create_refusal:

@@ -47,7 +47,7 @@ TEST_F(Text, MustFitBetweenPositionAndRightMargin) {
   doc.SetPosition(4, 0);
   EXPECT_FALSE(doc.WriteText(full));
   EXPECT_EQ(doc.LastRefusal().sentence,
-            "text is 492 points wide, 491 are left of the right margin");
+            "text is 492 points wide, but only 491 points are free up to the right margin");
   EXPECT_EQ(At(), (Position{4, 0}));
   EXPECT_TRUE(Aligned(2, full)) << "an aligned text has the whole width, whatever x is";
   EXPECT_FALSE(Aligned(2, full + "x"));

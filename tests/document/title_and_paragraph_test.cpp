@@ -89,7 +89,7 @@ TEST_F(Paragraph, IsRefusedWholeForOneWordTooWide) {
   Start(0);
   Font(Courier, 10);
   EXPECT_FALSE(doc.WriteMultiText("aa bb aaaaaa", 0, kNoAlignment, false, 35));
-  EXPECT_EQ(doc.LastRefusal().sentence, "a word is 36 points wide, the line 35");
+  EXPECT_EQ(doc.LastRefusal().sentence, "a word is 36 points wide, but a line has only 35 points");
   EXPECT_TRUE(MarksOfOnlyPage().empty());
 }
 
@@ -98,7 +98,7 @@ TEST_F(Paragraph, AnAlignmentMovesTheColumn) {
   Font(Courier, 10);
   EXPECT_FALSE(doc.WriteMultiText("a", 0, kNoAlignment, false, 596));
   EXPECT_EQ(doc.LastRefusal().sentence,
-            "lines would be 596 points wide, 595 are left of the right margin");
+            "lines would be 596 points wide, but only 595 points are free up to the right margin");
   EXPECT_FALSE(doc.WriteMultiText("a", 0, static_cast<AlignmentConstants>(4)));
   EXPECT_FALSE(doc.WriteMultiText(std::string(9, 'x'), 0, AlignmentConstants::Center, false, 45));
   EXPECT_EQ(At().x, 275) << "set before the word was refused, and kept";

@@ -15,18 +15,18 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 using layout::Picture;
-using Size = layout::Resize::Size;
+using layout::Size;
 
 TEST(Resize, FitsIntoTheBoxAndNeverEnlarges) {
   const auto fit = [](int width, int height) {
-    return layout::Resize::Calculate({100, 100}, {width, height});
+    return layout::Resize({100, 100}, {width, height});
   };
   EXPECT_EQ(fit(400, 200), (Size{100, 50}));
   EXPECT_EQ(fit(50, 60), (Size{50, 60}));
   EXPECT_EQ(fit(50, 400), (Size{12, 100})) << "12.5 is rounded to the even neighbour";
   EXPECT_EQ(fit(150, 300), (Size{50, 100})) << "to the width first, then to the height";
   EXPECT_EQ(fit(1000, 1), (Size{100, 1})) << "nothing vanishes";
-  EXPECT_EQ(layout::Resize::Calculate({32767, 32766}, {32767, 32767}), (Size{32766, 32766}));
+  EXPECT_EQ(layout::Resize({32767, 32766}, {32767, 32767}), (Size{32766, 32766}));
 }
 
 TEST(Dib, HoldsOneBitmapAtATime) {

@@ -44,8 +44,8 @@ TEST_F(LongDocuments, RefuseTheMarkThatWouldNotLeaveNumbersForTheEnd) {
   EXPECT_FALSE(doc.DrawLine(0, 0, 1, 1));
   EXPECT_FALSE(doc.WriteText("x"));
   EXPECT_EQ(doc.LastRefusal().sentence,
-            "call needs more object numbers than the 0 that are left beside those that finish the "
-            "document");
+            "the call needs more object numbers than the 0 that are free; flush this document and "
+            "start another one");
   doc.NewPage(0, 0, 0, 0, 255, 255, 255);
   EXPECT_EQ(Why(), RefusalReason::NoObjectNumbersLeft);
   const Lines lines = FlushedLines();

@@ -160,7 +160,7 @@ TEST_F(PdfPictures, WhatIsRefusedLeavesNoTrace) {
                         Case{"broken.bmp", 0, 1, RefusalReason::PictureNotLoaded},
                         Case{"", 0, 1, RefusalReason::PictureNotLoaded},
                         Case{"long.bmp", 0, 1, RefusalReason::RunTimeFault},
-                        Case{"wide.bmp", 1, 1, RefusalReason::BeyondRightMargin}}) {
+                        Case{"wide.bmp", 1, 1, RefusalReason::PictureTooWide}}) {
     EXPECT_FALSE(doc.DrawPicture(c.file, static_cast<AlignmentConstants>(c.alignment), "",
                                  static_cast<EncodingConstants>(c.encoding)));
     EXPECT_EQ(Why(), c.reason) << c.file;
@@ -170,10 +170,12 @@ TEST_F(PdfPictures, WhatIsRefusedLeavesNoTrace) {
   EXPECT_TRUE(Draw("wide.bmp")) << "up to both margins";
   doc.SetPosition(0, 693);
   EXPECT_FALSE(Draw("wide.bmp"));
-  EXPECT_EQ(Why(), RefusalReason::BeyondBottomMargin);
+  EXPECT_EQ(doc.LastRefusal().sentence,
+            "picture would reach y = 743, but the usable area ends at y = 742; move the position or "
+            "set a box with SetPictureDimensions");
   EXPECT_FALSE(Draw("no such file.bmp"));
   EXPECT_EQ(doc.LastRefusal().sentence,
-            "picture cannot be loaded: no such file.bmp: No such file or directory");
+            "the picture cannot be loaded: no such file.bmp: No such file or directory");
   const Lines lines = FlushedLines();
   EXPECT_EQ(std::count(lines.begin(), lines.end(), "/Subtype /Image"), 1);
 }

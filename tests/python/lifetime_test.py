@@ -264,3 +264,12 @@ print(many(1500) - before)
     done = run(program)
     assert done.returncode == 0, done.stderr
     assert int(done.stdout) < 2000      # KiB; one leaked document in ten would be more
+
+
+@pytest.mark.parametrize("private", ["Member", "Document"])
+def test_private_objects_are_not_made_without_their_content(private):
+    made_here = getattr(vellumark._vellumark, private)
+    for make in (made_here, lambda: made_here.__new__(made_here),
+                 lambda: object.__new__(made_here), lambda: type("Sub", (made_here,), {})()):
+        with pytest.raises(TypeError):
+            make()

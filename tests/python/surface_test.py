@@ -90,3 +90,10 @@ def test_enumerations_have_the_members_of_the_reference():
     assert found == told
     assert all(issubclass(getattr(vellumark, name), enum.IntEnum) for name in told)
     assert public(vellumark) == {*told, "PDF", "PS", "Enumerations", "RunTimeError", "render"}
+
+
+def test_the_version_is_that_of_the_library():
+    text = (SOURCE / "include" / "vellumark" / "version.h").read_text()
+    numbers = [re.search(rf"VELLUMARK_VERSION_{part} (\d+)", text)[1]
+               for part in ("MAJOR", "MINOR", "PATCH")]
+    assert vellumark.__version__ == ".".join(numbers)

@@ -8,7 +8,9 @@ Needs pdftotext, pdfinfo, pdfimages, pdftoppm (poppler-utils), qpdf and Ghostscr
 """
 import os
 import re
+import resource
 import shutil
+import signal
 import stat
 import struct
 import subprocess
@@ -160,6 +162,118 @@ class CommandLine(unittest.TestCase):
         self.assertTrue(os.path.islink(self.path("link.pdf")))
         self.assertIn("new", self.text())
 
+    def test_the_output_keeps_the_mode_and_group_of_the_file_that_it_replaces(self):
+        self.put("out.pdf", "old")
+        os.chmod(self.path("out.pdf"), 0o604)
+        others = [group for group in os.getgroups() if group != os.getegid()]
+        if os.geteuid() == 0:
+            os.chown(self.path("out.pdf"), 1234, 5678)
+        elif others:
+            os.chown(self.path("out.pdf"), -1, others[0])
+        before = os.stat(self.path("out.pdf"))
+        self.typeset("new")
+        after = os.stat(self.path("out.pdf"))
+        self.assertNotEqual(after.st_ino, before.st_ino)
+        self.assertEqual((after.st_mode, after.st_uid, after.st_gid),
+                         (before.st_mode, before.st_uid, before.st_gid))
+
+    def test_a_dangling_link_is_followed(self):
+        os.mkdir(self.path("sub"))
+        os.symlink("sub/next.pdf", self.path("out.pdf"))
+        os.symlink("made.pdf", self.path("sub/next.pdf"))
+        self.typeset("x")
+        self.assertEqual(sorted(os.listdir(self.path("sub"))), ["made.pdf", "next.pdf"])
+        self.assertTrue(os.path.islink(self.path("out.pdf")))
+        os.symlink("round.pdf", self.path("round.pdf"))
+        self.assertIn("symbolic links", self.refused("in.md", "-o", "round.pdf"))
+
+    def start_and_stop_while_writing(self):
+        """A run that is stopped in the middle of writing out.ps; None if it was faster."""
+        run = subprocess.Popen([TOOL, "in.md", "-o", "out.ps", "--encoding", "hex"],
+                               cwd=self.here, stderr=subprocess.PIPE)
+        while run.poll() is None:
+            if any(name.endswith(".part") for name in os.listdir(self.here)):
+                run.send_signal(signal.SIGSTOP)
+                os.waitid(os.P_PID, run.pid, os.WSTOPPED | os.WEXITED | os.WNOWAIT)
+                if any(name.endswith(".part") for name in os.listdir(self.here)):
+                    return run
+                break
+        run.kill()
+        run.communicate()
+        return None
+
+    def test_a_signal_while_writing_leaves_nothing_behind(self):
+        self.big_picture("big.bmp", 8000, 8000)
+        self.put("in.md", "![](big.bmp)")
+        self.put("out.ps", "old")
+        before = sorted(os.listdir(self.here))
+        for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
+            with self.subTest(signal=number):
+                runs = filter(None, (self.start_and_stop_while_writing() for _ in range(20)))
+                run = next(runs)
+                run.send_signal(number)
+                run.send_signal(signal.SIGCONT)
+                run.communicate()
+                self.assertEqual(run.returncode, -number)
+                self.assertEqual(sorted(os.listdir(self.here)), before)
+                with open(self.path("out.ps"), encoding="ascii") as file:
+                    self.assertEqual(file.read(), "old")
+
+    def test_an_ignored_signal_does_not_end_the_writing(self):
+        self.big_picture("big.bmp", 8000, 8000)
+        self.put("in.md", "![](big.bmp)")
+        self.addCleanup(signal.signal, signal.SIGHUP, signal.signal(signal.SIGHUP, signal.SIG_IGN))
+        run = next(filter(None, (self.start_and_stop_while_writing() for _ in range(20))))
+        run.send_signal(signal.SIGHUP)
+        run.send_signal(signal.SIGCONT)
+        run.communicate()
+        self.assertEqual(run.returncode, 0)
+        self.assertEqual(sorted(os.listdir(self.here)), ["big.bmp", "in.md", "out.ps"])
+
+    def test_the_limit_on_file_sizes_is_an_error_with_its_reason(self):
+        self.put("in.md", "x")
+        self.put("out.pdf", "old")
+        for output in ("out.pdf", "-"):
+            with open(self.path("redirected"), "wb") as redirected:
+                done = subprocess.run(
+                    [TOOL, "in.md", "-o", output], cwd=self.here, stdout=redirected,
+                    stderr=subprocess.PIPE, check=False,
+                    preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (512, 512)))
+            self.assertEqual(done.returncode, 2)
+            self.assertRegex(done.stderr, rb"\Avellumark: [^\n]*File too large[^\n]*ulimit -f[^\n]*\n\Z")
+            self.assertEqual(sorted(os.listdir(self.here)), ["in.md", "out.pdf", "redirected"])
+        with open(self.path("out.pdf"), encoding="ascii") as file:
+            self.assertEqual(file.read(), "old")
+
+    def test_a_shortage_of_memory_is_told_as_such(self):
+        with open(TOOL, "rb") as tool:
+            if b"__asan_init" in tool.read():
+                self.skipTest("a sanitized program needs all addresses")
+        self.put("in.md", "word " * 30000)
+        told = set()
+        for megabytes in range(10, 150, 5):
+            done = subprocess.run(
+                [TOOL, "in.md", "-o", "out.ps"], cwd=self.here, capture_output=True, check=False,
+                preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (megabytes << 20,) * 2))
+            if done.returncode == 0:
+                break
+            self.assertEqual(done.returncode, 2)
+            self.assertRegex(done.stderr, rb"\Avellumark: [^\n]* memory\n\Z")
+            self.assertEqual(os.listdir(self.here), ["in.md"])
+            told.add(done.stderr)
+        self.assertEqual(done.returncode, 0)
+        self.assertTrue(told)
+
+    def test_the_ending_of_the_output_must_be_one_of_a_format(self):
+        self.put("in.md", "x")
+        for name in ("x.docx", "x.pdf.gz", "x."):
+            self.assertIn("--format", self.refused("in.md", "-o", name))
+        for name, options, start in (("X.PS", (), b"%!PS"), ("x", (), b"%PDF"),
+                                     ("x.docx", ("--format", "ps"), b"%!PS")):
+            self.assertEqual(self.run_tool("in.md", "-o", name, *options).returncode, 0)
+            with open(self.path(name), "rb") as file:
+                self.assertEqual(file.read(4), start)
+
     def test_bad_input_is_refused(self):
         self.assertIn("No such file", self.refused("none.md", "-o", "out.pdf"))
         self.assertIn("directory", self.refused(self.here, "-o", "out.pdf"))
@@ -173,8 +287,13 @@ class CommandLine(unittest.TestCase):
     def test_bad_output_is_refused(self):
         self.put("in.md", "x")
         self.assertIn("is a directory", self.refused("in.md", "-o", self.here))
-        self.assertIn("no directory", self.refused("in.md", "-o", "none/out.pdf"))
-        self.assertIn("is the input", self.refused("in.md", "-o", "./in.md"))
+        self.assertIn("no directory none", self.refused("in.md", "-o", "none/out.pdf"))
+        self.assertIn("in.md is not a directory", self.refused("in.md", "-o", "in.md/out.pdf"))
+        self.assertIn("name too long", self.refused("in.md", "-o", "n" * 300 + "/out.pdf"))
+        if os.geteuid() != 0:
+            os.mkdir(self.path("closed"), 0)
+            self.assertIn("Permission denied", self.refused("in.md", "-o", "closed/out.pdf"))
+        self.assertIn("is the input", self.refused("in.md", "-o", "./in.md", "--format", "pdf"))
         self.assertIn("needs an output", self.refused("-"))
         if os.path.exists("/dev/full"):
             self.assertIn("No space", self.refused("in.md", "-o", "/dev/full"))

@@ -62,7 +62,7 @@ Expect "a good paper size", True, doc.Create("errors.pdf")
 Expect "nothing was refused", "", doc.LastRefusal
 doc.NewPage 50, 50, 50, 50, 255, 255, 255
 Expect "a line beyond the margin", False, doc.DrawLine(0, 0, 496, 0)
-Expect "it says why", "shape reaches to x = 496, the right margin is at 495", doc.LastRefusal
+Expect "it says why", "shape would reach x = 496, but the usable area ends at x = 495", doc.LastRefusal
 Expect "no such picture", False, doc.DrawPicture("missing.bmp")
 doc.SetColor 10, 20, 30
 doc.GetColor red, green, blue

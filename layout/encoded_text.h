@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+//
+// EncodedText: a text as the codes of a standard font, with its width.
+//
+//     EncodedText text;                            // keeps its memory for the next text
+//     EncodeText("Dvořák costs 5 €", font, text);
+//     for (const EncodedRun& run : text.Runs()) Show(run.encoding, run.bytes);
+//     text.Width();                                // in 1/1000 em: MeasureText, the same
+//
+// A run is as long as its encoding has the characters; ASCII and many letters have the same code in
+// WinAnsi and in Extended. What is not taken character for character:
+//
+//     a letter and combining marks that have one glyph       that glyph: e U+0301 is é
+//     line ends, tabs and the spaces of other widths         one blank; CR LF together are one, and
+//                                                            so a text may hold them. The no-break
+//                                                            space U+00A0 stays itself
+//     zero-width spaces and joiners, direction marks,        nothing
+//       variation selectors, byte order mark
+//     other characters that the font lacks, controls,        "?", and the character is in Lost;
+//       bytes that are no UTF-8 (they are U+FFFD)            in ZapfDingbats a blank
+//
+// In Symbol and ZapfDingbats the characters U+0020 to U+00FF are the codes of that value where the
+// font has one: "a" is alpha. Other characters, such as U+03B1 itself, are looked up.
+//
+// No kerning, no letter spacing. Both functions raise run-time error 6 for a width beyond 32 bits.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "layout/font.h"
+#include "layout/text_encoding.h"
+
+namespace vellumark::layout {
+
+/// Consecutive codes of one encoding.
+struct EncodedRun {
+  std::string_view bytes;  ///< valid until the next text is encoded
+  std::int32_t width = 0;  ///< 1/1000 em
+  TextEncoding encoding = TextEncoding::WinAnsi;
+  bool fits_both = false;  ///< the same bytes are right in WinAnsi and in Extended
+};
+
+class EncodedText {
+ public:
+  /// All codes, one behind the other.
+  [[nodiscard]] std::string_view Bytes() const noexcept { return {storage_.get(), size_}; }
+
+  /// The runs in order; none for a text that shows nothing.
+  [[nodiscard]] std::span<const EncodedRun> Runs() const noexcept { return runs_; }
+
+  /// The sum of the runs' widths in 1/1000 em.
+  [[nodiscard]] std::int32_t Width() const noexcept { return width_; }
+
+  /// The characters that a reader will not see, as often as they came.
+  [[nodiscard]] std::span<const char32_t> Lost() const noexcept { return lost_; }
+
+ private:
+  friend class TextEncoder;
+
+  std::unique_ptr<char[]> storage_;
+  std::size_t capacity_ = 0;
+  std::size_t size_ = 0;
+  std::int32_t width_ = 0;
+  std::vector<EncodedRun> runs_;
+  std::vector<char32_t> lost_;
+};
+
+/// Puts `utf8` into the codes of `font`. A font of no family or face has no widths and takes
+/// WinAnsi and Extended.
+void EncodeText(std::string_view utf8, const Font& font, EncodedText& text);
+
+/// The width of the same in 1/1000 em, without the codes.
+[[nodiscard]] std::int32_t MeasureText(std::string_view utf8, const Font& font);
+
+}  // namespace vellumark::layout
