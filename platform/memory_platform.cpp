@@ -63,6 +63,15 @@ std::error_code MemoryPlatform::CloseOutput(FileHandle file) {
   return error;
 }
 
+bool MemoryPlatform::ReadPicture(std::string_view file, std::vector<std::uint8_t>& bytes,
+                                 std::string& reason) {
+  const std::string* const found = File(file);
+  if (found == nullptr) return PortablePlatform::ReadPicture(file, bytes, reason);
+  bytes.assign(found->begin(), found->end());
+  return true;
+}
+
+/// Decodes a file in memory where it lies, without a copy.
 bool MemoryPlatform::DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) {
   const std::string* const bytes = File(file);
   if (bytes == nullptr) return PortablePlatform::DecodePicture(file, bitmap, reason);

@@ -96,12 +96,19 @@ LocalTime FromCalendar(const std::tm& calendar) {
 bool PortablePlatform::DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) {
   bitmap = {};
   std::vector<std::uint8_t> bytes;
+  return ReadPicture(file, bytes, reason) && DecodePictureBytes(bytes, bitmap, reason);
+}
+
+bool PortablePlatform::ReadPicture(std::string_view file, std::vector<std::uint8_t>& bytes,
+                                   std::string& reason) {
+  bytes.clear();
   reason = ReadRegularFile(file, bytes);
-  return reason.empty() && DecodePictureBytes(bytes, bitmap, reason);
+  if (!reason.empty()) bytes.clear();
+  return reason.empty();
 }
 
 bool PortablePlatform::DecodePictureBytes(std::span<const std::uint8_t> bytes, Bitmap& bitmap,
-                                          std::string& reason) const {
+                                          std::string& reason) {
   reason = platform::DecodePicture(bytes, greatest_picture_, bitmap);
   return reason.empty();
 }

@@ -104,7 +104,8 @@ bool CopyPixels(HBITMAP handle, Bitmap& bitmap) {
 
 }  // namespace
 
-std::string_view LoadWindowsPicture(std::span<const std::uint8_t> file, Bitmap& bitmap) {
+std::string_view LoadWindowsPicture(std::span<const std::uint8_t> file, std::int64_t greatest,
+                                    Bitmap& bitmap) {
   bitmap = {};
   if (PictureKindOf(file) == PictureKind::Unknown) return kUnknownPicture;
   const Stream stream = StreamOf(file);
@@ -112,10 +113,10 @@ std::string_view LoadWindowsPicture(std::span<const std::uint8_t> file, Bitmap& 
   if (picture == nullptr) return "the system's picture loader cannot read it";
   void* const handle = BitmapOf(*picture);
   if (handle == nullptr) return "the picture is not a bitmap";
-  return CopyWindowsBitmap(handle, bitmap);
+  return CopyWindowsBitmap(handle, greatest, bitmap);
 }
 
-std::string_view CopyWindowsBitmap(void* handle, Bitmap& bitmap) {
+std::string_view CopyWindowsBitmap(void* handle, std::int64_t greatest, Bitmap& bitmap) {
   bitmap = {};
   // As many bytes as the process's own BITMAP: 24 in a 32-bit one, 32 where addresses have 64 bits.
   BITMAP description{};
@@ -123,7 +124,7 @@ std::string_view CopyWindowsBitmap(void* handle, Bitmap& bitmap) {
     return "the system's picture loader made no bitmap of it";
   const int bits = DepthOf(description);
   const std::string_view too_large =
-      CheckSize(description.bmWidth, description.bmHeight, bits, kGreatestPicture);
+      CheckSize(description.bmWidth, description.bmHeight, bits, greatest);
   if (!too_large.empty()) return too_large;
   AllocatePixels(description.bmWidth, description.bmHeight, bits, bitmap);
   if (CopyPixels(static_cast<HBITMAP>(handle), bitmap)) return {};

@@ -52,8 +52,17 @@ std::error_code WindowsPlatform::CloseOutput(FileHandle file) { return files_->C
 bool WindowsPlatform::DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) {
   bitmap = {};
   std::vector<std::uint8_t> bytes;
-  if (!platform::ReadWindowsFile(file, bytes, reason)) return false;
-  reason = platform::LoadWindowsPicture(bytes, bitmap);
+  return ReadPicture(file, bytes, reason) && DecodePictureBytes(bytes, bitmap, reason);
+}
+
+bool WindowsPlatform::ReadPicture(std::string_view file, std::vector<std::uint8_t>& bytes,
+                                  std::string& reason) {
+  return platform::ReadWindowsFile(file, bytes, reason);
+}
+
+bool WindowsPlatform::DecodePictureBytes(std::span<const std::uint8_t> bytes, Bitmap& bitmap,
+                                         std::string& reason) {
+  reason = platform::LoadWindowsPicture(bytes, greatest_picture_, bitmap);
   return reason.empty();
 }
 

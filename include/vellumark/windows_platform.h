@@ -7,8 +7,8 @@
 // collected into writes of 64 KiB. Errors are the system's own (std::system_category), apart from
 // std::errc::not_enough_memory and std::errc::bad_file_descriptor.
 //
-// Notice: a message box with an information sign and no owner. It waits until the user closes it,
-// deliberately.
+// Notice: a message box with an information sign and no owner. It deliberately waits until the user
+// closes it.
 //
 // Pictures: the component runtime's picture loader decodes them.
 //
@@ -23,6 +23,7 @@
 // Not for use from several threads at once; each document without a platform makes its own.
 #pragma once
 
+#include <limits>
 #include <memory>
 
 #include <vellumark/platform.h>
@@ -42,10 +43,19 @@ class WindowsPlatform : public Platform {
   WindowsPlatform(WindowsPlatform&&) = delete;
   WindowsPlatform& operator=(WindowsPlatform&&) = delete;
 
+  /// The most bytes that a decoded picture may have, from a file or from memory. 2^31 - 1 at first,
+  /// and at most. A larger picture is refused once the system's loader has told its size, for which
+  /// it may have decoded the picture.
+  void SetGreatestPicture(std::int32_t bytes) noexcept { greatest_picture_ = bytes; }
+
   FileHandle CreateOutput(std::string_view name, std::error_code& error) override;
   std::error_code WriteOutput(FileHandle file, std::string_view bytes) override;
   std::error_code CloseOutput(FileHandle file) override;
   bool DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) override;
+  bool ReadPicture(std::string_view file, std::vector<std::uint8_t>& bytes,
+                   std::string& reason) override;
+  bool DecodePictureBytes(std::span<const std::uint8_t> bytes, Bitmap& bitmap,
+                          std::string& reason) override;
   void ShowNotice(std::string_view text, std::string_view caption) override;
   LocalTime Now() override;
   std::string_view ToCodePage(std::string_view utf8, std::string& storage) override;
@@ -55,6 +65,7 @@ class WindowsPlatform : public Platform {
 
  private:
   std::unique_ptr<platform::OutputFiles> files_;
+  std::int32_t greatest_picture_ = std::numeric_limits<std::int32_t>::max();
 };
 
 }  // namespace vellumark
