@@ -44,6 +44,12 @@ endif()
 # CMAKE_INSTALL_INCLUDEDIR must be relative for it, which is their default.
 file(RELATIVE_PATH prefix_from_pkgconfig
   /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+set(pkgconfig_requires "")
+set(pkgconfig_libraries "")
+if(VELLUMARK_PICTURE_DECODERS)
+  set(pkgconfig_requires libjpeg)
+  set(pkgconfig_libraries -lgif)  # giflib has no pkg-config file
+endif()
 configure_file(cmake/vellumark.pc.in ${CMAKE_CURRENT_BINARY_DIR}/vellumark.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/vellumark.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

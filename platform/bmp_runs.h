@@ -20,8 +20,8 @@
 
 namespace vellumark::platform {
 
-/// Fills `bitmap`, which has its size, its depth (8 or 4) and pixels of 0. False where the data is
-/// cut off.
+/// Fills `bitmap`, which has its size, its depth (8 or 4) and pixels of 0. Returns false if the
+/// data is cut off.
 [[nodiscard]] bool ExpandRuns(std::span<const std::uint8_t> data, Bitmap& bitmap);
 
 }  // namespace vellumark::platform

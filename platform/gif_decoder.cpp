@@ -1,13 +1,20 @@
 // SPDX-License-Identifier: MIT
-#include "platform/gif_decoder.h"
+//
+// The first frame of a GIF file on its logical screen, 8 bits with 256 colors.
+//
+// The frame is clipped to the screen; the screen around it shows the background's index. Colors
+// come from the frame's own table or the file's, those beyond the table are black, and transparency
+// is ignored. The file is read record by record up to the end of that frame and no further.
 
 #include <algorithm>
 #include <cstring>
 #include <gif_lib.h>
 #include <memory>
+#include <new>
 #include <vector>
 
-#include "platform/picture_limits.h"
+#include "platform/picture_decoder.h"
+#include "platform/picture_format.h"
 
 namespace vellumark::platform {
 namespace {
@@ -29,6 +36,10 @@ struct Close {
   void operator()(GifFileType* gif) const { DGifCloseFile(gif, nullptr); }
 };
 using GifFile = std::unique_ptr<GifFileType, Close>;
+
+void RequireMemory(int error) {
+  if (error == D_GIF_ERR_NOT_ENOUGH_MEM) throw std::bad_alloc();
+}
 
 bool SkipExtension(GifFileType* gif) {
   int code = 0;
@@ -99,8 +110,12 @@ bool ReadRows(GifFileType* gif, Bitmap& bitmap) {
 std::string_view DecodeGif(std::span<const std::uint8_t> file, std::int64_t greatest,
                            Bitmap& bitmap) {
   Source source{file};
-  const GifFile gif(DGifOpen(&source, Source::Read, nullptr));
-  if (gif == nullptr || !FindFrame(gif.get())) return "the GIF file is damaged or has no picture";
+  int error = D_GIF_SUCCEEDED;
+  const GifFile gif(DGifOpen(&source, Source::Read, &error));
+  if (gif == nullptr || !FindFrame(gif.get())) {
+    RequireMemory(gif != nullptr ? gif->Error : error);
+    return "the GIF file is damaged or has no picture";
+  }
   const std::string_view too_large = CheckSize(gif->SWidth, gif->SHeight, 8, greatest);
   if (!too_large.empty()) return too_large;
   const std::string_view frame_too_large =
@@ -111,8 +126,9 @@ std::string_view DecodeGif(std::span<const std::uint8_t> file, std::int64_t grea
   std::fill(bitmap.pixels.begin(), bitmap.pixels.end(),
             static_cast<std::uint8_t>(gif->SBackGroundColor));
   TakePalette(*gif, bitmap);
-  if (!ReadRows(gif.get(), bitmap)) return kCutOff;
-  return {};
+  if (ReadRows(gif.get(), bitmap)) return {};
+  RequireMemory(gif->Error);
+  return kCutOff;
 }
 
 }  // namespace vellumark::platform

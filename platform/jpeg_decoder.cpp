@@ -1,15 +1,124 @@
 // SPDX-License-Identifier: MIT
-#include "platform/jpeg_decoder.h"
-
+//
+// A JPG file, baseline or progressive, as 24-bit color.
+//
+// Grayscale, YCbCr and RGB come from the JPEG library as color; CMYK and YCCK are converted here,
+// inverted if the file carries an Adobe marker. Data that ends early and codes that do not exist
+// stand for missing pixels, and the picture is refused; surplus bytes and unknown markers are
+// skipped.
+#include <csetjmp>
+#include <cstdio>  // jpeglib.h needs FILE
+#include <jpeglib.h>
+#include <new>
 #include <vector>
+#include <jerror.h>
 
-#include "platform/jpeg_errors.h"
-#include "platform/picture_limits.h"
+#include "platform/picture_decoder.h"
+#include "platform/picture_format.h"
 
 namespace vellumark::platform {
 namespace {
 
 constexpr int kBits = 24;
+
+/// A progressive file may have any number of scans over the whole picture; one with more than this
+/// is made to keep a processor busy.
+constexpr int kMostScans = 100;
+
+/// The JPEG library's errors as a result instead of a message and an exit. The library is C and
+/// leaves an operation by a jump:
+///
+///     errors.Attach(info);
+///     const bool done = errors.Run([&] {
+///       jpeg_create_decompress(&info);
+///       ...
+///     });
+///     if (!done) return errors.Reason();
+///
+/// The jump passes the frames between Run and the library, so nothing that has a destructor may
+/// live in the steps, and nothing in them may throw.
+class JpegErrors {
+ public:
+  JpegErrors() {
+    jpeg_std_error(&manager_);
+    manager_.error_exit = OnError;
+    manager_.emit_message = OnWarning;
+    manager_.output_message = [](jpeg_common_struct* /*info*/) {};
+    progress_.progress_monitor = OnProgress;
+  }
+  JpegErrors(const JpegErrors&) = delete;
+  JpegErrors& operator=(const JpegErrors&) = delete;
+  JpegErrors(JpegErrors&&) = delete;
+  JpegErrors& operator=(JpegErrors&&) = delete;
+  ~JpegErrors() = default;
+
+  /// Makes `info`, all zero and not yet created, report here.
+  void Attach(jpeg_decompress_struct& info) {
+    info.err = &manager_;
+    info.client_data = this;  // creating `info` keeps these two and clears the rest
+  }
+
+  /// Has the scans of `info`, now created, counted.
+  void CountScans(jpeg_decompress_struct& info) { info.progress = &progress_; }
+
+  /// Returns whether `steps` came to their end. Throws std::bad_alloc if the library ran out of
+  /// memory.
+  template <class Steps>
+  bool Run(const Steps& steps) {
+    // The library offers no other way out of its depths.
+    if (setjmp(jump_) == 0) {  // NOLINT(cert-err52-cpp,modernize-avoid-setjmp-longjmp)
+      steps();
+      return true;
+    }
+    if (out_of_memory_) throw std::bad_alloc();
+    return false;
+  }
+
+  /// Leaves Run.
+  [[noreturn]] void Fail(std::string_view reason) {
+    reason_ = reason;
+    std::longjmp(jump_, 1);  // NOLINT(cert-err52-cpp): back into Run
+  }
+
+  /// Why Run returned false.
+  [[nodiscard]] std::string_view Reason() const noexcept { return reason_; }
+
+ private:
+  static JpegErrors& Of(jpeg_common_struct* info) {
+    return *static_cast<JpegErrors*>(info->client_data);
+  }
+
+  static void OnError(jpeg_common_struct* info) {
+    const int code = info->err->msg_code;
+    Of(info).out_of_memory_ = code == JERR_OUT_OF_MEMORY || code == JERR_NO_BACKING_STORE;
+    Of(info).Fail("the JPG file is damaged");
+  }
+
+  /// A negative level is a warning; the others are for debugging.
+  static void OnWarning(jpeg_common_struct* info, int level) {
+    if (level >= 0) return;
+    switch (info->err->msg_code) {
+      case JWRN_JPEG_EOF:        // the file ends
+      case JWRN_HIT_MARKER:      // a segment ends
+      case JWRN_HUFF_BAD_CODE:   // zeros stand for what cannot be read
+      case JWRN_ARITH_BAD_CODE:  // likewise
+        Of(info).Fail(kCutOff);
+      default: ++info->err->num_warnings;
+    }
+  }
+
+  static void OnProgress(jpeg_common_struct* info) {
+    if (reinterpret_cast<jpeg_decompress_struct*>(info)->input_scan_number > kMostScans) {
+      Of(info).Fail("the JPG file has more than 100 scans");
+    }
+  }
+
+  jpeg_error_mgr manager_{};
+  jpeg_progress_mgr progress_{};
+  std::jmp_buf jump_{};
+  std::string_view reason_;
+  bool out_of_memory_ = false;
+};
 
 class JpegReader {
  public:
@@ -47,7 +156,7 @@ class JpegReader {
   }
 
   /// Whether the file is long enough for its size: each block of 8 x 8 samples takes a bit or more,
-  /// other than in arithmetic coding.
+  /// except with arithmetic coding.
   [[nodiscard]] bool LongEnough() const {
     std::uint64_t blocks = 0;
     for (int i = 0; i < info_.num_components; ++i) {
@@ -71,12 +180,12 @@ class JpegReader {
       case JCS_YCbCr: info_.out_color_space = JCS_EXT_BGR; break;
       case JCS_CMYK:
       case JCS_YCCK: info_.out_color_space = JCS_CMYK; break;
-      default: errors_.Fail("the JPG file has unknown colours");
+      default: errors_.Fail("the JPG file has unknown colors");
     }
   }
 
-  /// Each ink takes its complement away, and black dims all three. An Adobe marker goes with inks
-  /// that are stored as their complements.
+  /// Each ink takes its complement away, and black dims all three. With an Adobe marker, inks are
+  /// stored as their complements.
   void MixInks(std::uint8_t* to) const {
     const unsigned complement = info_.saw_Adobe_marker ? 0 : 255;
     for (std::size_t i = 0; i < inks_.size(); i += 4, to += 3) {

@@ -1,30 +1,30 @@
 // SPDX-License-Identifier: MIT
 #include "platform/picture_decoder.h"
 
-#include "platform/bmp_decoder.h"
-#include "platform/gif_decoder.h"
-#include "platform/jpeg_decoder.h"
-#include "platform/picture_kind.h"
+#include "platform/picture_format.h"
 
 namespace vellumark::platform {
 namespace {
 
-using Decoder = std::string_view (*)(std::span<const std::uint8_t> file, std::int64_t greatest,
-                                     Bitmap& bitmap);
+#if defined(VELLUMARK_PICTURE_DECODERS)
+constexpr bool kWithLibraries = true;
+#else
+constexpr bool kWithLibraries = false;  // then DecodeGif and DecodeJpeg do not exist
+#endif
 
-std::string_view DecodeUnknown(std::span<const std::uint8_t> /*file*/, std::int64_t /*greatest*/,
-                               Bitmap& /*bitmap*/) {
-  return kUnknownPicture;
-}
-
-Decoder DecoderOf(std::span<const std::uint8_t> file) {
+std::string_view DecodeAny(std::span<const std::uint8_t> file, std::int64_t greatest,
+                           Bitmap& bitmap) {
   switch (PictureKindOf(file)) {
-    case PictureKind::Bmp: return DecodeBmp;
-    case PictureKind::Gif: return DecodeGif;
-    case PictureKind::Jpeg: return DecodeJpeg;
+    case PictureKind::Bmp: return DecodeBmp(file, greatest, bitmap);
+    case PictureKind::Gif:
+      if constexpr (kWithLibraries) return DecodeGif(file, greatest, bitmap);
+      return "this build cannot read GIF files";
+    case PictureKind::Jpeg:
+      if constexpr (kWithLibraries) return DecodeJpeg(file, greatest, bitmap);
+      return "this build cannot read JPG files";
     case PictureKind::Unknown: break;
   }
-  return DecodeUnknown;
+  return kUnknownPicture;
 }
 
 }  // namespace
@@ -32,7 +32,7 @@ Decoder DecoderOf(std::span<const std::uint8_t> file) {
 std::string_view DecodePicture(std::span<const std::uint8_t> file, std::int64_t greatest,
                                Bitmap& bitmap) {
   bitmap = {};
-  const std::string_view why_not = DecoderOf(file)(file, greatest, bitmap);
+  const std::string_view why_not = DecodeAny(file, greatest, bitmap);
   if (!why_not.empty()) bitmap = {};
   return why_not;
 }

@@ -9,9 +9,11 @@
 // The kind is told by the first bytes. Nothing else is opened, nothing is written to standard
 // error, and a file that lacks pixels is refused as a whole.
 //
-//     BMP   1, 4, 8, 16, 24, 32 bits at their own depth                      bmp_decoder.h
-//     GIF   first frame, 8 bits                                             gif_decoder.h
-//     JPG   24 bits, whatever the file's colours                            jpeg_decoder.h
+//     BMP   1, 4, 8, 16, 24, 32 bits at their own depth                      bmp_decoder.cpp
+//     GIF   the first frame, 8 bits                                          gif_decoder.cpp
+//     JPG   24 bits, whatever the file's colors                              jpeg_decoder.cpp
+//
+// A build without VELLUMARK_PICTURE_DECODERS reads BMP files only and says so of the other kinds.
 #pragma once
 
 #include <cstdint>
@@ -22,9 +24,17 @@
 
 namespace vellumark::platform {
 
-/// Fills `bitmap` and answers an empty text, or a short sentence that says why not; then `bitmap`
+/// Fills `bitmap` and returns an empty text, or a short sentence that says why not; then `bitmap`
 /// is empty. `greatest` is the most bytes that the bitmap may have. Throws std::bad_alloc.
 [[nodiscard]] std::string_view DecodePicture(std::span<const std::uint8_t> file,
                                              std::int64_t greatest, Bitmap& bitmap);
+
+/// The same for a file of one kind. On failure `bitmap` may be left half filled.
+[[nodiscard]] std::string_view DecodeBmp(std::span<const std::uint8_t> file, std::int64_t greatest,
+                                         Bitmap& bitmap);
+[[nodiscard]] std::string_view DecodeGif(std::span<const std::uint8_t> file, std::int64_t greatest,
+                                         Bitmap& bitmap);
+[[nodiscard]] std::string_view DecodeJpeg(std::span<const std::uint8_t> file, std::int64_t greatest,
+                                          Bitmap& bitmap);
 
 }  // namespace vellumark::platform

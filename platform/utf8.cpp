@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/utf8.h"
 
-#include <cstdint>
-
 namespace vellumark::platform {
 namespace {
 

@@ -4,13 +4,12 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/ascii.h"
 #include "platform/utf8.h"
 
 namespace vellumark::platform {
 namespace {
 
-// The characters at 0x80 to 0x9F; 0 where Windows-1252 has none.
+// The characters at 0x80 to 0x9F; 0 if Windows-1252 has none.
 constexpr std::array<char16_t, 32> kHighControls = {
     0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,

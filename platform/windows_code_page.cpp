@@ -4,7 +4,6 @@
 #include <array>
 #include <windows.h>
 
-#include "platform/ascii.h"
 #include "platform/utf8.h"
 #include "platform/windows_1252.h"
 

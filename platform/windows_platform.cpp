@@ -4,54 +4,65 @@
 #include <vellumark/windows_platform.h>
 
 #include "platform/library_identity.h"
-#include "platform/picture_file.h"
+#include "platform/output_file.h"
 #include "platform/windows_code_page.h"
-#include "platform/windows_output_file.h"
+#include "platform/windows_file.h"
 #include "platform/windows_picture.h"
-#include "platform/windows_resource.h"
 
 namespace vellumark {
 namespace {
 
-std::error_code NoSuchHandle() { return {ERROR_INVALID_HANDLE, std::system_category()}; }
+constexpr char kInThisModule = 0;
+
+HMODULE ThisModule() {
+  HMODULE module = nullptr;
+  const DWORD flags =
+      GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
+  return GetModuleHandleExA(flags, &kInThisModule, &module) != 0 ? module : nullptr;
+}
+
+/// The data resource `number` of the module that this code is linked into, which is the DLL even if
+/// the program has resources of its own. Empty if there is none.
+std::span<const std::uint8_t> Resource(int number) noexcept {
+  const HMODULE module = ThisModule();
+  if (module == nullptr) return {};
+  const HRSRC found = FindResourceA(module, MAKEINTRESOURCEA(number), RT_RCDATA);
+  if (found == nullptr) return {};
+  const HGLOBAL loaded = LoadResource(module, found);
+  const void* const bytes = loaded != nullptr ? LockResource(loaded) : nullptr;
+  if (bytes == nullptr) return {};
+  return {static_cast<const std::uint8_t*>(bytes), SizeofResource(module, found)};
+}
 
 }  // namespace
 
-WindowsPlatform::WindowsPlatform() = default;
+WindowsPlatform::WindowsPlatform() : files_(std::make_unique<platform::OutputFiles>()) {}
 WindowsPlatform::~WindowsPlatform() = default;
 
-platform::WindowsOutputFile* WindowsPlatform::Find(FileHandle file) noexcept {
-  const auto index = static_cast<std::uint64_t>(file);
-  return index < files_.size() ? files_[static_cast<std::size_t>(index)].get() : nullptr;
-}
-
 FileHandle WindowsPlatform::CreateOutput(std::string_view name, std::error_code& error) {
-  files_.emplace_back();  // before the file exists, so that it cannot be left without an owner
-  files_.back() = platform::WindowsOutputFile::Create(name, error);
-  if (files_.back() != nullptr) return static_cast<FileHandle>(files_.size() - 1);
-  files_.pop_back();
-  return FileHandle::Invalid;
+  return files_->Create(platform::OpenWindowsFile, name, error);
 }
 
 std::error_code WindowsPlatform::WriteOutput(FileHandle file, std::string_view bytes) {
-  platform::WindowsOutputFile* const output = Find(file);
-  return output != nullptr ? output->Write(bytes) : NoSuchHandle();
+  return files_->Write(file, bytes);
 }
 
-std::error_code WindowsPlatform::CloseOutput(FileHandle file) {
-  platform::WindowsOutputFile* const output = Find(file);
-  if (output == nullptr) return NoSuchHandle();
-  const std::error_code error = output->Close();
-  files_[static_cast<std::size_t>(file)].reset();
-  while (!files_.empty() && files_.back() == nullptr) files_.pop_back();
-  return error;
-}
+std::error_code WindowsPlatform::CloseOutput(FileHandle file) { return files_->Close(file); }
 
 bool WindowsPlatform::DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) {
   bitmap = {};
-  platform::PictureFile picture;
-  if (!picture.Read(file, reason)) return false;
-  reason = platform::LoadWindowsPicture(picture.Bytes(), bitmap);
+  std::vector<std::uint8_t> bytes;
+  return ReadPicture(file, bytes, reason) && DecodePictureBytes(bytes, bitmap, reason);
+}
+
+bool WindowsPlatform::ReadPicture(std::string_view file, std::vector<std::uint8_t>& bytes,
+                                  std::string& reason) {
+  return platform::ReadWindowsFile(file, bytes, reason);
+}
+
+bool WindowsPlatform::DecodePictureBytes(std::span<const std::uint8_t> bytes, Bitmap& bitmap,
+                                         std::string& reason) {
+  reason = platform::LoadWindowsPicture(bytes, greatest_picture_, bitmap);
   return reason.empty();
 }
 
@@ -75,7 +86,7 @@ std::span<const std::uint8_t> WindowsPlatform::WidthResource(int number) {
   constexpr int kLast = 110;
   constexpr std::size_t kSize = 512;
   if (number < kFirst || number > kLast) return {};
-  const auto bytes = platform::WindowsResource(number);
+  const auto bytes = Resource(number);
   return bytes.size() == kSize ? bytes : std::span<const std::uint8_t>();
 }
 

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <new>
 #include <utility>
 
 namespace vellumark::tools {
@@ -70,20 +69,16 @@ bool PicturePlatform::DecodePicture(std::string_view file, Bitmap& bitmap, std::
     return true;
   }
   kept_ = {};
-  // Not from the files in memory: the only one there is the document itself.
-  const std::string path = (folder_ / file).string();
-  // NOLINTNEXTLINE(bugprone-parent-virtual-call)
-  if (!PortablePlatform::DecodePicture(path, bitmap, reason)) return false;
+  // NOLINTNEXTLINE(bugprone-parent-virtual-call): MemoryPlatform's looks at the files in memory
+  if (!PortablePlatform::DecodePicture(file, bitmap, reason)) return false;
   MakeTrueColor(bitmap);
   return true;
 }
 
-std::error_code PicturePlatform::WriteOutput(FileHandle file, std::string_view bytes) {
-  try {
-    return MemoryPlatform::WriteOutput(file, bytes);
-  } catch (const std::bad_alloc&) {
-    return std::make_error_code(std::errc::not_enough_memory);
-  }
+bool PicturePlatform::ReadPicture(std::string_view file, std::vector<std::uint8_t>& bytes,
+                                  std::string& reason) {
+  // NOLINTNEXTLINE(bugprone-parent-virtual-call)
+  return PortablePlatform::ReadPicture((folder_ / file).string(), bytes, reason);
 }
 
 }  // namespace vellumark::tools

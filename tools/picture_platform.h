@@ -18,7 +18,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <system_error>
+#include <vector>
 
 #include <vellumark/vellumark.h>
 
@@ -42,8 +42,9 @@ class PicturePlatform final : public MemoryPlatform {
 
   bool DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) override;
 
-  /// Memory that has run out is told as such; as an exception it would become another reason.
-  std::error_code WriteOutput(FileHandle file, std::string_view bytes) override;
+  /// Reads from the folder, and not from the files in memory: the only one there is the document.
+  bool ReadPicture(std::string_view file, std::vector<std::uint8_t>& bytes,
+                   std::string& reason) override;
 
  private:
   std::filesystem::path folder_;

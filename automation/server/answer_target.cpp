@@ -3,9 +3,7 @@
 
 #include <utility>
 
-#include "automation/server/variant_value.h"
-
-namespace vellumark::automation {
+namespace vellumark::automation::server {
 namespace {
 
 VARTYPE ReferredType(const VARIANT& reference) noexcept {
@@ -87,4 +85,4 @@ void AnswerTarget::Store() noexcept {
   if (variant_ != nullptr) std::swap(*variant_, *answer_);  // the old content is freed with this
 }
 
-}  // namespace vellumark::automation
+}  // namespace vellumark::automation::server

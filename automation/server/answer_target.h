@@ -15,10 +15,10 @@
 #include <windows.h>
 #include <oaidl.h>
 
-#include "automation/server/owned_variant.h"
+#include "automation/server/variant_value.h"
 #include "automation/value.h"
 
-namespace vellumark::automation {
+namespace vellumark::automation::server {
 
 class AnswerTarget {
  public:
@@ -35,4 +35,4 @@ class AnswerTarget {
   OwnedVariant answer_;
 };
 
-}  // namespace vellumark::automation
+}  // namespace vellumark::automation::server

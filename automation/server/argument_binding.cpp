@@ -5,7 +5,7 @@
 
 #include "automation/server/variant_value.h"
 
-namespace vellumark::automation {
+namespace vellumark::automation::server {
 
 bool IsSound(const DISPPARAMS& arguments) noexcept {
   return arguments.cNamedArgs <= arguments.cArgs &&
@@ -57,4 +57,4 @@ HRESULT ArgumentBinding::CheckOmitted(const Member& member, const DISPPARAMS& ar
   return S_OK;
 }
 
-}  // namespace vellumark::automation
+}  // namespace vellumark::automation::server

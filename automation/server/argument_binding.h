@@ -21,7 +21,7 @@
 
 #include "automation/member.h"
 
-namespace vellumark::automation {
+namespace vellumark::automation::server {
 
 class ArgumentBinding {
  public:
@@ -48,4 +48,4 @@ class ArgumentBinding {
 /// Whether the counts of `arguments` and its arrays agree.
 [[nodiscard]] bool IsSound(const DISPPARAMS& arguments) noexcept;
 
-}  // namespace vellumark::automation
+}  // namespace vellumark::automation::server

@@ -9,7 +9,7 @@
 
 #include <utility>
 
-namespace vellumark::automation {
+namespace vellumark::automation::server {
 
 template <class T>
 class ComPointer {
@@ -42,4 +42,4 @@ class ComPointer {
   T* pointer_ = nullptr;
 };
 
-}  // namespace vellumark::automation
+}  // namespace vellumark::automation::server

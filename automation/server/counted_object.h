@@ -14,7 +14,7 @@
 
 #include "automation/server/module.h"
 
-namespace vellumark::automation {
+namespace vellumark::automation::server {
 
 template <class... Interfaces>
 class CountedObject : public Interfaces... {
@@ -33,12 +33,11 @@ class CountedObject : public Interfaces... {
   }
 
  protected:
-  CountedObject() = default;
-  virtual ~CountedObject() = default;  // by Release
+  CountedObject() noexcept { LockModule(true); }
+  virtual ~CountedObject() { LockModule(false); }  // by Release
 
  private:
-  const ModuleUse use_;  // of the base, so that it goes last
   std::atomic<ULONG> references_ = 1;
 };
 
-}  // namespace vellumark::automation
+}  // namespace vellumark::automation::server

@@ -4,14 +4,16 @@
 #include <algorithm>
 #include <new>
 #include <span>
+#include <stdexcept>
+#include <string>
 
-#include "automation/server/bstr.h"
-#include "automation/server/exception_information.h"
-#include "automation/server/guid.h"
+#include <vellumark/run_time_error.h>
+
 #include "automation/server/invocation.h"
-#include "automation/server/type_library.h"
+#include "automation/server/module.h"
+#include "automation/server/windows_text.h"
 
-namespace vellumark::automation {
+namespace vellumark::automation::server {
 namespace {
 
 std::shared_ptr<Document> NewDocument(const ClassInfo& info) {
@@ -22,12 +24,52 @@ std::shared_ptr<Document> NewDocument(const ClassInfo& info) {
 
 std::string NameOf(const OLECHAR* name) { return name == nullptr ? std::string() : Utf8(name); }
 
-HRESULT AnswerTypeInfo(std::string_view id, ITypeInfo** type) noexcept {
+HRESULT HandOutTypeInfo(std::string_view id, ITypeInfo** type) noexcept {
   if (type == nullptr) return E_POINTER;
+  return Guarded([&] { return LoadTypeInfo(id, type); });
+}
+
+/// FACILITY_CONTROL, where automation has the numbers of run-time errors.
+constexpr unsigned kRunTimeErrors = 0x800A0000;
+
+/// Null if there is no memory for it: the number alone then has to do.
+BSTR Sentence(std::string_view text) noexcept {
   try {
-    return LoadTypeInfo(id, type);
+    std::string sentence(text);
+    if (sentence.front() >= 'a' && sentence.front() <= 'z') {
+      sentence.front() = static_cast<char>(sentence.front() - 'a' + 'A');
+    }
+    return NewBstr(sentence);
   } catch (const std::bad_alloc&) {
-    return E_OUTOFMEMORY;
+    return nullptr;
+  }
+}
+
+HRESULT Describe(const RunTimeError& error, EXCEPINFO* information) noexcept {
+  if (information != nullptr) {
+    *information = EXCEPINFO{};
+    information->bstrSource = Sentence(kLibraryName);
+    information->bstrDescription = Sentence(error.what());
+    information->scode = static_cast<SCODE>(kRunTimeErrors + static_cast<unsigned>(error.number()));
+  }
+  return DISP_E_EXCEPTION;
+}
+
+/// To be called in a catch block: tells the client about the exception in `information`, which may
+/// be null, and returns the result of the call. The client learns the number of a run-time error,
+/// which VBScript shows as Err.Number and JScript as the low 16 bits of error.number; the source
+/// "Vellumark"; and a sentence.
+HRESULT DescribeException(EXCEPINFO* information) noexcept {
+  try {
+    throw;
+  } catch (const RunTimeError& error) {
+    return Describe(error, information);
+  } catch (const std::bad_alloc&) {
+    return Describe(RunTimeError(RunTimeError::OutOfMemory), information);
+  } catch (const std::length_error&) {  // a text longer than any memory
+    return Describe(RunTimeError(RunTimeError::OutOfMemory), information);
+  } catch (...) {
+    return E_UNEXPECTED;
   }
 }
 
@@ -62,22 +104,18 @@ HRESULT DispatchObject::GetTypeInfoCount(UINT* count) {
 HRESULT DispatchObject::GetTypeInfo(UINT index, LCID /*lcid*/, ITypeInfo** type) {
   if (type != nullptr) *type = nullptr;
   if (index != 0) return DISP_E_BADINDEX;
-  return AnswerTypeInfo(info_.interface_id, type);
+  return HandOutTypeInfo(info_.interface_id, type);
 }
 
 HRESULT DispatchObject::GetClassInfo(ITypeInfo** type) {
-  return AnswerTypeInfo(info_.class_id, type);
+  return HandOutTypeInfo(info_.class_id, type);
 }
 
 HRESULT DispatchObject::GetIDsOfNames(REFIID riid, OLECHAR** names, UINT count, LCID /*lcid*/,
                                       DISPID* ids) {
   if (!IsEqualIID(riid, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
   if (names == nullptr || ids == nullptr || count == 0) return E_INVALIDARG;
-  try {
-    return FindNames(names, count, ids);
-  } catch (const std::bad_alloc&) {
-    return E_OUTOFMEMORY;
-  }
+  return Guarded([&] { return FindNames(names, count, ids); });
 }
 
 /// The first name is a member's, the others its parameters'.
@@ -123,14 +161,14 @@ HRESULT DispatchObject::Invoke(DISPID id, REFIID riid, LCID lcid, WORD flags, DI
 HRESULT DispatchObject::InvokeMember(const Member& member, LCID lcid, WORD flags,
                                      const DISPPARAMS& arguments, VARIANT* result, UINT& wrong) {
   Invocation invocation(*document_, member, lcid);
-  // Some clients let with both kinds of assignment; assignment of a reference alone is not known.
+  // Some clients assign with both kinds of assignment; that of a reference alone is not supported.
   if ((flags & DISPATCH_PROPERTYPUT) != 0) {
     return member.Has(Kind::Let) ? invocation.Let(arguments, wrong) : DISP_E_MEMBERNOTFOUND;
   }
-  // A call and a property with parameters look alike in many languages, which then say both.
+  // In many languages a call and a property with parameters look alike: these ask for both.
   const WORD needed = member.property ? DISPATCH_PROPERTYGET : DISPATCH_METHOD;
   if ((flags & needed) == 0) return DISP_E_MEMBERNOTFOUND;
   return invocation.Call(arguments, result, wrong);
 }
 
-}  // namespace vellumark::automation
+}  // namespace vellumark::automation::server

@@ -6,9 +6,10 @@
 //     object->QueryInterface(riid, result);
 //     object->Release();
 //
-// It answers to IUnknown, IDispatch, the class's own dispatch interface and IProvideClassInfo.
-// Members, names and types are those of the member table; dispatch ids of parameters are their
-// places. Reference counting may happen on any thread, calls on the object's own only.
+// It has the interfaces IUnknown, IDispatch, the class's own dispatch interface and
+// IProvideClassInfo. Members, names and types are those of the member table; dispatch ids of
+// parameters are their places. Reference counting may happen on any thread, calls on the object's
+// own thread only.
 #pragma once
 
 #include <memory>
@@ -19,7 +20,7 @@
 #include "automation/class_table.h"
 #include "automation/server/counted_object.h"
 
-namespace vellumark::automation {
+namespace vellumark::automation::server {
 
 class DispatchObject final : public CountedObject<IDispatch, IProvideClassInfo> {
  public:
@@ -47,8 +48,8 @@ class DispatchObject final : public CountedObject<IDispatch, IProvideClassInfo> 
 
   const ClassInfo& info_;
   const GUID interface_id_;
-  std::optional<ClassMembers> members_;  // none of Enumerations
+  std::optional<ClassMembers> members_;  // Enumerations has none
   std::shared_ptr<Document> document_;
 };
 
-}  // namespace vellumark::automation
+}  // namespace vellumark::automation::server

@@ -3,7 +3,7 @@
 
 #include "automation/server/variant_value.h"
 
-namespace vellumark::automation {
+namespace vellumark::automation::server {
 
 HRESULT Invocation::Call(const DISPPARAMS& arguments, VARIANT* answer, UINT& wrong) {
   HRESULT result = binding_.Bind(member_, arguments, wrong);
@@ -65,4 +65,4 @@ HRESULT Invocation::Let(const DISPPARAMS& arguments, UINT& wrong) {
   return taken;
 }
 
-}  // namespace vellumark::automation
+}  // namespace vellumark::automation::server

@@ -18,7 +18,7 @@
 #include "automation/server/answer_target.h"
 #include "automation/server/argument_binding.h"
 
-namespace vellumark::automation {
+namespace vellumark::automation::server {
 
 class Invocation {
  public:
@@ -45,4 +45,4 @@ class Invocation {
   std::array<AnswerTarget, Member::kMostParameters> targets_;
 };
 
-}  // namespace vellumark::automation
+}  // namespace vellumark::automation::server

@@ -2,8 +2,12 @@
 #include "automation/server/module.h"
 
 #include <atomic>
+#include <oleauto.h>
 
-namespace vellumark::automation {
+#include "automation/server/com_pointer.h"
+#include "automation/server/windows_text.h"
+
+namespace vellumark::automation::server {
 namespace {
 
 std::atomic<long> uses = 0;
@@ -12,9 +16,6 @@ constexpr char kInThisModule = 0;
 constexpr std::size_t kLongestPath = 32767;
 
 }  // namespace
-
-ModuleUse::ModuleUse() noexcept { LockModule(true); }
-ModuleUse::~ModuleUse() { LockModule(false); }
 
 void LockModule(bool lock) noexcept { uses += lock ? 1 : -1; }
 
@@ -30,7 +31,7 @@ std::wstring ModulePath() {
   std::wstring path(MAX_PATH, L'\0');
   while (true) {
     const DWORD length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
-    if (length < path.size()) {  // else it was cut off
+    if (length < path.size()) {  // otherwise it was cut off
       path.resize(length);
       return path;
     }
@@ -39,4 +40,13 @@ std::wstring ModulePath() {
   }
 }
 
-}  // namespace vellumark::automation
+HRESULT LoadTypeInfo(std::string_view id, ITypeInfo** info) {
+  *info = nullptr;
+  // From the DLL itself and not by registration: it describes this very file. The system shares a
+  // library that is in use, so asking again is cheap.
+  ComPointer<ITypeLib> library;
+  const HRESULT loaded = LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, library.Receive());
+  return FAILED(loaded) ? loaded : library->GetTypeInfoOfGuid(ToGuid(id), info);
+}
+
+}  // namespace vellumark::automation::server

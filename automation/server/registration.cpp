@@ -3,15 +3,15 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <windows.h>
 #include <olectl.h>
 
 #include "automation/class_table.h"
-#include "automation/server/bstr.h"
 #include "automation/server/module.h"
-#include "automation/server/registry_key.h"
+#include "automation/server/windows_text.h"
 
-namespace vellumark::automation {
+namespace vellumark::automation::server {
 namespace {
 
 constexpr const wchar_t* kClassesKey = L"Software\\Classes";
@@ -19,6 +19,76 @@ constexpr const wchar_t* kSystem = sizeof(void*) == 8 ? L"win64" : L"win32";
 
 /// The system's own proxy for dispatch interfaces.
 constexpr std::wstring_view kDispatchProxy = L"{00020420-0000-0000-C000-000000000046}";
+
+/// An open key, closed at the end of the block.
+class RegistryKey {
+ public:
+  RegistryKey() = default;
+  RegistryKey(const RegistryKey&) = delete;
+  RegistryKey& operator=(const RegistryKey&) = delete;
+  RegistryKey(RegistryKey&&) = delete;
+  RegistryKey& operator=(RegistryKey&&) = delete;
+  ~RegistryKey() { Close(); }
+
+  /// Opens the key below `parent` for writing, and makes the keys on the way that are missing.
+  [[nodiscard]] LSTATUS Create(HKEY parent, const std::wstring& path) noexcept;
+
+  /// Opens a key that exists, for reading and writing.
+  [[nodiscard]] LSTATUS Open(HKEY parent, const std::wstring& path) noexcept;
+
+  /// An empty `name` is the key's default value.
+  [[nodiscard]] LSTATUS SetText(const std::wstring& name, const std::wstring& text) noexcept;
+
+  /// Deletes a key below this one with all that it holds. Does nothing if there is none.
+  [[nodiscard]] LSTATUS DeleteTree(const std::wstring& path) noexcept;
+
+  /// Whether there is a key of that name below this one that has keys itself.
+  [[nodiscard]] bool HasKeysIn(const std::wstring& path) const noexcept;
+
+  [[nodiscard]] HKEY Handle() const noexcept { return key_; }
+
+ private:
+  void Close() noexcept;
+
+  HKEY key_ = nullptr;
+};
+
+LSTATUS RegistryKey::Create(HKEY parent, const std::wstring& path) noexcept {
+  Close();
+  return RegCreateKeyExW(parent, path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                         KEY_READ | KEY_WRITE, nullptr, &key_, nullptr);
+}
+
+LSTATUS RegistryKey::Open(HKEY parent, const std::wstring& path) noexcept {
+  Close();
+  return RegOpenKeyExW(parent, path.c_str(), 0, KEY_READ | KEY_WRITE | DELETE, &key_);
+}
+
+LSTATUS RegistryKey::SetText(const std::wstring& name, const std::wstring& text) noexcept {
+  const auto size = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
+  return RegSetValueExW(key_, name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
+                        size);
+}
+
+LSTATUS RegistryKey::DeleteTree(const std::wstring& path) noexcept {
+  const LSTATUS deleted = RegDeleteTreeW(key_, path.c_str());
+  return deleted == ERROR_FILE_NOT_FOUND || deleted == ERROR_PATH_NOT_FOUND ? ERROR_SUCCESS
+                                                                            : deleted;
+}
+
+bool RegistryKey::HasKeysIn(const std::wstring& path) const noexcept {
+  HKEY key = nullptr;
+  if (RegOpenKeyExW(key_, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return false;
+  DWORD keys = 0;
+  RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, nullptr, nullptr,
+                   nullptr, nullptr, nullptr);
+  RegCloseKey(key);
+  return keys != 0;
+}
+
+void RegistryKey::Close() noexcept {
+  if (HKEY closed = std::exchange(key_, nullptr)) RegCloseKey(closed);
+}
 
 std::wstring Braced(std::string_view id) {
   std::wstring text = L"{";
@@ -178,4 +248,4 @@ HRESULT Unregister(Scope scope) {
   return HRESULT_FROM_WIN32(static_cast<DWORD>(status));
 }
 
-}  // namespace vellumark::automation
+}  // namespace vellumark::automation::server

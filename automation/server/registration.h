@@ -16,15 +16,16 @@
 
 #include <windows.h>
 
-namespace vellumark::automation {
+namespace vellumark::automation::server {
 
 enum class Scope { Machine, User };
 
-/// Registers. A step that fails undoes all, an earlier registration too. Throws std::bad_alloc.
+/// Writes the entries. If a step fails, all of them are removed, those of an earlier registration
+/// too. Throws std::bad_alloc.
 [[nodiscard]] HRESULT Register(Scope scope);
 
-/// Removes what Register made, as far as it is there, and nothing else. Goes on past a key that
-/// cannot be removed and answers the first error. Throws std::bad_alloc.
+/// Removes what Register wrote, as far as it is there, and nothing else. Goes on past a key that
+/// cannot be removed, and returns the first error. Throws std::bad_alloc.
 [[nodiscard]] HRESULT Unregister(Scope scope);
 
-}  // namespace vellumark::automation
+}  // namespace vellumark::automation::server

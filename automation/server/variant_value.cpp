@@ -4,9 +4,9 @@
 #include <cmath>
 #include <new>
 
-#include "automation/server/bstr.h"
+#include "automation/server/windows_text.h"
 
-namespace vellumark::automation {
+namespace vellumark::automation::server {
 namespace {
 
 VARTYPE VariantType(Type type) noexcept {
@@ -28,7 +28,7 @@ Value Read(VARIANT& variant) {
     case VT_UI1: return std::uint8_t{V_UI1(&variant)};
     case VT_BOOL: return V_BOOL(&variant) != VARIANT_FALSE;
     case VT_R4: return V_R4(&variant);
-    case VT_BSTR: return TextOf(V_BSTR(&variant));
+    case VT_BSTR: return Utf8(V_BSTR(&variant));
     case VT_I4: return static_cast<std::int32_t>(V_I4(&variant));
     default: return {};
   }
@@ -57,7 +57,7 @@ HRESULT Change(const VARIANT& source, VARTYPE type, LCID lcid, OwnedVariant& res
 }
 
 /// A number to an integer. Between integers the runtime does not always check the range; from a
-/// double it does, and a double holds every number that a member takes or answers.
+/// double it does, and a double holds every number that a member takes or returns.
 HRESULT ChangeToInteger(const VARIANT& number, VARTYPE type, LCID lcid, OwnedVariant& result) {
   OwnedVariant exact;
   const HRESULT changed = Change(number, VT_R8, lcid, exact);
@@ -103,8 +103,8 @@ HRESULT Coerce(const VARIANT& source, VARTYPE type, LCID lcid, OwnedVariant& res
   const bool checked = IsInteger(type) && (IsInteger(from) || IsFloating(from));
   const HRESULT changed =
       checked ? ChangeToInteger(source, type, lcid, result) : Change(source, type, lcid, result);
-  // An object is asked for its default property and may answer anything, which is not about the
-  // member being called.
+  // An object is asked for its default property and may fail with any result, which would not be
+  // about the member being called.
   return SUCCEEDED(changed) || changed == DISP_E_OVERFLOW ? changed : DISP_E_TYPEMISMATCH;
 }
 
@@ -120,4 +120,4 @@ void GiveValue(const Value& value, OwnedVariant& result) {
   V_VT(&*result) = VariantType(static_cast<Type>(value.index()));
 }
 
-}  // namespace vellumark::automation
+}  // namespace vellumark::automation::server

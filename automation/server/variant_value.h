@@ -11,17 +11,40 @@
 #pragma once
 
 #include <windows.h>
-#include <oaidl.h>
+#include <oleauto.h>
 
-#include "automation/server/owned_variant.h"
 #include "automation/value.h"
 
-namespace vellumark::automation {
+namespace vellumark::automation::server {
+
+/// A VARIANT that frees what it holds.
+class OwnedVariant {
+ public:
+  OwnedVariant() noexcept { VariantInit(&variant_); }
+  OwnedVariant(const OwnedVariant&) = delete;
+  OwnedVariant& operator=(const OwnedVariant&) = delete;
+  OwnedVariant(OwnedVariant&&) = delete;
+  OwnedVariant& operator=(OwnedVariant&&) = delete;
+  ~OwnedVariant() { VariantClear(&variant_); }
+
+  VARIANT* operator->() noexcept { return &variant_; }
+  VARIANT& operator*() noexcept { return variant_; }
+
+  /// Hands the content over to the caller and is empty.
+  [[nodiscard]] VARIANT Take() noexcept {
+    const VARIANT taken = variant_;
+    VariantInit(&variant_);
+    return taken;
+  }
+
+ private:
+  VARIANT variant_{};
+};
 
 /// The variant behind references to variants, which VBScript passes for each variable.
 [[nodiscard]] VARIANT& Dereference(VARIANT& argument) noexcept;
 
-/// Whether the argument stands for one that the client left out.
+/// Whether the argument is the error variant that clients send for one that was left out.
 [[nodiscard]] bool IsOmitted(const VARIANT& argument) noexcept;
 
 /// Whether a variant of this type holds a whole number, of any size and sign.
@@ -36,4 +59,4 @@ namespace vellumark::automation {
 /// Puts a Value into an empty variant; None leaves it empty.
 void GiveValue(const Value& value, OwnedVariant& result);
 
-}  // namespace vellumark::automation
+}  // namespace vellumark::automation::server

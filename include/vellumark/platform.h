@@ -20,13 +20,14 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 #include <vellumark/bitmap.h>
 #include <vellumark/export.h>
 
 namespace vellumark {
 
-/// An open output file of a platform. Invalid is what a failed CreateOutput answers.
+/// An open output file of a platform. A failed CreateOutput returns Invalid.
 enum class FileHandle : std::int64_t { Invalid = -1 };
 
 /// A moment as a clock on the wall shows it.
@@ -53,22 +54,43 @@ class VELLUMARK_API Platform {
 
   /// Creates the file `name` (UTF-8) for writing, always anew: an existing file loses its content.
   /// No sharing: while it is open, creating it again fails and leaves it as it is. On failure the
-  /// result is FileHandle::Invalid and `error` says why.
+  /// result is FileHandle::Invalid and `error` says why; memory shortage, here and in the next two,
+  /// is std::errc::not_enough_memory.
   virtual FileHandle CreateOutput(std::string_view name, std::error_code& error) = 0;
 
   /// Writes all of `bytes`, one whole line with its line end. The platform may hold them back until
-  /// CloseOutput. An error may be told by this call or a later one; a file that once failed keeps
-  /// failing. Writing to FileHandle::Invalid is an error and nothing else.
+  /// CloseOutput. An error may be returned by this call or a later one; a file that once failed
+  /// keeps failing. Writing to FileHandle::Invalid returns an error and does nothing else.
   virtual std::error_code WriteOutput(FileHandle file, std::string_view bytes) = 0;
 
-  /// Writes what was held back and closes the file. The handle is gone also after an error.
+  /// Writes what was held back and closes the file. The handle is gone after an error too.
   virtual std::error_code CloseOutput(FileHandle file) = 0;
 
   /// Decodes the picture file `file` (UTF-8), a BMP, GIF or JPG by its content, into `bitmap`. On
   /// failure the result is false, `bitmap` is empty and `reason` says why in a few words, such as
   /// "No such file or directory" or "the pixel data is cut off". Must not wait for anything but a
-  /// disk. May throw std::bad_alloc.
+  /// disk. Memory shortage is std::bad_alloc, here and in the next two.
   virtual bool DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) = 0;
+
+  /// Reads the bytes of the picture file `file` as they are, for a format that takes the file
+  /// itself. Finds the file that DecodePicture finds; what it holds is not looked at. On failure
+  /// the result is false, `bytes` is empty and `reason` says why. A platform without an
+  /// implementation of its own refuses every file.
+  virtual bool ReadPicture(std::string_view /*file*/, std::vector<std::uint8_t>& bytes,
+                           std::string& reason) {
+    bytes.clear();
+    reason = "this platform does not read picture files";
+    return false;
+  }
+
+  /// Decodes a picture file that lies in memory, with the results of DecodePicture. A platform
+  /// without an implementation of its own refuses every picture.
+  virtual bool DecodePictureBytes(std::span<const std::uint8_t> /*bytes*/, Bitmap& bitmap,
+                                  std::string& reason) {
+    bitmap = {};
+    reason = "this platform does not decode pictures from memory";
+    return false;
+  }
 
   /// Shows the notice that a document gives of its construction. A platform without a message box
   /// must not block a host that has no one to look at it; the Windows one shows a box and waits,

@@ -7,8 +7,8 @@
 // two documents of one process; other programs are not kept out. A named pipe without a reader is
 // refused rather than waited for. Lines are collected into writes of 64 KiB.
 //
-// Notice: one line on standard error, "Vellumark: Initialize()"; left out where that would block or
-// where nobody can read it any more.
+// Notice: one line on standard error, "Vellumark: Initialize()"; left out if writing it would
+// block, or if nobody can read it any more.
 //
 // Clock: local time, or SOURCE_DATE_EPOCH in UTC.
 //
@@ -16,11 +16,14 @@
 #pragma once
 
 #include <memory>
-#include <vector>
 
 #include <vellumark/portable_platform.h>
 
 namespace vellumark {
+
+namespace platform {
+class OutputFiles;
+}
 
 class VELLUMARK_API PosixPlatform : public PortablePlatform {
  public:
@@ -41,11 +44,7 @@ class VELLUMARK_API PosixPlatform : public PortablePlatform {
   void CloseAll() noexcept;
 
  private:
-  class OutputFile;
-
-  OutputFile* Find(FileHandle file) noexcept;
-
-  std::vector<std::unique_ptr<OutputFile>> files_;  // indexed by handle; null once closed
+  std::unique_ptr<platform::OutputFiles> files_;
 };
 
 }  // namespace vellumark

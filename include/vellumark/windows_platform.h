@@ -2,17 +2,18 @@
 //
 // WindowsPlatform: files, message box, clock, code page, resources and picture loader of Windows.
 //
-// Files: names are converted to the ANSI code page; a character missing there makes the name one
-// that no file can have. While a file is open, no other program and no other document can open it.
-// Every line goes to the system at once. Errors are the system's own (std::system_category).
+// Files: names are converted to the ANSI code page; a name with a character that is missing there
+// is refused. While a file is open, no other program and no other document can open it. Lines are
+// collected into writes of 64 KiB. Errors are the system's own (std::system_category), apart from
+// std::errc::not_enough_memory and std::errc::bad_file_descriptor.
 //
-// Notice: a message box with an information sign and no owner. It waits until the user closes it,
-// deliberately.
+// Notice: a message box with an information sign and no owner. It deliberately waits until the user
+// closes it.
 //
 // Pictures: the component runtime's picture loader decodes them.
 //
-// Code page: the system's ANSI code page where that has one byte per character, Windows-1252 where
-// it has not.
+// Code page: the system's ANSI code page if that has one byte per character, otherwise
+// Windows-1252.
 //
 // Width resources: those of the program or DLL that this library is linked into, which has to link
 // the target `vellumark_windows_resources` beside it.
@@ -22,15 +23,15 @@
 // Not for use from several threads at once; each document without a platform makes its own.
 #pragma once
 
+#include <limits>
 #include <memory>
-#include <vector>
 
 #include <vellumark/platform.h>
 
 namespace vellumark {
 
 namespace platform {
-class WindowsOutputFile;
+class OutputFiles;
 }
 
 class WindowsPlatform : public Platform {
@@ -42,10 +43,19 @@ class WindowsPlatform : public Platform {
   WindowsPlatform(WindowsPlatform&&) = delete;
   WindowsPlatform& operator=(WindowsPlatform&&) = delete;
 
+  /// The most bytes that a decoded picture may have, from a file or from memory. 2^31 - 1 at first,
+  /// and at most. A larger picture is refused once the system's loader has told its size, for which
+  /// it may have decoded the picture.
+  void SetGreatestPicture(std::int32_t bytes) noexcept { greatest_picture_ = bytes; }
+
   FileHandle CreateOutput(std::string_view name, std::error_code& error) override;
   std::error_code WriteOutput(FileHandle file, std::string_view bytes) override;
   std::error_code CloseOutput(FileHandle file) override;
   bool DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) override;
+  bool ReadPicture(std::string_view file, std::vector<std::uint8_t>& bytes,
+                   std::string& reason) override;
+  bool DecodePictureBytes(std::span<const std::uint8_t> bytes, Bitmap& bitmap,
+                          std::string& reason) override;
   void ShowNotice(std::string_view text, std::string_view caption) override;
   LocalTime Now() override;
   std::string_view ToCodePage(std::string_view utf8, std::string& storage) override;
@@ -54,10 +64,8 @@ class WindowsPlatform : public Platform {
   std::string_view LegalNotice() override;
 
  private:
-  platform::WindowsOutputFile* Find(FileHandle file) noexcept;
-
-  // Indexed by handle; null once closed.
-  std::vector<std::unique_ptr<platform::WindowsOutputFile>> files_;
+  std::unique_ptr<platform::OutputFiles> files_;
+  std::int32_t greatest_picture_ = std::numeric_limits<std::int32_t>::max();
 };
 
 }  // namespace vellumark

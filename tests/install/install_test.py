@@ -59,13 +59,23 @@ class Install(unittest.TestCase):
         run(build / "same_names")
 
     def test_a_cmake_project_takes_the_tree_in(self):
+        """Without the picture libraries, which are hidden from it."""
         build = self.folder / "tree"
         run("cmake", "-G", "Ninja", "-S", SOURCE / "tests/install/stranger", "-B", build,
-            f"-DTREE={SOURCE}", f"-DEXAMPLE={EXAMPLE}")
+            f"-DTREE={SOURCE}", f"-DEXAMPLE={EXAMPLE}", "-DCMAKE_BUILD_TYPE=Debug",
+            "-DVELLUMARK_PICTURE_DECODERS=OFF", "-DCMAKE_DISABLE_FIND_PACKAGE_GIF=ON",
+            "-DCMAKE_DISABLE_FIND_PACKAGE_JPEG=ON")
         commands = run("ninja", "-C", build, "-t", "commands", "same_names").splitlines()
         own = next(line for line in commands if line.endswith("same_names.cpp"))
         self.assertEqual(re.findall(r"-(?:I|isystem ?)(\S+)", own),
                          [str(SOURCE / "tests/install/stranger"), str(SOURCE / "include")])
+        run("cmake", "--build", build, "--target", "draw_pictures")
+        pictures = SOURCE / "examples" / "pictures"
+        bmp, gif, jpg = run(build / "draw_pictures", pictures / "landscape_24.bmp",
+                            pictures / "landscape.gif", pictures / "landscape.jpg").splitlines()
+        self.assertEqual(bmp, "drawn")
+        self.assertIn("this build cannot read GIF files", gif)
+        self.assertIn("this build cannot read JPG files", jpg)
 
     def test_the_include_folder_alone_is_enough(self):
         run("g++", "-std=c++20", "-fsyntax-only", "-I", self.prefix / "include", EXAMPLE)

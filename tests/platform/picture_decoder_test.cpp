@@ -2,11 +2,13 @@
 #include "platform/picture_decoder.h"
 
 #include <cmath>
+#include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <new>
 
-#include "platform/picture_limits.h"
+#include "platform/picture_format.h"
 #include "tests/bmp_file.h"
 
 namespace vellumark::tests {
@@ -251,6 +253,16 @@ TEST(JpegDecoder, AHoleOrAScanTooManyRefusesThePicture) {
   hole.erase(hole.size() / 2, hole.size() / 4);
   EXPECT_EQ(Decode(hole, bitmap), "the pixel data is cut off");
   EXPECT_EQ(Decode(Sample("landscape.jpg") + "surplus", bitmap), "");
+}
+
+TEST(JpegDecoder, MemoryShortageIsNotTheFilesFault) {
+  std::string tall = Sample("landscape_progressive.jpg");
+  tall[tall.find("\xFF\xC2") + 5] = 1;  // 256 rows more than it has
+  Bitmap bitmap;
+  EXPECT_EQ(Decode(tall, bitmap), "the pixel data is cut off");
+  ::setenv("JPEGMEM", "1", 1);  // the JPEG library has to manage with a thousand bytes
+  EXPECT_THROW(Decode(tall, bitmap), std::bad_alloc);
+  ::unsetenv("JPEGMEM");
 }
 
 }  // namespace

@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 //
-// automation_client VELLUMARK.DLL: checks the automation server as a client without a script host,
-// under Windows or Wine; the DLL need not be registered. Prints a line for each fact and "all facts
-// hold" at the end; otherwise exits with 1.
+// automation_client VELLUMARK.DLL [DLL64 DLL32]: checks the automation server as a client without a
+// script host, under Windows or Wine; the DLL need not be registered. Of the other two DLLs it
+// looks at the type libraries, which programs of either bitness can read. Prints a line for each
+// fact and "all facts hold" at the end; otherwise exits with 1.
 #include <atomic>
 #include <cstdio>
 #include <thread>
 #include <windows.h>
 #include <ocidl.h>
 
-#include "automation/server/guid.h"
+#include "automation/server/windows_text.h"
 #include "tests/windows/automation_object.h"
 #include "tests/windows/facts.h"
 
@@ -88,7 +89,7 @@ void CheckIdentity(Facts& facts, IDispatch* object, const automation::ClassInfo&
   ComPointer<IUnknown> unknown, own, again, none;
   ComPointer<IProvideClassInfo> provider;
   object->QueryInterface(IID_IUnknown, unknown.ReceiveAny());
-  object->QueryInterface(automation::ToGuid(info.interface_id), own.ReceiveAny());
+  object->QueryInterface(automation::server::ToGuid(info.interface_id), own.ReceiveAny());
   object->QueryInterface(IID_IProvideClassInfo, provider.ReceiveAny());
   if (provider.Get() != nullptr) provider->QueryInterface(IID_IUnknown, again.ReceiveAny());
   facts.Check("an object is one, whichever interface is asked",
@@ -118,7 +119,7 @@ void CheckClass(Facts& facts, const Server& server, const automation::ClassInfo&
   std::printf("-- %s\n", std::string(info.name).c_str());
   ComPointer<IClassFactory> factory;
   ComPointer<IDispatch> object;
-  const GUID id = automation::ToGuid(info.class_id);
+  const GUID id = automation::server::ToGuid(info.class_id);
   if (FAILED(server.GetClass(id, IID_IClassFactory, factory.ReceiveAny()))) {
     facts.Check("there is a factory", false);
     return;
@@ -137,7 +138,7 @@ void CheckClass(Facts& facts, const Server& server, const automation::ClassInfo&
 }
 
 void CheckLock(Facts& facts, const Server& server) {
-  const GUID id = automation::ToGuid(automation::Classes().front().class_id);
+  const GUID id = automation::server::ToGuid(automation::Classes().front().class_id);
   ComPointer<IClassFactory> factory;
   server.GetClass(id, IID_IClassFactory, factory.ReceiveAny());
   facts.Check("a factory keeps the server loaded", server.CanUnload() == S_FALSE);
@@ -152,11 +153,10 @@ void CheckLock(Facts& facts, const Server& server) {
   facts.Check("and then it may go", server.CanUnload() == S_OK);
 }
 
-bool CheckServer(const char* file) {
-  Facts facts;
+void CheckServer(Facts& facts, const char* file) {
   Server server(file);
   facts.Check("the DLL is loaded and has its entry points", server.IsLoaded());
-  if (!server.IsLoaded()) return false;
+  if (!server.IsLoaded()) return;
   {
     const NoticeCloser closer;
     for (const automation::ClassInfo& info : automation::Classes()) {
@@ -170,21 +170,26 @@ bool CheckServer(const char* file) {
   }
   facts.Check("the DLL is unloaded",
               server.Unload() && GetModuleHandleA("vellumark.dll") == nullptr);
-  return facts.AllHold();
 }
 
 }  // namespace
 }  // namespace vellumark::tests
 
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::fputs("usage: automation_client VELLUMARK.DLL\n", stderr);
+  if (argc != 2 && argc != 4) {
+    std::fputs("usage: automation_client VELLUMARK.DLL [DLL64 DLL32]\n", stderr);
     return 2;
   }
   CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-  const bool hold = vellumark::tests::CheckServer(argv[1]);
+  vellumark::tests::Facts facts;
+  vellumark::tests::CheckServer(facts, argv[1]);
+  if (argc == 4) {
+    using vellumark::automation::server::Wide;
+    vellumark::tests::CheckTypeLibrary(facts, Wide(argv[2]).c_str(), SYS_WIN64);
+    vellumark::tests::CheckTypeLibrary(facts, Wide(argv[3]).c_str(), SYS_WIN32);
+  }
   CoUninitialize();
-  if (!hold) return 1;
+  if (!facts.AllHold()) return 1;
   std::puts("all facts hold");
   return 0;
 }

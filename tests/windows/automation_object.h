@@ -21,7 +21,7 @@
 
 namespace vellumark::tests {
 
-using automation::ComPointer;
+using automation::server::ComPointer;
 
 /// A variant of the client's, freed at the end of the expression or block.
 struct ClientVariant : VARIANT {
@@ -125,5 +125,6 @@ void CheckAnswers(Facts& facts, IDispatch* pdf);
 void CheckRefusals(Facts& facts, IDispatch* pdf);
 void CheckRunTimeErrors(Facts& facts, IDispatch* new_document);
 void CheckTypes(Facts& facts, IDispatch* object, const automation::ClassInfo& info);
+void CheckTypeLibrary(Facts& facts, const wchar_t* file, SYSKIND system);
 
 }  // namespace vellumark::tests

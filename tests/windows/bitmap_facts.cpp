@@ -3,7 +3,7 @@
 #include <vector>
 #include <windows.h>
 
-#include "platform/windows_bitmap.h"
+#include "platform/windows_picture.h"
 #include "tests/windows/facts.h"
 
 namespace vellumark::tests {
@@ -80,7 +80,7 @@ void CheckBitmaps(Facts& facts) {
   for (const Case& c : cases) {
     const HBITMAP section = MakeSection(c.width, c.height, c.bits, c.memory, c.masks_565);
     Bitmap bitmap;
-    const std::string_view why_not = platform::CopyWindowsBitmap(section, bitmap);
+    const std::string_view why_not = platform::CopyWindowsBitmap(section, 1000, bitmap);
     facts.Check(std::string("a loaded bitmap is copied: ").append(c.what),
                 why_not.empty() && bitmap.bits_per_pixel == c.bits && HasPalette(bitmap) &&
                     bitmap.pixels == c.expected,
@@ -88,7 +88,8 @@ void CheckBitmaps(Facts& facts) {
     DeleteObject(section);
   }
   Bitmap bitmap;
-  facts.Check("no bitmap at all is refused", !platform::CopyWindowsBitmap(nullptr, bitmap).empty());
+  facts.Check("no bitmap at all is refused",
+              !platform::CopyWindowsBitmap(nullptr, 1000, bitmap).empty());
 }
 
 }  // namespace vellumark::tests

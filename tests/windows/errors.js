@@ -32,7 +32,7 @@ raised("below a byte", 6, 10, function () { doc.SetThickness(-1); });
 raised("no color before Create", 9, 9, function () { doc.GetColor(0, 0, 0); });
 expect("names in any case", "1.2", doc.version);
 doc.PaperSize = 2;
-expect("a paper size that is none", false, doc.Create("refused.pdf"));
-expect("Create says why", "paper size is 2, which is no member of PaperSizeConstants",
+expect("an unknown paper size", false, doc.Create("refused.pdf"));
+expect("Create says why", "paper size is 2, which is not a member of PaperSizeConstants",
        doc.LastRefusal);
 WScript.Echo("end of script");

@@ -52,12 +52,12 @@ On Error GoTo 0
 Expect "version of PDF", "1.2", doc.Version
 Expect "version of PS", "3.0", ps.Version
 doc.PaperSize = 2
-Expect "a paper size that is none is kept", CLng(2), doc.PaperSize
+Expect "an unknown paper size is kept", CLng(2), doc.PaperSize
 Expect "and refused by Create", False, doc.Create("refused.pdf")
-Expect "Create says why", "paper size is 2, which is no member of PaperSizeConstants", doc.LastRefusal
+Expect "Create says why", "paper size is 2, which is not a member of PaperSizeConstants", doc.LastRefusal
 doc.PaperSize = 9
 Expect "no such folder", False, doc.Create("missing\refused.pdf")
-Expect "it says why", "file cannot be created", Left(doc.LastRefusal, 22)
+Expect "it says why", "the file cannot be created", Left(doc.LastRefusal, 26)
 Expect "a good paper size", True, doc.Create("errors.pdf")
 Expect "nothing was refused", "", doc.LastRefusal
 doc.NewPage 50, 50, 50, 50, 255, 255, 255
@@ -66,10 +66,10 @@ Expect "it says why", "shape would reach x = 496, but the usable area ends at x 
 Expect "no such picture", False, doc.DrawPicture("missing.bmp")
 doc.SetColor 10, 20, 30
 doc.GetColor red, green, blue
-Expect "answers are bytes", vbByte, VarType(red)
+Expect "colors are bytes", vbByte, VarType(red)
 Expect "the color", "10 20 30", red & " " & green & " " & blue
 doc.GetPosition x, y
 Expect "positions are integers", vbInteger, VarType(x)
-doc.GetPosition (x), 3 ' by value: the answers go nowhere
+doc.GetPosition (x), 3 ' by value: what comes back goes nowhere
 doc.Flush
 WScript.Echo "end of script"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <windows.h>
 
-#include "platform/windows_output_file.h"
+#include "platform/windows_file.h"
 #include "tests/windows/facts.h"
 
 namespace vellumark::tests {
@@ -54,9 +54,9 @@ void CheckFailures(Facts& facts) {
   HANDLE reader = nullptr;
   HANDLE writer = nullptr;
   CreatePipe(&reader, &writer, nullptr, 0);
-  platform::WindowsOutputFile pipe(writer);
+  platform::WindowsFile pipe(writer);
   CloseHandle(reader);
-  const std::error_code error = pipe.Write("nobody reads this");
+  const std::error_code error = pipe.Write(std::string(70000, 'x'));  // more than is held back
   facts.Check("a failed write is told, and told again by the close",
               error && pipe.Write("") == error && pipe.Close() == error, error.message());
 }

@@ -118,11 +118,37 @@ void CheckHostile(Facts& facts, const std::string& pictures) {
                "the picture has more than 32,767 pixels a side");
 }
 
+/// The other ways to a picture: its file's bytes, and a picture out of bytes.
+void CheckBytes(Facts& facts, const std::string& pictures) {
+  const std::string name = pictures + "/landscape_24.bmp";
+  QuietPlatform platform;
+  std::vector<std::uint8_t> bytes;
+  std::string reason;
+  const bool read = platform.ReadPicture(name, bytes, reason);
+  facts.Check("a file's bytes are read as they are",
+              read && bytes.size() == std::filesystem::file_size(name) && bytes[0] == 'B', reason);
+  Bitmap from_file;
+  Bitmap from_bytes;
+  const bool decoded = platform.DecodePicture(name, from_file, reason) &&
+                       platform.DecodePictureBytes(bytes, from_bytes, reason);
+  facts.Check("a picture comes out of memory as out of its file",
+              decoded && from_bytes.pixels == from_file.pixels, reason);
+  platform.SetGreatestPicture(1000);
+  facts.Check("the greatest picture holds for memory and files",
+              !platform.DecodePictureBytes(bytes, from_bytes, reason) &&
+                  !platform.DecodePicture(name, from_file, reason) &&
+                  reason == "the picture has too many pixels" && from_bytes.width == 0,
+              reason);
+  facts.Check("a missing file has no bytes",
+              !platform.ReadPicture(name + ".no", bytes, reason) && bytes.empty(), reason);
+}
+
 }  // namespace
 
 void CheckPictures(Facts& facts, const std::string& pictures) {
   CheckSamples(facts, pictures);
   CheckHostile(facts, pictures);
+  CheckBytes(facts, pictures);
 }
 
 }  // namespace vellumark::tests

@@ -5,8 +5,7 @@
 #include <ocidl.h>
 
 #include "automation/enumeration_table.h"
-#include "automation/server/bstr.h"
-#include "automation/server/guid.h"
+#include "automation/server/windows_text.h"
 #include "tests/windows/automation_object.h"
 #include "tests/windows/facts.h"
 
@@ -21,7 +20,7 @@ using automation::Parameter;
 using automation::Type;
 using automation::ValueType;
 
-std::string NameOf(BSTR name) { return automation::TextOf(name); }
+std::string NameOf(BSTR name) { return automation::server::Utf8(name); }
 
 /// The type attributes that matter here.
 struct Attributes {
@@ -152,12 +151,34 @@ bool SameEnumeration(ITypeInfo* type, const automation::Enumeration& enumeration
     VARDESC* variable = nullptr;
     if (FAILED(type->GetVarDesc(i, &variable))) return false;
     BSTR name = nullptr;
-    UINT count = 0;
-    type->GetNames(variable->memid, &name, 1, &count);
-    same = NameOf(name) == enumeration.members[i].name &&
+    BSTR help = nullptr;
+    type->GetDocumentation(variable->memid, &name, &help, nullptr, nullptr);
+    same = NameOf(name) == enumeration.members[i].name && NameOf(help) == NameOf(name) &&
            V_I4(variable->lpvarValue) == enumeration.members[i].value;
     SysFreeString(name);
+    SysFreeString(help);
     type->ReleaseVarDesc(variable);
+  }
+  return same;
+}
+
+/// How many types of the library are the enumerations, one after the other, with their own help.
+std::size_t CountEnumerations(ITypeLib* library) {
+  const auto table = automation::EnumerationTable();
+  std::size_t same = 0;
+  for (UINT i = 0; i < library->GetTypeInfoCount(); ++i) {
+    ComPointer<ITypeInfo> listed;
+    library->GetTypeInfo(i, listed.Receive());
+    if (Attributes(listed.Get()).kind != TKIND_ENUM) continue;
+    BSTR name = nullptr;
+    BSTR help = nullptr;
+    library->GetDocumentation(static_cast<INT>(i), &name, &help, nullptr, nullptr);
+    if (same < table.size() && NameOf(name) == table[same].name &&
+        NameOf(help) == table[same].help && SameEnumeration(listed.Get(), table[same])) {
+      ++same;
+    }
+    SysFreeString(name);
+    SysFreeString(help);
   }
   return same;
 }
@@ -166,25 +187,53 @@ void CheckEnumerations(Facts& facts, ITypeInfo* type) {
   ComPointer<ITypeLib> library;
   UINT index = 0;
   type->GetContainingTypeLib(library.Receive(), &index);
-  std::size_t same = 0;
-  for (UINT i = 0; i < library->GetTypeInfoCount(); ++i) {
-    ComPointer<ITypeInfo> listed;
-    library->GetTypeInfo(i, listed.Receive());
-    if (Attributes(listed.Get()).kind != TKIND_ENUM) continue;
-    BSTR name = nullptr;
-    library->GetDocumentation(static_cast<INT>(i), &name, nullptr, nullptr, nullptr);
-    const auto table = automation::EnumerationTable();
-    if (same < table.size() && NameOf(name) == table[same].name &&
-        SameEnumeration(listed.Get(), table[same])) {
-      ++same;
-    }
-    SysFreeString(name);
-  }
-  facts.Check("the enumerations have their members in order",
+  const std::size_t same = CountEnumerations(library.Get());
+  facts.Check("the enumerations have their values in order, each with its name as help string",
               same == automation::EnumerationTable().size(), std::to_string(same));
 }
 
+/// The names of the members whose help string is not the table's.
+std::string MembersWithoutHelp(ITypeInfo* type) {
+  std::string names;
+  FUNCDESC* function = nullptr;
+  for (UINT i = 0; SUCCEEDED(type->GetFuncDesc(i, &function)); ++i) {
+    BSTR name = nullptr;
+    BSTR help = nullptr;
+    type->GetDocumentation(function->memid, &name, &help, nullptr, nullptr);
+    for (const Member& member : automation::MemberTable()) {
+      if (member.id != function->memid || member.help == NameOf(help)) continue;
+      names += NameOf(name);
+      names += ' ';
+    }
+    SysFreeString(name);
+    SysFreeString(help);
+    type->ReleaseFuncDesc(function);
+  }
+  return names;
+}
+
 }  // namespace
+
+void CheckTypeLibrary(Facts& facts, const wchar_t* file, SYSKIND system) {
+  ComPointer<ITypeLib> library;
+  const HRESULT loaded = LoadTypeLibEx(file, REGKIND_NONE, library.Receive());
+  TLIBATTR* attributes = nullptr;
+  const bool found = SUCCEEDED(loaded) && SUCCEEDED(library->GetLibAttr(&attributes));
+  facts.Check("a DLL carries the type library of its own bitness",
+              found && attributes->syskind == system, Hexadecimal(loaded));
+  if (!found) return;
+  library->ReleaseTLibAttr(attributes);
+  const std::size_t same = CountEnumerations(library.Get());
+  facts.Check("in which each enumeration value has its name as help string",
+              same == automation::EnumerationTable().size(), std::to_string(same));
+  std::string without_help;
+  for (UINT i = 0; i < library->GetTypeInfoCount(); ++i) {
+    ComPointer<ITypeInfo> type;
+    library->GetTypeInfo(i, type.Receive());
+    without_help += MembersWithoutHelp(type.Get());
+  }
+  facts.Check("and each member its sentence", without_help.empty(), without_help);
+}
 
 void CheckTypes(Facts& facts, IDispatch* object, const ClassInfo& info) {
   UINT count = 0;
@@ -195,9 +244,9 @@ void CheckTypes(Facts& facts, IDispatch* object, const ClassInfo& info) {
   facts.Check("and no second", object->GetTypeInfo(1, 0, nothing.Receive()) == DISP_E_BADINDEX);
   if (FAILED(got)) return;
   const Attributes attributes(type.Get());
-  facts.Check(
-      "it is that of the class's dispatch interface",
-      attributes.kind == TKIND_DISPATCH && attributes.id == automation::ToGuid(info.interface_id));
+  facts.Check("it is that of the class's dispatch interface",
+              attributes.kind == TKIND_DISPATCH &&
+                  attributes.id == automation::server::ToGuid(info.interface_id));
   if (info.members) CheckFunctions(facts, object, type.Get(), ClassMembers(*info.members));
   CheckEnumerations(facts, type.Get());
 
@@ -208,8 +257,8 @@ void CheckTypes(Facts& facts, IDispatch* object, const ClassInfo& info) {
   facts.Check("the class is described", provided);
   if (!provided) return;
   const Attributes described(class_type.Get());
-  facts.Check("as what it is",
-              described.kind == TKIND_COCLASS && described.id == automation::ToGuid(info.class_id));
+  facts.Check("as what it is", described.kind == TKIND_COCLASS &&
+                                   described.id == automation::server::ToGuid(info.class_id));
 }
 
 }  // namespace vellumark::tests

@@ -211,10 +211,10 @@ class Clients(unittest.TestCase):
     """Programs of this folder that check what scripts cannot; they need no registration."""
 
     def expect_all_to_hold(self, bits):
-        for name, argument in (("platform_client", ROOT / "examples" / "pictures"),
-                               ("automation_client", DLLS[bits])):
+        for name, arguments in (("platform_client", [ROOT / "examples" / "pictures"]),
+                                ("automation_client", [DLLS[bits], DLLS[64], DLLS[32]])):
             program = PROGRAMS[bits] / "tests" / "windows" / f"{name}.exe"
-            text = wine.run(program, windows_path(argument), boxes=None)
+            text = wine.run(program, *map(windows_path, arguments), boxes=None)
             self.assertTrue(text.endswith("all facts hold\n"), text)
 
     def test_find_all_facts_to_hold(self):

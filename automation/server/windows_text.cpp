@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "automation/server/bstr.h"
+#include "automation/server/windows_text.h"
 
+#include <charconv>
 #include <limits>
 #include <new>
 
-namespace vellumark::automation {
+namespace vellumark::automation::server {
 namespace {
 
 /// A length as the system takes it.
@@ -13,10 +14,17 @@ int Length(std::size_t length) {
   return static_cast<int>(length);
 }
 
-/// What a conversion answers, which is 0 where the result is too long for it.
+/// The length that a conversion returned, which is 0 if the result is too long for it.
 std::size_t Converted(int length) {
   if (length <= 0) throw std::bad_alloc();
   return static_cast<std::size_t>(length);
+}
+
+template <class T>
+T Hexadecimal(std::string_view digits) noexcept {
+  T number = 0;
+  std::from_chars(digits.data(), digits.data() + digits.size(), number, 16);
+  return number;
 }
 
 }  // namespace
@@ -43,8 +51,8 @@ std::wstring Wide(std::string_view utf8) {
   return result;
 }
 
-std::string TextOf(BSTR text) {
-  return text == nullptr ? std::string() : Utf8({text, SysStringLen(text)});
+std::string Utf8(BSTR text) {
+  return text == nullptr ? std::string() : Utf8(std::wstring_view(text, SysStringLen(text)));
 }
 
 BSTR NewBstr(std::string_view utf8) {
@@ -54,4 +62,18 @@ BSTR NewBstr(std::string_view utf8) {
   return text;
 }
 
-}  // namespace vellumark::automation
+GUID ToGuid(std::string_view text) noexcept {
+  GUID id{};
+  id.Data1 = Hexadecimal<unsigned long>(text.substr(0, 8));
+  id.Data2 = Hexadecimal<unsigned short>(text.substr(9, 4));
+  id.Data3 = Hexadecimal<unsigned short>(text.substr(14, 4));
+  std::size_t at = 19;
+  for (unsigned char& byte : id.Data4) {
+    if (text[at] == '-') ++at;
+    byte = Hexadecimal<unsigned char>(text.substr(at, 2));
+    at += 2;
+  }
+  return id;
+}
+
+}  // namespace vellumark::automation::server

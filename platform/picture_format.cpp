@@ -1,9 +1,22 @@
 // SPDX-License-Identifier: MIT
-#include "platform/picture_limits.h"
+#include "platform/picture_format.h"
 
 #include <algorithm>
 
 namespace vellumark::platform {
+
+PictureKind PictureKindOf(std::span<const std::uint8_t> file) noexcept {
+  const auto starts_with = [file](std::string_view mark) {
+    return file.size() >= mark.size() &&
+           std::equal(mark.begin(), mark.end(), file.begin(), [](char c, std::uint8_t byte) {
+             return static_cast<std::uint8_t>(c) == byte;
+           });
+  };
+  if (starts_with("BM")) return PictureKind::Bmp;
+  if (starts_with("GIF87a") || starts_with("GIF89a")) return PictureKind::Gif;
+  if (starts_with("\xFF\xD8\xFF")) return PictureKind::Jpeg;
+  return PictureKind::Unknown;
+}
 
 std::string_view CheckSize(std::int64_t width, std::int64_t height, int bits,
                            std::int64_t greatest) noexcept {
