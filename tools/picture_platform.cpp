@@ -14,12 +14,12 @@ int Scaled(int length, int wanted, int present) {
   return std::max(static_cast<int>((product + present / 2) / present), 1);
 }
 
-/// Five bits from `bit` on as eight.
+/// Five bits, from `bit` on, scaled to eight.
 std::uint8_t FiveBits(unsigned pixel, unsigned bit) {
   return static_cast<std::uint8_t>(((pixel >> bit & 31U) * 255U + 15U) / 31U);
 }
 
-/// 16 and 32 bits per pixel become 24.
+/// Converts 16 and 32 bits per pixel to 24.
 void MakeTrueColor(Bitmap& bitmap) {
   if (bitmap.bits_per_pixel != 16 && bitmap.bits_per_pixel != 32) return;
   const std::size_t from_step = bitmap.bits_per_pixel / 8U;
@@ -70,7 +70,7 @@ bool PicturePlatform::DecodePicture(std::string_view file, Bitmap& bitmap, std::
     return true;
   }
   kept_ = {};
-  // Not from the files in memory: the only one there is the document itself.
+  // The only file in memory is the document itself.
   const std::string path = (folder_ / file).string();
   // NOLINTNEXTLINE(bugprone-parent-virtual-call)
   if (!PortablePlatform::DecodePicture(path, bitmap, reason)) return false;
