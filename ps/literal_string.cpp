@@ -17,14 +17,16 @@ char* WriteOctal(unsigned char byte, char* to) {
 }  // namespace
 
 char* EscapedString::WriteEscaped(char* to) const noexcept {
+  // Behind these, there is room for four characters and the backslash or the closing parenthesis.
+  char* full = to + kLongestLine - 5;
   const char* line = to;
   *to++ = '(';
   for (const char c : bytes) {
-    // Room for four characters and what may follow: the backslash, or the closing parenthesis.
-    if (to - line > static_cast<std::ptrdiff_t>(kLongestLine) - 5) {
+    if (to > full) {
       std::memcpy(to, kContinued.data(), kContinued.size());
       to += kContinued.size();
       line = to;
+      full = to + kLongestLine - 5;
     }
     const bool begins_comment = c == '%' && to == line;
     if (c < ' ' || c > '~' || begins_comment) {

@@ -12,8 +12,11 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <string_view>
+
+#include "encoding/eight_bytes.h"
 
 namespace vellumark::ps {
 
@@ -39,11 +42,17 @@ struct EscapedString {
 
   [[nodiscard]] bool IsPlain() const noexcept {
     if (bytes.size() > kLongestLine - 2) return false;
-    bool special = false;
-    for (const char c : bytes) {
-      special |= (c == '(') | (c == ')') | (c == '\\') | (c < ' ') | (c > '~');
+    std::string_view rest = bytes;
+    for (; rest.size() >= 8; rest.remove_prefix(8)) {
+      const std::uint64_t eight = encoding::LoadEight(rest.data());
+      const bool special = encoding::HasParenthesis(eight) || encoding::HasByte(eight, '\\') ||
+                           encoding::HasUnprintable(eight);
+      if (special) return false;
     }
-    return !special;
+    for (const char c : rest) {
+      if (c == '(' || c == ')' || c == '\\' || c < ' ' || c > '~') return false;
+    }
+    return true;
   }
 
   char* WriteEscaped(char* to) const noexcept;
