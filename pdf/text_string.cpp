@@ -49,14 +49,6 @@ constexpr auto kMayStand = [] {
 
 }  // namespace
 
-char* EscapedString::WriteEscaped(std::string_view bytes, char* to) noexcept {
-  for (const char c : bytes) {
-    if (IsSpecial(c)) *to++ = '\\';
-    *to++ = c == '\r' ? 'r' : c == '\n' ? 'n' : c;
-  }
-  return to;
-}
-
 char* TextString::Write(char* to) const noexcept {
   if (IsPrintableAscii(utf8)) return EscapedString{utf8}.Write(to);
   *to++ = '(';

@@ -9,8 +9,11 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <string_view>
+
+#include "encoding/eight_bytes.h"
 
 namespace vellumark::pdf {
 
@@ -29,27 +32,29 @@ struct EscapedString {
 
   /// The same without the parentheses around it; at most two bytes for each.
   static char* WriteInside(std::string_view bytes, char* to) noexcept {
-    // Blocks that hold nothing special, which is most of them, are copied as they are.
-    constexpr std::size_t kBlock = 32;
-    while (bytes.size() >= kBlock) {
-      to = WriteBlock(bytes.substr(0, kBlock), to);
-      bytes.remove_prefix(kBlock);
+    // Most text has nothing special: eight bytes at a time are copied as they are.
+    for (; bytes.size() >= 8; bytes.remove_prefix(8)) {
+      const std::uint64_t eight = encoding::LoadEight(bytes.data());
+      const bool special = encoding::HasParenthesis(eight) || encoding::HasByte(eight, '\\') ||
+                           encoding::HasBelow(eight, ' ');
+      if (special) {
+        to = WriteEach(bytes.substr(0, 8), to);
+      } else {
+        std::memcpy(to, &eight, 8);
+        to += 8;
+      }
     }
-    return WriteBlock(bytes, to);
+    return WriteEach(bytes, to);
   }
 
  private:
-  static constexpr bool IsSpecial(char c) noexcept {
-    return (c == '(') | (c == ')') | (c == '\\') | (c == '\r') | (c == '\n');
+  static char* WriteEach(std::string_view bytes, char* to) noexcept {
+    for (const char c : bytes) {
+      if (c == '(' || c == ')' || c == '\\' || c == '\r' || c == '\n') *to++ = '\\';
+      *to++ = c == '\r' ? 'r' : c == '\n' ? 'n' : c;
+    }
+    return to;
   }
-  static char* WriteBlock(std::string_view bytes, char* to) noexcept {
-    bool special = false;
-    for (const char c : bytes) special |= IsSpecial(c);
-    if (special) return WriteEscaped(bytes, to);
-    if (!bytes.empty()) std::memcpy(to, bytes.data(), bytes.size());
-    return to + bytes.size();
-  }
-  static char* WriteEscaped(std::string_view bytes, char* to) noexcept;
 };
 
 /// A text of the document's properties: printable ASCII as it is, any other text in UTF-16 behind
