@@ -40,6 +40,7 @@ struct GraphicsState {
     stroke_color = {};
     fill_color = {};
     dash.clear();
+    dash_known = true;
     thickness = 0;
     font = -1;
   }
