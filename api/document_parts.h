@@ -16,6 +16,7 @@
 #include "document/line_buffer.h"
 #include "document/state.h"
 #include "document/writer.h"
+#include "layout/shown_characters.h"
 
 namespace vellumark {
 
@@ -86,9 +87,9 @@ class Document::Parts {
   bool WriteMultiText(std::string_view text, Byte dy, AlignmentConstants alignment, bool justified,
                       Int16 width) noexcept {
     return Run([&] {
-      const ModelText model_text(*platform, state, text);
-      return Told(text, model.WriteMultiText(
-                            {model_text, dy.value(), alignment, justified, width.value()}));
+      return Written(text, [&](std::string_view as_written) {
+        return model.WriteMultiText({as_written, dy.value(), alignment, justified, width.value()});
+      });
     });
   }
 
@@ -99,18 +100,20 @@ class Document::Parts {
   bool WriteText(std::string_view text, bool carriagereturn, Byte dy, AlignmentConstants alignment,
                  std::string_view hyperlink) noexcept {
     return Run([&] {
-      const ModelText model_text(*platform, state, text);
       const ModelText link(*platform, state, hyperlink);
-      return Told(text, model.WriteText({model_text, carriagereturn, dy.value(), alignment, link}));
+      return Written(text, [&](std::string_view as_written) {
+        return model.WriteText({as_written, carriagereturn, dy.value(), alignment, link});
+      });
     });
   }
 
   bool WriteTitle(std::string_view text, AlignmentConstants alignment, BulletConstants bullet,
                   std::string_view hyperlink) noexcept {
     return Run([&] {
-      const ModelText model_text(*platform, state, text);
       const ModelText link(*platform, state, hyperlink);
-      return Told(text, model.WriteTitle({model_text, alignment, bullet, link}));
+      return Written(text, [&](std::string_view as_written) {
+        return model.WriteTitle({as_written, alignment, bullet, link});
+      });
     });
   }
 
@@ -131,12 +134,20 @@ class Document::Parts {
   document::DocumentModel model;
 
  private:
-  /// Notes the characters of a text that was written and that the code page or its display loses;
-  /// the model notes those of a conforming document.
-  document::RefusalNote Told(std::string_view text, const document::RefusalNote& note) {
-    if (!note && state.oddities.TextIsCodePageBytes()) {
-      AddLostBytes(*platform, text, state.font, model.Lost());
+  /// Calls `write`, which returns a note, with a text as the model takes it. The characters that
+  /// the code page or its display loses are noted if it was written; the model notes those of a
+  /// conforming document.
+  template <class Write>
+  document::RefusalNote Written(std::string_view text, const Write& write) {
+    const ModelText model_text(*platform, state, text);
+    if (!state.oddities.TextIsCodePageBytes() || layout::CountPlain(text) == text.size()) {
+      return write(model_text);
     }
+    // What allocates comes before what writes.
+    layout::LostCharacters lost = model.Lost();
+    AddLostBytes(*platform, text, state.font, lost);
+    const document::RefusalNote note = write(model_text);
+    if (!note) model.Lost() = std::move(lost);
     return note;
   }
 

@@ -23,7 +23,6 @@ bool ShowsItself(char32_t character) {
 void AddLostBytes(Platform& platform, std::string_view utf8, const layout::Font& font,
                   layout::LostCharacters& lost) {
   const std::size_t plain = layout::CountPlain(utf8);
-  if (plain == utf8.size()) return;
   const bool codes = font.number == FontNumberConstants::Symbol ||
                      font.number == FontNumberConstants::ZapfDingbats;
   platform::Utf8Reader reader(utf8.substr(plain));
