@@ -37,6 +37,9 @@ PaperSizeConstants Document::PaperSize() const { return parts_->state.paper_size
 void Document::PaperSize(PaperSizeConstants papersize) { parts_->state.paper_size = papersize; }
 bool Document::Rotated() const { return parts_->state.rotated; }
 void Document::Rotated(bool rotated) { parts_->state.rotated = rotated; }
+bool Document::Conforming() const { return parts_->state.conforming; }
+void Document::Conforming(bool conforming) { parts_->state.conforming = conforming; }
+std::string Document::LostCharacters() const { return parts_->model.Lost().Text(); }
 std::string Document::Version() const { return std::string(parts_->version); }
 
 bool Document::Create(std::string_view file) noexcept {
@@ -100,10 +103,7 @@ bool Document::WriteTitle(std::string_view text, AlignmentConstants alignment,
 
 bool Document::WriteMultiText(std::string_view text, Byte dy, AlignmentConstants alignment,
                               bool justified, Int16 width) noexcept {
-  return parts_->Run([&] {
-    const CodePageText bytes(*parts_->platform, text);
-    return parts_->model.WriteMultiText({bytes, dy.value(), alignment, justified, width.value()});
-  });
+  return parts_->WriteMultiText(text, dy, alignment, justified, width);
 }
 
 bool Document::DrawPicture(std::string_view file, AlignmentConstants alignment,

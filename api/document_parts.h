@@ -16,19 +16,21 @@
 #include "document/line_buffer.h"
 #include "document/state.h"
 #include "document/writer.h"
+#include "layout/shown_characters.h"
 
 namespace vellumark {
 
-/// A text of the host in the platform's code page, for the length of one call.
-class CodePageText {
+/// A text of the host as the document model takes it, for the length of one call: in the platform's
+/// code page, or UTF-8 as it is.
+class ModelText {
  public:
-  CodePageText(Platform& platform, std::string_view utf8)
-      : bytes_(platform.ToCodePage(utf8, storage_)) {}
-  CodePageText(const CodePageText&) = delete;
-  CodePageText& operator=(const CodePageText&) = delete;
-  CodePageText(CodePageText&&) = delete;
-  CodePageText& operator=(CodePageText&&) = delete;
-  ~CodePageText() = default;
+  ModelText(Platform& platform, const document::State& state, std::string_view utf8)
+      : bytes_(state.oddities.TextIsCodePageBytes() ? platform.ToCodePage(utf8, storage_) : utf8) {}
+  ModelText(const ModelText&) = delete;
+  ModelText& operator=(const ModelText&) = delete;
+  ModelText(ModelText&&) = delete;
+  ModelText& operator=(ModelText&&) = delete;
+  ~ModelText() = default;
 
   operator std::string_view() const noexcept { return bytes_; }
 
@@ -36,6 +38,13 @@ class CodePageText {
   std::string storage_;
   std::string_view bytes_;
 };
+
+/// Adds to `lost` the characters of `utf8` that a reader of a classic document does not see as
+/// themselves: those that the code page lacks, and those whose byte is another glyph in the fonts'
+/// own encoding. The apostrophe and the grave accent, which are shown curly, are not counted; in
+/// Symbol and ZapfDingbats a byte is the code of whatever glyph is there.
+void AddLostBytes(Platform& platform, std::string_view utf8, const layout::Font& font,
+                  layout::LostCharacters& lost);
 
 class Document::Parts {
  public:
@@ -56,8 +65,8 @@ class Document::Parts {
   ~Parts() = default;
 
   [[nodiscard]] document::HostText Keep(std::string_view utf8) const {
-    const CodePageText bytes(*platform, utf8);
-    return {std::string(utf8), std::string(bytes)};
+    std::string storage;
+    return {std::string(utf8), std::string(platform->ToCodePage(utf8, storage))};
   }
 
   /// The public boundary: runs `call`, which returns the note of what it refused, keeps that note
@@ -75,6 +84,15 @@ class Document::Parts {
     return !refusal_.note;
   }
 
+  bool WriteMultiText(std::string_view text, Byte dy, AlignmentConstants alignment, bool justified,
+                      Int16 width) noexcept {
+    return Run([&] {
+      return Written(text, [&](std::string_view as_written) {
+        return model.WriteMultiText({as_written, dy.value(), alignment, justified, width.value()});
+      });
+    });
+  }
+
   [[nodiscard]] Refusal LastRefusal() const {
     return {refusal_.note.reason, document::Sentence(refusal_.note, refusal_.detail)};
   }
@@ -82,18 +100,20 @@ class Document::Parts {
   bool WriteText(std::string_view text, bool carriagereturn, Byte dy, AlignmentConstants alignment,
                  std::string_view hyperlink) noexcept {
     return Run([&] {
-      const CodePageText bytes(*platform, text);
-      const CodePageText link(*platform, hyperlink);
-      return model.WriteText({bytes, carriagereturn, dy.value(), alignment, link});
+      const ModelText link(*platform, state, hyperlink);
+      return Written(text, [&](std::string_view as_written) {
+        return model.WriteText({as_written, carriagereturn, dy.value(), alignment, link});
+      });
     });
   }
 
   bool WriteTitle(std::string_view text, AlignmentConstants alignment, BulletConstants bullet,
                   std::string_view hyperlink) noexcept {
     return Run([&] {
-      const CodePageText bytes(*platform, text);
-      const CodePageText link(*platform, hyperlink);
-      return model.WriteTitle({bytes, alignment, bullet, link});
+      const ModelText link(*platform, state, hyperlink);
+      return Written(text, [&](std::string_view as_written) {
+        return model.WriteTitle({as_written, alignment, bullet, link});
+      });
     });
   }
 
@@ -101,7 +121,7 @@ class Document::Parts {
   bool DrawPicture(std::string_view file, AlignmentConstants alignment, std::string_view hyperlink,
                    EncodingConstants encoding) noexcept {
     return Run([&] {
-      const CodePageText link(*platform, hyperlink);
+      const ModelText link(*platform, state, hyperlink);
       return model.DrawPicture({file, alignment, link, encoding});
     });
   }
@@ -114,6 +134,23 @@ class Document::Parts {
   document::DocumentModel model;
 
  private:
+  /// Calls `write`, which returns a note, with a text as the model takes it. The characters that
+  /// the code page or its display loses are noted if it was written; the model notes those of a
+  /// conforming document.
+  template <class Write>
+  document::RefusalNote Written(std::string_view text, const Write& write) {
+    const ModelText model_text(*platform, state, text);
+    if (!state.oddities.TextIsCodePageBytes() || layout::CountPlain(text) == text.size()) {
+      return write(model_text);
+    }
+    // What allocates comes before what writes.
+    layout::LostCharacters lost = model.Lost();
+    AddLostBytes(*platform, text, state.font, lost);
+    const document::RefusalNote note = write(model_text);
+    if (!note) model.Lost() = std::move(lost);
+    return note;
+  }
+
   document::FileNote refusal_;
 };
 

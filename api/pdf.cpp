@@ -39,6 +39,9 @@ void PDF::Subject(std::string_view subject) {
   PropertiesOf(*parts().writer).subject = parts().Keep(subject);
 }
 
+bool PDF::Compressed() const { return parts().state.compressed; }
+void PDF::Compressed(bool compressed) { parts().state.compressed = compressed; }
+
 bool PDF::WriteText(std::string_view text, bool carriagereturn, Byte dy,
                     AlignmentConstants alignment, std::string_view hyperlink) noexcept {
   return parts().WriteText(text, carriagereturn, dy, alignment, hyperlink);

@@ -21,8 +21,8 @@
 
 namespace vellumark::automation {
 
-/// What an omitted argument stands for; monostate for one that may not be omitted. The number of
-/// any numeric type, a Boolean or an enumeration, or a text.
+/// The value of an omitted argument: the number of any numeric type, a Boolean or an enumeration,
+/// or a text. monostate if the argument must not be omitted.
 using Default = std::variant<std::monostate, std::int32_t, std::string_view>;
 
 struct Parameter {
@@ -47,7 +47,7 @@ struct MemberFacts {
 enum class Kind : std::uint8_t { Get, Let, Method };
 
 struct Member {
-  /// Calls the member. `arguments` has one Value of the right type for each parameter; those of
+  /// Calls the member. `arguments` has one Value of the type of each parameter; those of
   /// in/out parameters receive results. `document` must be of a class that has the member.
   /// Accessors throw RunTimeError; anything may throw std::bad_alloc.
   using Call = Value (*)(Document& document, std::span<Value> arguments);
@@ -56,19 +56,19 @@ struct Member {
 
   std::string_view name;
   std::string_view help;     ///< one sentence, for editors that show the type library
-  std::string_view remarks;  ///< what else there is to know; may be empty
+  std::string_view remarks;  ///< everything else that a caller must know; may be empty
   std::int32_t id = 0;       ///< dispatch id; the same in every class that has the name
-  bool property = false;     ///< a property with a get and perhaps a let, else a method
+  bool property = false;     ///< a property with a get and perhaps a let; otherwise a method
   bool of_pdf = true;        ///< PDF has it
   bool of_ps = true;         ///< PS has it
   MemberFacts facts;
   ValueType result;     ///< of the method; the type of the property
   Call call = nullptr;  ///< the method, or the property's get
-  Call let = nullptr;   ///< the property's let, with one argument; null where it is read-only
+  Call let = nullptr;   ///< the property's let, with one argument; null if it is read-only
   std::size_t parameter_count = 0;
   std::array<Parameter, kMostParameters> all_parameters;
 
-  /// Of the method, in declared order.
+  /// The parameters of the method, in declared order.
   [[nodiscard]] constexpr std::span<const Parameter> parameters() const noexcept {
     return {all_parameters.data(), parameter_count};
   }
@@ -82,7 +82,7 @@ struct Member {
 /// The value of an omitted optional argument.
 [[nodiscard]] Value DefaultOf(const Parameter& parameter);
 
-/// What an in/out parameter holds before the call: 0, False or no text.
+/// The value of an in/out parameter before the call: 0, False or an empty text.
 [[nodiscard]] Value ZeroOf(Type type);
 
 }  // namespace vellumark::automation

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Makes rows of the member table out of C++ members. The types, the directions and the result of a
-// row are those of the C++ signature, so that they cannot differ from it:
+// Makes rows of the member table from C++ members. Types, directions and result of a row come from
+// the C++ signature, so they cannot differ from it:
 //
 //     Method<&Document::GetDash>({"GetDash", 29, "Returns the dash pattern.", ""})
 //     Method<&Document::SetPosition>({"SetPosition", 42, "Sets ...", ""}, {{"x", -1}, {"y", -1}})
@@ -10,7 +10,8 @@
 //     Method<&Document::Create>({"Create", 11, "Creates ...", ""}, {FileName("file")})
 //     Property<Document, std::string, &Document::Author, &Document::Author>({...})
 //
-// A parameter of type T& is in/out; a text is taken as std::string_view and given as std::string.
+// A parameter of type T& is in/out. A C++ member takes a text as std::string_view and returns it as
+// std::string.
 #pragma once
 
 #include <functional>
@@ -24,7 +25,7 @@
 
 namespace vellumark::automation {
 
-/// What a row says in words.
+/// The words and facts of a row.
 struct Caption {
   std::string_view name;
   std::int32_t id;
@@ -33,7 +34,7 @@ struct Caption {
   MemberFacts facts = {};
 };
 
-/// A parameter's name and, where it may be omitted, what stands for it.
+/// The name of a parameter and, if it may be omitted, its default.
 struct ParameterName {
   constexpr ParameterName() = default;
   constexpr ParameterName(const char* text) : name(text) {}
@@ -103,17 +104,17 @@ T Take(const Value& value) {
 }
 
 template <class T>
-Value Give(T&& answer) {
+Value Give(T&& result) {
   if constexpr (std::is_enum_v<std::remove_cvref_t<T>>) {
-    return static_cast<std::int32_t>(answer);
+    return static_cast<std::int32_t>(result);
   } else {
-    return std::forward<T>(answer);
+    return std::forward<T>(result);
   }
 }
 
 template <class A, class T>
-void GiveBack(Value& argument, const T& answer) {
-  if constexpr (std::is_lvalue_reference_v<A>) argument = Give(answer);
+void GiveBack(Value& argument, const T& result) {
+  if constexpr (std::is_lvalue_reference_v<A>) argument = Give(result);
 }
 
 /// Calls `kCall`, a member or a function whose first parameter is the document.
@@ -180,7 +181,7 @@ constexpr Member Method(const Caption& caption, const ParameterNames& names = {}
   return detail::RowOf<kCall, Only>(caption, names, kCall);
 }
 
-/// A property of class `D` and type T that cannot be assigned; `kGet` is a member or a function
+/// A property of class `D` and type T that cannot be assigned. `kGet` is a member, or a function
 /// that takes the document.
 template <class D, class T, auto kGet>
 constexpr Member ReadOnlyProperty(const Caption& caption) {
@@ -189,11 +190,11 @@ constexpr Member ReadOnlyProperty(const Caption& caption) {
   return row;
 }
 
-/// What is assigned to a property of type T.
+/// The type of the argument that assigns a property of type T.
 template <class T>
 using Assigned = std::conditional_t<std::is_same_v<T, std::string>, std::string_view, T>;
 
-/// A property of class `D`.
+/// A property of class `D` and type T.
 template <class D, class T, T (D::*kGet)() const, void (D::*kLet)(Assigned<T>)>
 constexpr Member Property(const Caption& caption) {
   Member row = ReadOnlyProperty<D, T, kGet>(caption);

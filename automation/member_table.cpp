@@ -20,51 +20,55 @@ string RefusalSentence(const Document& document) { return document.LastRefusal()
 
 constexpr Caption kWriteText = {
     "WriteText", 20, "Writes a text on the current position, in the current color and font.",
-    "The current position is its top left corner. The text must fit: without alignment between the "
-    "current x and the right margin, else within the usable width, and above the bottom margin. "
-    "Then the position moves behind it, or with carriagereturn to the x of the last SetPosition "
-    "and down by the font height and dy points. PDF escapes parentheses in it, PS nothing; a "
-    "backslash is passed on by both. PDF lays a link to the address hyperlink over it; the address "
-    "is written unescaped, so it must be percent-encoded."};
+    "The current position is the top left corner of the text. The text must fit above the bottom "
+    "margin and, without alignment, between the current x and the right margin; with alignment, "
+    "within the usable width. Afterwards the position is at the end of the text; with "
+    "carriagereturn it is at the x of the last SetPosition, lower by the font height plus dy "
+    "points. PDF escapes parentheses in the text, PS escapes nothing; both pass a backslash on. "
+    "PDF "
+    "puts a link to the address hyperlink over the text. The address is written without escaping, "
+    "so it must be percent-encoded."};
 
 constexpr Caption kWriteTitle = {
     "WriteTitle", 21, "Writes a title behind a bullet, in the current color and font.",
-    "The bullet takes the font height less 1. A title always ends with a carriage return. "
-    "hyperlink as for WriteText."};
+    "The bullet takes a width of the font height less 1 point. A title always ends with a carriage "
+    "return. hyperlink works as in WriteText."};
 
 constexpr Caption kDrawPicture = {
     "DrawPicture",
     23,
     "Draws a picture (BMP, GIF, JPG) on the current position.",
-    "The position is its top left corner, a pixel one point; with a picture box, see "
-    "SetPictureDimensions, a larger picture is made to fit into it. It must fit between the "
-    "current position and the right and bottom margins, also if it is then aligned. Afterwards the "
-    "position is below it, at the x of the last SetPosition. encoding is the filter of its "
-    "samples: Flate makes the smallest files, ASCII85 and ASCIIHex plain text, and RunLength is "
-    "not taken by every reader. hyperlink as for WriteText.",
+    "The position is the top left corner of the picture, and a pixel is one point. A picture that "
+    "is larger than the box of SetPictureDimensions is made smaller until it fits into the box. It "
+    "must fit between the current position and the right and bottom margins, even if it is then "
+    "aligned. Afterwards the position is below the picture, at the x of the last SetPosition. "
+    "encoding is the filter of the samples: Flate makes the smallest files, ASCII85 and ASCIIHex "
+    "are plain text, and not every reader supports RunLength. hyperlink works as in WriteText.",
     {.takes_long = true}};
 
 constexpr Member kMembers[] = {
     Property<Document, string, &Document::Author, &Document::Author>(
         {"Author", 1, "Returns or sets the author of the document.",
-         "Written into the file by Create, exactly as set: nothing is escaped. The same holds for "
-         "the other texts of the document."}),
+         "Create writes it into the file exactly as set: nothing is escaped. The same applies to "
+         "the other properties that are texts."}),
     Property<Document, string, &Document::Creator, &Document::Creator>(
         {"Creator", 2, "Returns or sets the program that the document comes from.", ""}),
     Property<PDF, string, &PDF::Keywords, &PDF::Keywords>(
         {"Keywords", 3, "Returns or sets the keywords of the document.", ""}),
     Property<Document, OrientationConstants, &Document::Orientation, &Document::Orientation>(
         {"Orientation", 4, "Returns or sets the orientation of the paper.",
-         "Portrait at first. Read by Create, which refuses a value that is no member."}),
+         "Initially Portrait. Create reads it, and refuses a value that is not a member of the "
+         "enumeration."}),
     Property<Document, PaperSizeConstants, &Document::PaperSize, &Document::PaperSize>(
         {"PaperSize", 5, "Returns or sets the size of the paper.",
-         "A4 at first. Read by Create, which refuses a value that is no member."}),
+         "Initially A4. Create reads it, and refuses a value that is not a member of the "
+         "enumeration."}),
     Property<PDF, string, &PDF::Producer, &PDF::Producer>(
         {"Producer", 6, "Returns or sets the program that makes the file.", ""}),
     Property<Document, bool, &Document::Rotated, &Document::Rotated>(
         {"Rotated", 7, "Returns or sets whether the pages are rotated.",
-         "False at first. PDF marks each page that ends while it is set, and readers show the page "
-         "upright all the same. PS turns the whole document; set it before Create."}),
+         "Initially False. PDF marks each page that ends while it is True, but readers show the "
+         "page upright all the same. PS rotates the whole document; set it before Create."}),
     Property<PDF, string, &PDF::Subject, &PDF::Subject>(
         {"Subject", 8, "Returns or sets the subject of the document.", ""}),
     Property<Document, string, &Document::Title, &Document::Title>(
@@ -77,17 +81,20 @@ constexpr Member kMembers[] = {
         {"Create",
          11,
          "Creates the file and starts the document.",
-         "The file is created anew, and nobody else can open it until Flush. Pen, font, margins, "
-         "colors and picture box go back to their defaults: black, solid, 1 point, unfilled, "
-         "Courier 8, no margins, white page, no box. False for an orientation or paper size that "
-         "is none, or when the file cannot be created.",
+         "An existing file loses its content, and until Flush no other document can create the "
+         "same file. Color, dash, thickness, fill style, font, margins, page color and picture box "
+         "are reset: black, solid, 1 point, unfilled, Courier 8, no margins, white, no box. "
+         "Returns "
+         "False if the orientation or paper size is not a member of its enumeration, or if the "
+         "file cannot be created.",
          {.creates_file = true}},
         {{FileName("file")}}),
     Method<&Document::NewPage>(
         {"NewPage", 12, "Ends the open page and starts the next one.",
-         "Margins in points, page color 0 to 255; the position becomes the top left corner inside "
-         "the margins. Margins that are negative or leave 20 points or less of the page either way "
-         "are not taken; the previous ones stay."},
+         "Margins are in points, and red, green and blue of the page color are 0 to 255. The "
+         "position becomes the top left corner inside the margins. If a margin is negative, or the "
+         "margins leave 20 points or less of the width or height of the page, the previous margins "
+         "stay."},
         {{{"marginleft"},
           {"margintop"},
           {"marginright"},
@@ -98,43 +105,46 @@ constexpr Member kMembers[] = {
     Method<&Document::Flush>({"Flush",
                               13,
                               "Ends the last page, writes the file and closes it.",
-                              "Nothing reaches the file before. A document without pages gets "
-                              "one. Whether the file was written in full, LastRefusal tells.",
+                              "Nothing is written to the file before. A document without pages "
+                              "gets one. LastRefusal tells whether the file was written in full.",
                               {.takes_long = true, .completes_file = true}}),
 
     Method<&Document::DrawLine>(
         {"DrawLine", 14,
          "Draws a line in the current color, dash, fill color, fill style and thickness.",
-         "From one point to the other. Every point of a shape must lie in the usable area, edges "
-         "included, or the shape is refused."},
+         "The line goes from the first point to the second. Every point of a shape must lie in the "
+         "usable area, edges included; otherwise the shape is refused."},
         {{{"x1"}, {"y1"}, {"x2"}, {"y2"}}}),
     Method<&Document::DrawRectangle>(
         {"DrawRectangle", 15,
          "Draws a rectangle in the current color, dash, fill color, fill style and thickness.",
-         "By its top left corner. In a PDF an unfilled closed shape is white inside and covers "
-         "what is below; PS leaves it open."},
+         "x and y are the top left corner. An unfilled closed shape is white inside in a PDF, and "
+         "covers what is below it; in a PS it is transparent."},
         {{{"x"}, {"y"}, {"width"}, {"height"}}}),
     Method<&Document::DrawCurve>(
         {"DrawCurve", 16,
          "Draws a curve in the current color, dash, fill color, fill style and thickness.",
-         "From the first point to the third, pulled by the second, and closed by a straight line."},
+         "The curve goes from the first point to the third and bends toward the second. A straight "
+         "line closes it."},
         {{{"x1"}, {"y1"}, {"x2"}, {"y2"}, {"x3"}, {"y3"}}}),
     Method<&Document::DrawCircle>(
         {"DrawCircle", 17,
          "Draws a circle in the current color, dash, fill color, fill style and thickness.",
-         "By its centre and radius."},
+         "x and y are the center, r is the radius."},
         {{{"x"}, {"y"}, {"r"}}}),
     Method<&Document::DrawEllipse>(
         {"DrawEllipse", 18,
          "Draws an ellipse in the current color, dash, fill color, fill style and thickness.",
-         "By its centre and both radii. In a PDF it bulges towards the corners of its box."},
+         "x and y are the center, rx and ry the horizontal and vertical radius. In a PDF the "
+         "ellipse bulges toward the corners of its box."},
         {{{"x"}, {"y"}, {"rx"}, {"ry"}}}),
     Method<&Document::DrawArc>(
         {"DrawArc", 19,
          "Draws an arc in the current color, dash, fill color, fill style and thickness.",
-         "A slice of a circle, counter-clockwise between two angles in degrees from the positive x "
-         "axis. PDF takes the smaller angle first and brings both below 360; where the second then "
-         "lies below the first the slice runs through 0 degrees. PS takes the angles as they are."},
+         "The arc is a slice of a circle, counterclockwise from the angle th1 to th2 in degrees "
+         "from the positive x axis. PDF starts at the smaller angle and reduces both to less than "
+         "360; if the second is then less than the first, the slice passes through 0 degrees. PS "
+         "takes the angles as they are."},
         {{{"x"}, {"y"}, {"r"}, {"th1"}, {"th2"}}}),
 
     Method<kLinkedText>(kWriteText, {{{"text"},
@@ -150,10 +160,11 @@ constexpr Member kMembers[] = {
                                       {{{"text"}, {"alignment", NoAlignment}, {"bullet", Disc}}}),
     Method<&Document::WriteMultiText>(
         {"WriteMultiText", 22, "Writes a paragraph in lines, in the current color and font.",
-         "The lines are width points wide, or with 0 all that is left of the right margin, broken "
-         "at blanks, with dy points between them. New pages start where they must, with the "
-         "margins and color of the present one. justified stretches every line but the last to its "
-         "full width. False, and nothing written, where a word is wider than a line."},
+         "The lines are width points wide; with 0 they reach from the current x to the right "
+         "margin. They are broken at blanks and have dy points between them. If the page is full, "
+         "the paragraph goes on on a new one with the same margins and color. justified stretches "
+         "every line but the last to the full width. Returns False and writes nothing if a word is "
+         "wider than a line."},
         {{{"text"}, {"dy", 0}, {"alignment", NoAlignment}, {"justified", false}, {"width", 0}}}),
     Method<&PDF::DrawPicture>(
         kDrawPicture,
@@ -163,11 +174,11 @@ constexpr Member kMembers[] = {
 
     Method<&Document::GetColor>(
         {"GetColor", 24, "Returns the color of lines and texts.",
-         "Each component 0 to 255. Before Create there is no color: run-time error 9 (subscript "
-         "out of range). The same holds for the other colors."},
+         "Each component is 0 to 255. Before Create there is no color, and the call is run-time "
+         "error 9 (subscript out of range). The same applies to the other colors."},
         {{{"red"}, {"green"}, {"blue"}}}),
     Method<&Document::SetColor>(
-        {"SetColor", 25, "Sets the color of lines and texts.", "Each component 0 to 255."},
+        {"SetColor", 25, "Sets the color of lines and texts.", "Each component is 0 to 255."},
         {{{"red"}, {"green"}, {"blue"}}}),
     Method<&Document::GetFillColor>(
         {"GetFillColor", 26, "Returns the color that closed shapes are filled with.", ""},
@@ -176,14 +187,14 @@ constexpr Member kMembers[] = {
         {"SetFillColor", 27, "Sets the color that closed shapes are filled with.", ""},
         {{{"red"}, {"green"}, {"blue"}}}),
     Method<&Document::GetPageColor>(
-        {"GetPageColor", 28, "Returns the color of the page.", "It is set by NewPage."},
+        {"GetPageColor", 28, "Returns the color of the page.", "NewPage sets it."},
         {{{"red"}, {"green"}, {"blue"}}}),
     Method<&Document::GetDash>({"GetDash", 29, "Returns the dash pattern of lines.", ""}),
-    Method<&Document::SetDash>(
-        {"SetDash", 30, "Sets the dash pattern of lines.",
-         "Lengths of dashes and gaps in points, separated by blanks, such as \"3 2\"; \"\" for a "
-         "solid line. Nothing is checked."},
-        {{{"dash"}}}),
+    Method<&Document::SetDash>({"SetDash", 30, "Sets the dash pattern of lines.",
+                                "The lengths of dashes and gaps in points, separated by blanks, "
+                                "such as \"3 2\"; \"\" is a "
+                                "solid line. The text is not checked."},
+                               {{{"dash"}}}),
     Method<&Document::GetFillStyle>(
         {"GetFillStyle", 31, "Returns whether closed shapes are filled.", ""}),
     Method<&Document::SetFillStyle>(
@@ -193,41 +204,43 @@ constexpr Member kMembers[] = {
     Method<&Document::SetThickness>(
         {"SetThickness", 34, "Sets the thickness of lines in points.", "0 is ignored."},
         {{{"thickness"}}}),
-    Method<&Document::GetFont>({"GetFont", 35, "Returns the font.", "All are 0 before Create."},
-                               {{{"fontnumber"}, {"fontheight"}, {"fontstyle"}, {"fonteffect"}}}),
+    Method<&Document::GetFont>(
+        {"GetFont", 35, "Returns the font.", "All results are 0 before Create."},
+        {{{"fontnumber"}, {"fontheight"}, {"fontstyle"}, {"fonteffect"}}}),
     Method<&Document::SetFont>(
         {"SetFont", 36, "Sets the font.",
-         "An unknown font becomes Courier, a height outside 8 to 72 becomes 8, an unknown effect "
-         "none. A style other than Regular is taken for fonts below Symbol only, as passed."},
+         "An unknown font becomes Courier, a height outside 8 to 72 points becomes 8, an unknown "
+         "style Regular and an unknown effect NoFontEffect. If fontnumber is Symbol or greater, "
+         "the "
+         "style is always Regular."},
         {{{"fontnumber"}, {"fontheight"}, {"fontstyle"}, {"fonteffect"}}}),
     Method<&Document::GetPageDimensions>(
         {"GetPageDimensions", 37, "Returns the width and height of the page in points.",
-         "Known after Create."},
+         "They are known after Create."},
         {{{"width"}, {"height"}}}),
     Method<&Document::GetPageMargins>(
-        {"GetPageMargins", 38, "Returns the margins of the page in points.",
-         "They are set by NewPage."},
+        {"GetPageMargins", 38, "Returns the margins of the page in points.", "NewPage sets them."},
         {{{"marginleft"}, {"margintop"}, {"marginright"}, {"marginbottom"}}}),
     Method<&Document::GetPictureDimensions>(
         {"GetPictureDimensions", 39, "Returns the box that pictures are made to fit into.", ""},
         {{{"width"}, {"height"}}}),
     Method<&Document::SetPictureDimensions>(
         {"SetPictureDimensions", 40, "Sets the box that pictures are made to fit into.",
-         "In points; taken only if both are above 0."},
+         "In points. If one is less than 1, the previous box stays."},
         {{{"width"}, {"height"}}}),
     Method<&Document::GetPosition>({"GetPosition", 41, "Returns the current position.",
                                     "In points from the top left corner inside the margins."},
                                    {{{"x"}, {"y"}}}),
     Method<&Document::SetPosition>(
         {"SetPosition", 42, "Sets the current position.",
-         "A coordinate that is omitted or outside the usable area leaves the present one. An x "
-         "that is taken is also where carriage returns go back to."},
+         "If a coordinate is omitted or outside the usable area, the previous one stays. Carriage "
+         "returns go back to the last x that was set here."},
         {{{"x", -1}, {"y", -1}}}),
 
     ReadOnlyProperty<Document, string, &RefusalSentence>(
         {"LastRefusal", 43, "Returns why the last call did not do what was asked.",
-         "One sentence about the latest Create, NewPage, Flush, drawing or writing call; \"\" "
-         "after one that did what was asked. Asking changes nothing."}),
+         "One sentence about the last call of Create, NewPage, Flush or a drawing or writing "
+         "method; \"\" if it did what was asked. Reading this property changes nothing."}),
 };
 
 /// Ids ascend; two rows that share one share the name, and no class has both. A parameter has a

@@ -2,16 +2,16 @@
 //
 // The member table: every public member of PDF and PS, described once.
 //
-// Whatever a host of another language sees comes from here: the automation server's dispatch and
-// its type library, the Python module and its stub, and docs/reference.md. A member that is added
-// to or deleted from the table is added to or deleted from all of them.
+// Everything that hosts of other languages see comes from here: the automation server's dispatch
+// and its type library, the Python module and its stub, and docs/reference.md. A member that is
+// added to or deleted from the table is added to or deleted from all of them.
 //
 //     const ClassMembers members(Class::PS);
 //     if (const Member* member = members.Find("writetext")) ...     // case does not matter
 //     for (const Member* member : members) ...
 //
-// Rows stand in the order of their dispatch ids, which are never reused or renumbered: a compiled
-// host keeps them. The table is open at its end.
+// Rows are in the order of their dispatch ids. An id is never reused or changed, because compiled
+// hosts contain it: new members get the next ids, at the end of the table.
 #pragma once
 
 #include <cstdint>
@@ -26,7 +26,8 @@ namespace vellumark::automation {
 /// The classes that have members; Enumerations has none.
 enum class Class : std::uint8_t { PDF, PS };
 
-/// Both classes' rows. A name whose parameters differ between the classes has two, with one id.
+/// The rows of both classes. A name whose parameters differ between the classes has two rows with
+/// the same id.
 [[nodiscard]] std::span<const Member> MemberTable() noexcept;
 
 /// The members of one class.
@@ -34,10 +35,10 @@ class ClassMembers {
  public:
   explicit ClassMembers(Class document_class);
 
-  /// The member of that name, in upper or lower case; null where there is none.
+  /// The member of that name, in upper or lower case; null if there is none.
   [[nodiscard]] const Member* Find(std::string_view name) const noexcept;
 
-  /// The member with that dispatch id; null where there is none.
+  /// The member with that dispatch id; null if there is none.
   [[nodiscard]] const Member* Find(std::int32_t id) const noexcept;
 
   [[nodiscard]] auto begin() const noexcept { return members_.begin(); }
@@ -47,7 +48,7 @@ class ClassMembers {
   std::vector<const Member*> members_;  // by id
 };
 
-/// The place of the parameter of that name, in upper or lower case; -1 where there is none.
+/// The index of the parameter of that name, in upper or lower case; -1 if there is none.
 [[nodiscard]] int FindParameter(const Member& member, std::string_view name) noexcept;
 
 }  // namespace vellumark::automation

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// The sample documents through cairo's PDF and PostScript surfaces. It embeds the fonts that the
-// system has under the standard names and compresses its streams, which the other two do not; its
-// numbers stand in the report for information. It breaks no lines, so paragraphs are wrapped here.
+// The sample documents with the PDF and PostScript surfaces of cairo. It embeds the fonts that the
+// system has under the standard names and compresses its streams, which the other two do not, so
+// its numbers are in the report for information only. It has no line breaking, so it is done here.
 #include <cairo-pdf.h>
 #include <cairo-ps.h>
 #include <cstring>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Runs a program of this build in a process of its own and waits for it.
+// Runs a program of this build in a separate process and waits for it.
 #pragma once
 
 #include <string>
@@ -8,8 +8,8 @@
 
 namespace vellumark::bench {
 
-/// Runs `program`, which lies beside the running one, and answers what it wrote to its standard
-/// output. Anything but a successful end of it ends the benchmark (fail.h).
+/// Runs `program`, which is in the same folder as the running one, and returns what it wrote to its
+/// standard output. If it does not end successfully, this ends the benchmark (fail.h).
 std::string RunChild(const std::string& program, const std::vector<std::string>& arguments);
 
 }  // namespace vellumark::bench

@@ -6,9 +6,8 @@
 //     while (...) contest.Round();
 //     contest.Ratio(0, 1)      // ours to theirs
 //
-// What slows the machine down for a while slows down all contestants of a round alike: a ratio is
-// taken within each round, and the median of the rounds' ratios is the result. The order turns
-// round with each round.
+// If the machine is slow for a while, all contestants of a round are slow: a ratio is taken within
+// each round, and the median of these ratios is the result. Every round reverses the order.
 #pragma once
 
 #include <chrono>
@@ -20,19 +19,19 @@ namespace vellumark::bench {
 
 class Contest {
  public:
-  /// Does its work once and answers its value, such as the seconds it took.
+  /// Does its work once and returns its value, such as the seconds that it took.
   using Contestant = std::function<double()>;
 
-  /// Lets everybody run once unmeasured, to load code and fill caches.
+  /// Runs every contestant once without measuring, to load code and fill caches.
   explicit Contest(std::vector<Contestant> contestants);
 
   /// Measures every contestant once.
   void Round();
 
-  /// Median of the values of one contestant.
+  /// The median of the values of one contestant.
   [[nodiscard]] double Value(std::size_t contestant) const;
 
-  /// Median over the rounds of the value of one to that of the other.
+  /// The median over the rounds of the ratio of the two values.
   [[nodiscard]] double Ratio(std::size_t one, std::size_t other) const;
 
  private:

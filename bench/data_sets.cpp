@@ -9,7 +9,7 @@
 namespace vellumark::bench {
 namespace {
 
-// A generator of our own: the standard distributions differ between libraries.
+// Not a standard distribution, because these differ between C++ libraries.
 class Random {
  public:
   explicit Random(std::uint64_t seed) : state_(seed) {}
@@ -48,7 +48,7 @@ std::vector<std::string> MakeWords(Random& random, std::size_t count) {
   return words;
 }
 
-// Rank r with a probability falling about as 1 / r, as words of a language do.
+// Rank r with a probability of about 1 / r, as the words of a language have.
 std::size_t PickRank(Random& random, std::size_t count) {
   std::uint32_t bits = 1;
   while ((std::size_t{2} << bits) < count) ++bits;
@@ -61,7 +61,7 @@ std::uint8_t Clamp(double value) {
   return static_cast<std::uint8_t>(std::clamp(value, 0.0, 255.0));
 }
 
-// A rectangle of one palette index.
+// Fills a rectangle with one palette index.
 struct Canvas {
   std::size_t width;
   std::size_t height;
@@ -144,7 +144,7 @@ DataSet Photo(std::size_t size) {
   constexpr std::size_t kWidth = 1600;
   struct Blob {
     double x, y, radius;
-    std::array<double, 3> colour;
+    std::array<double, 3> color;
   };
   std::vector<Blob> blobs;
   blobs.reserve(40);
@@ -162,18 +162,19 @@ DataSet Photo(std::size_t size) {
     const auto x = static_cast<double>(pixel % kWidth);
     const std::size_t row = pixel / kWidth;
     const auto y = static_cast<double>(row);
-    std::array<double, 3> colour = {110 + 90 * y / height, 120 + 60 * x / kWidth, 150};
+    std::array<double, 3> color = {110 + 90 * y / height, 120 + 60 * x / kWidth, 150};
     for (const Blob& blob : blobs) {
       const double dx = (x - blob.x) / blob.radius;
       const double dy = (y - blob.y) / blob.radius;
       const double square = dx * dx + dy * dy;
       if (square >= 1) continue;
-      for (std::size_t c = 0; c < 3; ++c) colour[c] += blob.colour[c] * (1 - square);
+      for (std::size_t c = 0; c < 3; ++c) color[c] += blob.color[c] * (1 - square);
     }
-    const double light = static_cast<double>(random.Below(3)) - 1;  // noise common to the channels
+    const double light =
+        static_cast<double>(random.Below(3)) - 1;  // the same noise in all channels
     for (std::size_t c = 0; c < 3; ++c) {
       const double noise = static_cast<double>(random.Below(3)) - 1;
-      bytes.push_back(Clamp(colour[c] + light + noise));
+      bytes.push_back(Clamp(color[c] + light + noise));
     }
   }
   bytes.resize(size);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Data of the kinds that documents carry, made from a seed: the same bytes on every machine.
+// Data of the kinds that documents contain, made from a seed: the same bytes on every machine.
 #pragma once
 
 #include <cstddef>

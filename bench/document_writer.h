@@ -2,15 +2,15 @@
 //
 // DocumentWriter: one library's way of writing the sample documents.
 //
-// Each function writes one whole document, from opening to the closed file at `path`, in the manner
-// that the library's own manual suggests: nothing is kept from one document to the next, handles
-// that a library offers are fetched once per document, and compression stays as the library sets
-// it. Every call is checked, and a refused one ends the program (fail.h), so that all libraries do
-// the work. Pages are A4, in two of the standard fonts at 10 points.
+// Each function writes one whole document to the file at `path` in the way that the manual of the
+// library suggests: nothing is kept from one document to the next, handles are fetched once per
+// document, and compression is the default of the library. Every call is checked, and a refused one
+// ends the program (fail.h), so that all libraries do the work. Pages are A4, in two of the
+// standard fonts at 10 points.
 //
 // vellumark_pages.cpp, haru_pages.cpp and cairo_pages.cpp each define one library's, the first and
-// the last for PDF and for PostScript. They are written without parts of the C++ library that would
-// have to be loaded (writer_alone.cpp).
+// the last for PDF and for PostScript. They use no parts of the C++ library that would have to be
+// loaded (writer_alone.cpp).
 #pragma once
 
 #include <cstdint>
@@ -22,17 +22,17 @@ namespace vellumark::bench {
 struct DocumentWriter {
   const char* name;
 
-  /// Pages of kLinesPerPage lines; font, colour and the measuring of the width for each line.
+  /// Pages of kLinesPerPage lines. Each line sets font and color, and its width is measured.
   void (*write_text)(const SampleText& text, int pages, const char* path);
 
-  /// As many rectangles as circles, filled and stroked; both colours and the line width for each.
+  /// As many rectangles as circles, filled and stroked. Each sets both colors and the line width.
   void (*write_shapes)(int of_each_kind, const char* path);
 
   /// Paragraphs of 200 words, wrapped by the library.
   void (*write_wrapped)(const SampleText& text, int paragraphs, const char* path);
 
-  /// The same with every line but the last stretched to the full width; null where the library
-  /// leaves that to its user.
+  /// The same with every line but the last stretched to the full width; null if the library cannot
+  /// do that.
   void (*write_justified)(const SampleText& text, int paragraphs, const char* path);
 };
 
@@ -79,7 +79,7 @@ struct Shade {
   std::uint8_t blue;
 };
 
-/// A colour for line or shape `number`, other than that of its neighbours.
+/// The color of line or shape `number`; its neighbors have another.
 constexpr Shade ShadeOf(int number) {
   return {static_cast<std::uint8_t>(number * 37), static_cast<std::uint8_t>(number * 59),
           static_cast<std::uint8_t>(number * 83)};

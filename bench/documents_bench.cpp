@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
 //
-// documents_bench: how fast documents are written, next to other libraries.
+// documents_bench: how fast documents are written, in comparison with other libraries.
 //
 //     documents_bench [--quick] [--filter=REGEX]
 //
 // prints one table of ratios (report.h).
-// Every ratio comes from contestants that took turns in this run (contest.h); numbers of different
-// runs or machines are not to be compared. --quick takes a few seconds and tells little more than
-// that everything works. The options of Google Benchmark work as well. A goal that is missed is
-// said in the table and changes nothing about the exit status.
+// Every ratio comes from contestants that took turns in this run (contest.h); do not compare
+// numbers of different runs or machines. --quick takes a few seconds and shows little more than
+// that everything works. The options of Google Benchmark work as well. A missed goal is shown in
+// the table and does not change the exit status.
 //
-// All libraries write to a named file in memory (/dev/shm), where there is no disk to wait for;
-// only Flush is also measured into the directory for temporary files (TMPDIR, else /tmp).
+// All libraries write to a file in memory (/dev/shm), so that no disk is measured. Only Flush is
+// also measured with a file in the directory for temporary files (TMPDIR, otherwise /tmp).
 #include <array>
 #include <benchmark/benchmark.h>
 #include <cstdio>
@@ -52,7 +52,7 @@ std::filesystem::path InMemory() {
                                                       : std::filesystem::temp_directory_path();
 }
 
-/// What every benchmark needs.
+/// The scratch directories, the report and the mode, which every benchmark needs.
 struct Bench {
   SampleText text;
   ScratchDirectory scratch{InMemory()};
@@ -74,7 +74,7 @@ struct SpeedMeasure {
   Goal goal;  // against libharu
 };
 
-/// Calls per second over whole documents: ours to the peer's.
+/// Calls per second over whole documents, in comparison with a peer.
 void CompareSpeed(benchmark::State& state, Bench& bench, const SpeedMeasure& measure,
                   const DocumentWriter& ours, const DocumentWriter& peer, Goal goal) {
   const auto contestant = [&](const DocumentWriter& writer) -> Contest::Contestant {
@@ -222,7 +222,7 @@ std::vector<PostScriptMeasure> PostScriptMeasures(const SampleText& text) {
 
 void Register(Bench& bench) {
   const auto add = [](const std::string& name, auto run) {
-#ifndef __clang_analyzer__  // takes what the benchmark library keeps for a leak
+#ifndef __clang_analyzer__  // it reports memory that the benchmark library keeps as a leak
     benchmark::RegisterBenchmark(name.c_str(), std::move(run))->UseRealTime();
 #endif
   };
@@ -231,7 +231,7 @@ void Register(Bench& bench) {
     add(name + "/libharu", [&bench, measure](auto& state) {
       CompareSpeed(state, bench, measure, Vellumark(), Haru(), measure.goal);
     });
-    if (name == "justified") continue;  // cairo leaves that to its user
+    if (name == "justified") continue;  // cairo cannot justify
     add(name + "/cairo", [&bench, measure](auto& state) {
       CompareSpeed(state, bench, measure, Vellumark(), Cairo(), {});
     });
@@ -265,7 +265,7 @@ void Register(Bench& bench) {
   }
 }
 
-/// Our options in the words of the benchmark library.
+/// Our options as options of the benchmark library.
 std::vector<std::string> TranslateOptions(int argc, char** argv) {
   std::vector<std::string> options = {argv[0], "--benchmark_min_time=1.5"};
   for (int i = 1; i < argc; ++i) {
@@ -289,7 +289,7 @@ int Run(int argc, char** argv) {
   int count = static_cast<int>(pointers.size());
   benchmark::Initialize(&count, pointers.data());
   if (benchmark::ReportUnrecognizedArguments(count, pointers.data())) return 2;
-  // Each document shows a notice there.
+  // Each document writes a notice to standard error.
   if (std::freopen("/dev/null", "w", stderr) == nullptr) return EXIT_FAILURE;
 
   Bench bench;

@@ -2,13 +2,13 @@
 //
 // Compares the encoders with other libraries, in one run: deflate with zlib and libdeflate at
 // levels 1, 6 and 9, Adler-32 with theirs, hexadecimal text with OpenSSL's, base-85 with a memcpy.
-// The other libraries are black boxes from their packages, linked here and nowhere else.
+// The other libraries come from their packages, and are linked here and nowhere else.
 //
 //     encoding_bench [ROUNDS]      5 rounds by default, about a minute
 //
-// Speeds are medians of input bytes per second; a ratio, of our speed to the peer's, is the median
-// of the rounds' ratios. "size" is our output to the peer's. "goal" is what this house holds itself
-// to.
+// Speeds are medians of input bytes per second. "ratio" is the median over the rounds of our speed
+// divided by that of the peer, "size" is the size of our output divided by that of the peer, and
+// "goal" is the least ratio that we accept.
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -47,7 +47,7 @@ struct Side {
   std::function<std::size_t()> work;
 };
 
-/// The least ratio of speeds; 0 is no goal.
+/// The least ratio of speeds; 0 for no goal.
 struct Goal {
   double ratio = 0;
   double size = 0;
@@ -144,7 +144,7 @@ void CompareDeflate(int rounds) {
 
 void CompareAdler32(int rounds) {
   const Bytes input = Photo(kSetSize).bytes;
-  std::size_t sum = 0;  // what the checksums add up to, so that none is left out
+  std::size_t sum = 0;  // of the checksums, so that the compiler must compute each
   const auto keep = [&sum](std::size_t checksum) {
     sum += checksum;
     return std::size_t{4};

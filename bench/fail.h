@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Fail: a benchmark whose documents are not what they should be measures nothing; it ends.
+// Fail: ends a benchmark whose documents are not what they should be.
 #pragma once
 
 #include <cstdio>
@@ -8,7 +8,7 @@
 
 namespace vellumark::bench {
 
-/// On standard output, because the benchmarks close standard error to the documents' notices.
+/// Prints to standard output, because the benchmarks redirect standard error.
 [[noreturn]] inline void Fail(const char* who, const char* why) {
   std::printf("%s: %s\n", who, why);
   std::exit(EXIT_FAILURE);

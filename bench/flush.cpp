@@ -47,7 +47,8 @@ void WriteBuffered(int fd, const std::vector<std::string_view>& lines) {
 }  // namespace
 
 double SecondsToFlush(const SampleText& text, const std::string& path) {
-  std::filesystem::remove(path);  // some file systems treat an overwritten file as precious
+  std::filesystem::remove(
+      path);  // some file systems write a file that is overwritten to the disk when it is closed
   PDF document;
   bool done = document.Create(path);
   for (int page = 0; page < kPages; ++page) {

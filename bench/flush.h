@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Flush against the least that any program must do: put the same lines into a buffer of 64 KiB, and
-// give that to the system whenever it is full.
+// Flush in comparison with the least that any program must do: copy the same lines into a buffer of
+// 64 KiB and write it to the file whenever it is full.
 #pragma once
 
 #include <string>
@@ -12,7 +12,7 @@
 
 namespace vellumark::bench {
 
-/// Builds a document whose file has some 30,000 lines; answers how long its Flush takes.
+/// Builds a document whose file has some 30,000 lines; returns how long its Flush takes.
 double SecondsToFlush(const SampleText& text, const std::string& path);
 
 /// The lines of a file, each with its line end.
@@ -22,7 +22,7 @@ class FileLines {
 
   [[nodiscard]] std::size_t Count() const { return lines_.size(); }
 
-  /// Writes the lines to another file; answers how long that takes once it is open.
+  /// Writes the lines to another file; returns how long that takes, without opening it.
   [[nodiscard]] double SecondsToWrite(const std::string& path) const;
 
  private:

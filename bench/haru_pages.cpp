@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The sample documents through libharu. Its pages count y from the bottom, and it has no footer and
-// no background, so it writes a little less on each page.
+// The sample documents with libharu. Its y coordinates start at the bottom of the page. It writes
+// no footer and no background, so a little less on each page.
 #include <hpdf.h>
 
 #include "bench/document_writer.h"
@@ -14,7 +14,7 @@ constexpr const char* kName = "libharu";
 
 HPDF_REAL Real(int value) { return static_cast<HPDF_REAL>(value); }
 
-/// Page coordinates of a distance below the top margin.
+/// The y coordinate of a distance below the top margin.
 HPDF_REAL Below(int y) { return Real(kPageHeight - kMargin - y); }
 
 HPDF_REAL Fraction(std::uint8_t byte) { return Real(byte) / 255; }

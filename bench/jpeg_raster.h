@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// JPG files for the picture benchmarks: made from a raster, and read as a host would who hands
+// JPG files for the picture benchmarks: made from a raster, and decoded as a host does that passes
 // plain samples to a library.
 #pragma once
 

@@ -2,9 +2,9 @@
 //
 // PeakMemoryInKiB: the most memory that this process has had in use.
 //
-// The kernel's high-water mark is read by the process itself and not by its parent: what a parent
-// is told of an ended child (ru_maxrss) also counts the parent's own memory, from the moment before
-// the child's program was loaded.
+// The process itself reads the kernel's high-water mark. Its parent cannot: the ru_maxrss of an
+// ended child includes the memory of the parent, from the moment before the child's program was
+// loaded.
 #pragma once
 
 #include <cstdio>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// One picture in a process of its own, for the memory that it takes:
+// One picture in a separate process, to measure the memory that it takes:
 //
 //     picture_alone PICTURE ENCODING FILE
 //
 // draws the picture file into a PDF with the filter of that number and prints the most memory that
-// the process had in use, in KiB. An empty PICTURE leaves it out.
+// the process had in use, in KiB. If PICTURE is empty, no picture is drawn.
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>

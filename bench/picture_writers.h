@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// One picture on one page, by libraries to compare with. Each ends the benchmark (fail.h) when its
-// library refuses.
+// One picture on one page, written by other libraries. Each function ends the benchmark (fail.h) if
+// its library refuses a call.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +18,7 @@ struct Raster {
 
 enum class Filter { Ascii85, AsciiHex, Flate };
 
-/// libharu has Flate only.
+/// libharu has only Flate.
 void WriteWithHaru(const Raster& picture, const char* path);
 
 void WriteWithPodofo(const Raster& picture, Filter filter, const char* path);

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 //
-// pictures_bench: how fast pictures get into a document, next to other libraries, and what a large
-// one costs beyond compressing it.
+// pictures_bench: how fast pictures are written into a document, in comparison with other
+// libraries, and how much more time than its compression a large one takes.
 //
 //     pictures_bench [--quick]
 //
 // prints one table of ratios (report.h). A task is a whole document with one picture, written to a
 // file in memory; the contestants take turns (contest.h). "raw" is a BMP file for Vellumark and
-// plain samples for the others; "JPG" is decoded to samples by the host for them. The picture is
-// photo-like.
+// plain samples for the others. For "JPG" the host decodes the file to samples for the others. The
+// picture is photo-like.
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -37,7 +37,7 @@ namespace {
 
 using Samples = std::vector<std::uint8_t>;
 
-/// Samples of a photo-like picture, repeated to the right where it is wider than the photo.
+/// Samples of a photo-like picture, repeated to the right if it is wider than the photo.
 Samples PhotoSamples(int width, int height) {
   constexpr std::size_t kPhotoRow = std::size_t{1600} * 3;
   const Samples photo = Photo(kPhotoRow * static_cast<std::size_t>(height)).bytes;
@@ -97,7 +97,7 @@ class Bench {
  public:
   explicit Bench(int rounds) : rounds_(rounds) { report_.ReportContext({}); }
 
-  /// The middle-sized picture: ours next to each peer.
+  /// The middle-sized picture, in comparison with each peer.
   void CompareWriters() {
     const Samples samples = PhotoSamples(1024, 768);
     const Raster raster = {1024, 768, samples};
@@ -113,7 +113,8 @@ class Bench {
     CompareSource("JPG", "picture.jpg", decoded);
   }
 
-  /// The large picture: the whole document next to its samples' compression, and its memory.
+  /// The large picture: the time of the whole document in comparison with the compression of its
+  /// samples, and its memory.
   void MeasureLarge() {
     const Samples samples = PhotoSamples(4000, 3000);
     const std::string picture = scratch_.File("large.bmp");
@@ -218,7 +219,7 @@ class Bench {
 
 int main(int argc, char** argv) {
   const bool quick = argc > 1 && std::string_view(argv[1]) == "--quick";
-  // Each document shows a notice there.
+  // Each document writes a notice to standard error.
   if (std::freopen("/dev/null", "w", stderr) == nullptr) return EXIT_FAILURE;
   vellumark::bench::Bench bench(quick ? 2 : 9);
   bench.CompareWriters();

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
-// Report: what was measured, as one table of ratios and goals.
+// Report: the results of a benchmark as one table of ratios and goals.
 //
 //     measure                             vellumark               peer      ratio    goal
 //     text, 40 pages x 40 lines       1.63 M calls/s   libharu 0.51 M calls/s   3.20  >= 2.0  met
 //
-// It takes the place of the benchmark library's own report. A benchmark keeps its row while it
-// runs, and that is printed when it has ended; one that the library runs again, to find out how
-// often it must, keeps a new row in place of the old.
+// It replaces the report of the benchmark library. A benchmark keeps its row while it runs, and the
+// row is printed when it has ended. The library may run a benchmark several times to find out how
+// many iterations it needs; each run replaces the row of the one before.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -17,7 +17,7 @@
 
 namespace vellumark::bench {
 
-/// What a ratio should be.
+/// The bound that a ratio should meet.
 struct Goal {
   enum class Kind { None, AtLeast, AtMost };
   Kind kind = Kind::None;

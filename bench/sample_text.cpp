@@ -10,7 +10,7 @@ namespace {
 constexpr std::size_t kShortestLine = 66;
 constexpr int kWordsPerParagraph = 200;
 
-// As long as the words of a letter or a manual: five letters on average, nine at most.
+// Five letters on average and nine at most, as in a letter or a manual.
 constexpr std::array<std::string_view, 40> kWords = {
     "a",      "account",  "and",   "answer", "at",        "between", "by",      "copy",
     "date",   "delivery", "each",  "every",  "figure",    "for",     "from",    "have",
@@ -18,7 +18,7 @@ constexpr std::array<std::string_view, 40> kWords = {
     "of",     "on",       "order", "page",   "paragraph", "please",  "printed", "report",
     "sample", "table",    "text",  "that",   "the",       "this",    "width",   "year"};
 
-/// Words in an order without a pattern that a wrapped paragraph would show.
+/// Words in an order without an obvious pattern.
 class WordSource {
  public:
   std::string_view Next() {

@@ -2,15 +2,15 @@
 //
 // SampleText: the words of the sample documents, the same in every run.
 //
-// Everything is put together on construction, so that a measured loop only reads; numbers wrap
-// round, so that any number of lines or paragraphs can be asked for:
+// The constructor makes all of them, so that a measured loop only reads. There is no limit on the
+// number of a line or paragraph; they repeat:
 //
 //     const SampleText text;
 //     text.Line(0)         // about 70 characters: "document margin a page ..."
 //     text.Paragraph(7)    // 200 words
 //
-// Plain arrays: a process that measures another library should not load ours for the sake of its
-// input (see writer_alone.cpp).
+// The words are plain arrays, so that a process that measures another library need not load ours
+// (see writer_alone.cpp).
 #pragma once
 
 #include <array>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// ScratchDirectory: a directory of this process for the documents that it writes, gone with it.
+// ScratchDirectory: a directory for the documents of this process, removed by the destructor.
 #pragma once
 
 #include <filesystem>

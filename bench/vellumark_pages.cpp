@@ -11,7 +11,7 @@ namespace {
 
 constexpr const char* kName = "vellumark";
 
-/// A document that ends the program at the first refusal.
+/// A document that ends the program if it refuses a call.
 template <class AnyDocument>
 class CheckedDocument {
  public:

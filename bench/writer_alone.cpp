@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// One library in a process of its own, for what a process as a whole costs:
+// One library in a separate process, to measure the whole process:
 //
 //     WRITER_alone PAGES FILE
 //

@@ -13,8 +13,16 @@ if(WIN32)
     OBJECTS DESTINATION ${CMAKE_INSTALL_LIBDIR}/vellumark)
 endif()
 
+# With BUILD_SHARED_LIBS: the soname is libvellumark.so.MAJOR, and exports.map has the last word on
+# what is exported.
 set_target_properties(vellumark PROPERTIES VERSION ${PROJECT_VERSION}
   SOVERSION ${PROJECT_VERSION_MAJOR})
+if(BUILD_SHARED_LIBS AND UNIX AND NOT APPLE)
+  target_link_options(vellumark PRIVATE
+    LINKER:--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map)
+  set_property(TARGET vellumark APPEND PROPERTY LINK_DEPENDS
+    ${PROJECT_SOURCE_DIR}/cmake/exports.map)
+endif()
 install(TARGETS vellumark EXPORT vellumark-targets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
@@ -32,7 +40,8 @@ install(FILES
 if(WIN32)
   return()  # pkg-config would not bring the width resources along
 endif()
-# Relative, so that the package works wherever it is installed or moved to.
+# Relative, so that an installed package may be moved as a whole; CMAKE_INSTALL_LIBDIR and
+# CMAKE_INSTALL_INCLUDEDIR must be relative for it, which is their default.
 file(RELATIVE_PATH prefix_from_pkgconfig
   /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 set(pkgconfig_requires "")

@@ -9,7 +9,8 @@
 //     State state;  LineBuffer lines;  pdf::PdfWriter writer(state, lines);
 //     DocumentModel model(platform, state, lines, writer);
 //
-// Text is bytes of the code page; the public classes convert it before it comes here.
+// Text is bytes of the code page in a classic document, and UTF-8 in a conforming one; a TextSetter
+// measures it and makes codes of it.
 //
 // Errors. The document's, page's, drawing and writing members never throw: they return the note of
 // what they refused, or of the run-time error that stopped them, after which nothing of the call is
@@ -17,6 +18,7 @@
 // Flush returns it. Accessors throw RunTimeError if they say so.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -30,8 +32,9 @@
 #include "document/usable_box.h"
 #include "document/writer.h"
 #include "layout/justification.h"
+#include "layout/lost_characters.h"
 #include "layout/resize.h"
-#include "layout/text_width.h"
+#include "layout/text_setter.h"
 
 namespace vellumark::document {
 
@@ -42,6 +45,7 @@ struct TextRun {
   std::uint8_t dy = 0;  ///< points added below the text by the carriage return
   AlignmentConstants alignment = AlignmentConstants::NoAlignment;
   std::string_view hyperlink = {};
+  std::span<const PlacedWord> words = {};  ///< of a justified line, instead of `text`
 };
 
 /// A one-line title behind a bullet.
@@ -95,6 +99,9 @@ class DocumentModel {
   // Pictures (picture.cpp).
   FileNote DrawPicture(const PictureFile& file) noexcept;
 
+  /// The characters that readers do not see as themselves, of what was written since Create.
+  [[nodiscard]] layout::LostCharacters& Lost() noexcept { return lost_; }
+
   // Accessors with rules (accessors.cpp); the others read and store the State's fields as they are.
   void SetFont(FontNumberConstants number, std::uint8_t height, FontStyleConstants style,
                FontEffectConstants effect) noexcept;
@@ -103,6 +110,8 @@ class DocumentModel {
   void SetThickness(std::uint8_t thickness) noexcept;
 
  private:
+  static constexpr int kFooterHeight = 12;  // points, from the footer's top to the bottom margin
+
   /// Where a mark's object numbers come from: the free ones, or those kept back for the page end.
   enum class Numbers { Free, Reserved };
 
@@ -159,6 +168,7 @@ class DocumentModel {
   [[nodiscard]] RefusalNote CheckText(Points width, AlignmentConstants alignment) const;
   [[nodiscard]] std::optional<Points> EffectLine(Points y) const;
   RefusalNote TryWriteText(const TextRun& run, Numbers numbers = Numbers::Free);
+  RefusalNote PlaceText(const TextRun& run, Points width, Numbers numbers);
 
   // title.cpp
   RefusalNote TryWriteTitle(const Title& title);
@@ -169,8 +179,10 @@ class DocumentModel {
   RefusalNote PlaceParagraph(const Paragraph& paragraph, Points& width);
   RefusalNote MeasureWords(std::string_view text, Points width);
   RefusalNote WriteLines(const Paragraph& paragraph, Points width);
+  [[nodiscard]] Points ParagraphHeight() const;
   RefusalNote WriteFinishedLine(std::string_view line, const Paragraph& paragraph, Points width,
                                 Points left);
+  RefusalNote WriteWords(const Paragraph& paragraph, Points width, Points left);
   RefusalNote WriteLastLine(std::string_view line, const Paragraph& paragraph, Points left);
   RefusalNote BreakPageIfFull();
 
@@ -178,15 +190,17 @@ class DocumentModel {
   FileNote TryDrawPicture(const PictureFile& file);
   [[nodiscard]] layout::Size PictureSize(const layout::Size& pixels) const;
 
-  /// The glyph widths, loaded on first use.
-  const layout::FontWidths& Widths();
+  /// Who measures and encodes the document's text; made on first use, which loads the widths.
+  const layout::TextSetter& Setter();
 
   Platform& platform_;
   State& state_;
   LineBuffer& lines_;
   Writer& writer_;
   std::optional<layout::FontWidths> widths_;
-  std::string footer_;
+  std::unique_ptr<layout::TextSetter> setter_;
+  std::string footer_;  // UTF-8; its only characters beyond ASCII are replaced
+  layout::LostCharacters lost_;
   RefusalNote fault_;  // the first failure of a page end since Create
 
   /// A word of the paragraph being written: where it lies in the text, and its width.
@@ -195,8 +209,11 @@ class DocumentModel {
     std::size_t end = 0;
     std::int32_t sum = 0;  // 1/1000 em
   };
-  std::vector<Word> words_;          // of one paragraph; kept for its storage
-  layout::JustifiedLine justified_;  // likewise
+  std::vector<Word> words_;                         // of one paragraph; kept for its storage
+  layout::JustifiedLine justified_;                 // likewise
+  layout::EncodedText encoded_;                     // of the text being written
+  std::vector<layout::EncodedText> encoded_words_;  // of the line being written
+  std::vector<PlacedWord> placed_words_;            // likewise
 };
 
 }  // namespace vellumark::document

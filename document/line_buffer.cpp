@@ -6,8 +6,8 @@
 namespace vellumark::document {
 
 std::size_t LineBuffer::AppendOwned(std::string&& line) {
-  if (line.size() > kLongestLine - kLineEnd.size()) throw RunTimeError(RunTimeError::Overflow);
-  line.append(kLineEnd);
+  if (line.size() > kLongestLine - kLongestLineEnd) throw RunTimeError(RunTimeError::Overflow);
+  line.append(LineEndText());
   ReserveSize();
   Chunk chunk;
   chunk.owned = std::move(line);
@@ -18,7 +18,7 @@ std::size_t LineBuffer::AppendOwned(std::string&& line) {
 }
 
 void LineBuffer::Replace(std::size_t index, std::string text) {
-  text.append(kLineEnd);
+  text.append(LineEndText());
   const auto place = std::lower_bound(
       replacements_.begin(), replacements_.end(), index,
       [](const auto& replacement, std::size_t i) { return replacement.first < i; });
@@ -29,7 +29,25 @@ void LineBuffer::Replace(std::size_t index, std::string text) {
   }
 }
 
-void LineBuffer::Clear() { *this = LineBuffer(); }
+void LineBuffer::Clear(LineEnd line_end) { *this = LineBuffer(line_end); }
+
+void LineBuffer::Reuse() noexcept {
+  if (chunks_.size() > 1) chunks_.erase(chunks_.begin() + 1, chunks_.end());
+  if (!chunks_.empty() && chunks_.front().arena == nullptr) chunks_.clear();
+  if (!chunks_.empty()) chunks_.front().used = 0;
+  sizes_.clear();
+  replacements_.clear();
+  byte_count_ = 0;
+}
+
+std::string_view LineBuffer::Text(std::string& storage) const {
+  if (chunks_.empty()) return {};
+  if (chunks_.size() == 1) return {chunks_.front().Data(), chunks_.front().used};
+  storage.clear();
+  storage.reserve(static_cast<std::size_t>(byte_count_));
+  for (const Chunk& chunk : chunks_) storage.append(chunk.Data(), chunk.used);
+  return storage;
+}
 
 LineBuffer::Mark LineBuffer::Here() const noexcept {
   return {sizes_.size(), chunks_.size(), chunks_.empty() ? 0 : chunks_.back().used, byte_count_};

@@ -8,9 +8,9 @@
 //     lines.Append("/Size ", count);
 //
 // A part is text, a character, Points or an integer, or a syntax type of a page language that
-// offers MaxSize() and Write(char*). Each line is stored with its line end (CR LF), so that it can
-// be written as it lies. Lines fill chunks of 64 KiB one after the other and are never moved: in
-// the steady state a line costs no allocation. A line that exists already, such as a picture's
+// offers MaxSize() and Write(char*). Each line is stored with its line end, CR LF or LF, so that it
+// can be written as it lies. Lines fill chunks of 64 KiB one after the other and are never moved:
+// in the steady state a line costs no allocation. A line that exists already, such as a picture's
 // encoded samples, is taken over without a copy.
 #pragma once
 
@@ -36,18 +36,20 @@ concept SyntaxPart = requires(const Part& part, char* to) {
   { part.Write(to) } -> std::same_as<char*>;
 };
 
+/// The end of every line.
+enum class LineEnd : std::uint8_t { CrLf, Lf };
+
 class LineBuffer {
  public:
-  /// The end of every line in the file.
-  static constexpr std::string_view kLineEnd = "\r\n";
+  explicit LineBuffer(LineEnd line_end = LineEnd::CrLf) : line_end_(line_end) {}
 
   /// Appends one line made of `parts` and returns its index. A call that throws appends nothing.
   template <class... Parts>
   std::size_t Append(const Parts&... parts) {
-    char* const start = Room((MaxSize(parts) + ... + kLineEnd.size()));
+    char* const start = Room((MaxSize(parts) + ... + kLongestLineEnd));
     char* end = start;
     ((end = Write(end, parts)), ...);
-    end = Write(end, kLineEnd);
+    end = WriteLineEnd(end);
     return Commit(static_cast<std::size_t>(end - start));
   }
 
@@ -57,8 +59,15 @@ class LineBuffer {
   /// Gives the line `index` another text, without line end, when the lines are written.
   void Replace(std::size_t index, std::string text);
 
-  /// Forgets all lines.
-  void Clear();
+  /// Forgets all lines; from here on they end with `line_end`.
+  void Clear(LineEnd line_end);
+
+  /// Forgets all lines, but keeps the first chunk for those to come.
+  void Reuse() noexcept;
+
+  /// All lines one behind the other, as they lie, or put together in `storage`. Not for a buffer
+  /// with replaced lines.
+  [[nodiscard]] std::string_view Text(std::string& storage) const;
 
   [[nodiscard]] std::size_t LineCount() const noexcept { return sizes_.size(); }
 
@@ -97,6 +106,7 @@ class LineBuffer {
 
  private:
   static constexpr std::size_t kChunkSize = 65536;
+  static constexpr std::size_t kLongestLineEnd = 2;
   static constexpr std::size_t kLongestLine = std::numeric_limits<std::int32_t>::max();
 
   /// Lines one behind the other: many in an arena, or a single one that was taken over.
@@ -119,6 +129,12 @@ class LineBuffer {
   template <SyntaxPart Part>
   static constexpr std::size_t MaxSize(const Part& part) noexcept {
     return part.MaxSize();
+  }
+
+  char* WriteLineEnd(char* to) const noexcept {
+    if (line_end_ == LineEnd::CrLf) *to++ = '\r';
+    *to++ = '\n';
+    return to;
   }
 
   static char* Write(char* to, std::string_view text) noexcept {
@@ -162,6 +178,11 @@ class LineBuffer {
   void GrowSizes();
   void AddArena(std::size_t size);
 
+  [[nodiscard]] std::string_view LineEndText() const noexcept {
+    return line_end_ == LineEnd::CrLf ? "\r\n" : "\n";
+  }
+
+  LineEnd line_end_;
   std::vector<Chunk> chunks_;
   std::vector<std::uint32_t> sizes_;  // of each line, with its line end
   std::vector<std::pair<std::size_t, std::string>> replacements_;  // by rising line index

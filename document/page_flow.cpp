@@ -7,7 +7,6 @@
 namespace vellumark::document {
 namespace {
 
-constexpr int kFooterHeight = 12;     // from the footer's top to the bottom margin
 constexpr int kNarrowestColumn = 20;  // margins leave more than this much of the page
 
 /// The legal notice as it stands on the page: the fonts have no copyright sign in every encoding.
@@ -17,8 +16,7 @@ std::string FooterText(Platform& platform) {
   for (std::size_t at = text.find(kSign); at != std::string::npos; at = text.find(kSign, at)) {
     text.replace(at, kSign.size(), "(c)");
   }
-  std::string storage;
-  return std::string(platform.ToCodePage(text, storage));
+  return text;
 }
 
 /// A platform of the host's may throw; the steps behind its call run all the same.
@@ -44,9 +42,15 @@ DocumentModel::DocumentModel(Platform& platform, State& state, LineBuffer& lines
   platform_.ShowNotice("Initialize()", platform_.Title());
 }
 
-const layout::FontWidths& DocumentModel::Widths() {
-  if (!widths_) widths_.emplace(platform_);
-  return *widths_;
+const layout::TextSetter& DocumentModel::Setter() {
+  if (setter_) return *setter_;
+  if (state_.oddities.TextIsCodePageBytes()) {
+    if (!widths_) widths_.emplace(platform_);
+    setter_ = std::make_unique<layout::ByteSetter>(*widths_);
+  } else {
+    setter_ = std::make_unique<layout::UnicodeSetter>();
+  }
+  return *setter_;
 }
 
 FileNote DocumentModel::Create(std::string_view file) noexcept {
@@ -82,9 +86,12 @@ FileNote DocumentModel::TryCreate(std::string_view file) {
     return {RefusalReason::FileNotCreated, std::string(file) + ": " + error.message()};
   }
   state_.file = opened;
+  state_.oddities = Oddities(!state_.conforming);
   fault_ = {};
-  lines_.Clear();
-  Widths();
+  lost_.Clear();
+  lines_.Clear(state_.conforming ? LineEnd::Lf : LineEnd::CrLf);
+  setter_.reset();
+  Setter();
   layout::GetPaperDimensions(state_.paper_size, state_.orientation, state_.page);
   writer_.BeginDocument(platform_.Now());
   ResetPen();
@@ -176,7 +183,10 @@ RefusalNote DocumentModel::EndPage() noexcept {
 
 /// A footer that does not fit between the margins is left out.
 void DocumentModel::WriteFooter() {
-  TryWriteText({.text = footer_, .alignment = AlignmentConstants::Center}, Numbers::Reserved);
+  std::string storage;
+  const std::string_view text =
+      state_.oddities.TextIsCodePageBytes() ? platform_.ToCodePage(footer_, storage) : footer_;
+  TryWriteText({.text = text, .alignment = AlignmentConstants::Center}, Numbers::Reserved);
 }
 
 FileNote DocumentModel::Flush() noexcept {

@@ -8,6 +8,7 @@
 
 #include "document/document_model.h"
 #include "layout/alignment.h"
+#include "layout/shown_characters.h"
 
 namespace vellumark::document {
 namespace {
@@ -23,7 +24,18 @@ RefusalNote DocumentModel::WriteMultiText(const Paragraph& paragraph) noexcept {
   return Attempt([&] { return TryWriteMultiText(paragraph); });
 }
 
-RefusalNote DocumentModel::TryWriteMultiText(const Paragraph& paragraph) {
+RefusalNote DocumentModel::TryWriteMultiText(const Paragraph& given) {
+  Paragraph paragraph = given;
+  std::string storage;
+  if (!state_.oddities.TextIsCodePageBytes()) {
+    if (!state_.page_open) return {RefusalReason::NoPage};
+    // On such a page every line would start another one.
+    const int height = state_.font.height;
+    if (height > state_.UsableHeight().value()) {
+      return {RefusalReason::BeyondBottomMargin, height, state_.UsableHeight().value()};
+    }
+    paragraph.text = layout::WithPlainBlanks(given.text, storage);
+  }
   Points width = paragraph.width;
   if (const RefusalNote refused = PlaceParagraph(paragraph, width)) return refused;
   if (const RefusalNote refused = MeasureWords(paragraph.text, width)) return refused;
@@ -58,7 +70,7 @@ RefusalNote DocumentModel::MeasureWords(std::string_view text, Points width) {
   std::size_t begin = 0;
   for (;;) {
     const std::size_t end = std::min(text.find(' ', begin), text.size());
-    const std::int32_t sum = Widths().Sum(text.substr(begin, end - begin), state_.font);
+    const std::int32_t sum = Setter().Measure(text.substr(begin, end - begin), state_.font);
     if (sum > widest) {
       const Points word_width = layout::FontWidths::InPoints(state_.font.height, sum);
       return {RefusalReason::WordTooWide, word_width.value(), width.value()};
@@ -72,7 +84,7 @@ RefusalNote DocumentModel::MeasureWords(std::string_view text, Points width) {
 RefusalNote DocumentModel::WriteLines(const Paragraph& paragraph, Points width) {
   const Points left = state_.position_x;
   const std::int32_t widest = layout::FontWidths::LargestSum(state_.font.height, width);
-  const std::int32_t blank = Widths().Sum(" ", state_.font);
+  const std::int32_t blank = Setter().Measure(" ", state_.font);
   std::size_t line_begin = 0;
   std::int32_t line_sum = 0;
   for (const Word& word : words_) {
@@ -95,12 +107,15 @@ RefusalNote DocumentModel::WriteFinishedLine(std::string_view line, const Paragr
   if (const RefusalNote refused = BreakPageIfFull()) return refused;
   if (paragraph.justified) {
     // A line of one word cannot be stretched; it is written where it stands.
-    JustifyText(line, width, Widths(), state_.font, justified_);
+    JustifyText(line, width, Setter(), state_.font, justified_);
   } else {
     justified_.words.assign(1, line);
     justified_.positions.assign(1, 0);
   }
   const std::size_t count = justified_.words.size();
+  if (count > 1 && !state_.oddities.JustifiedWordsStandAlone()) {
+    return WriteWords(paragraph, width, left);
+  }
   for (std::size_t j = 0; j < count; ++j) {
     state_.position_x = left + justified_.positions[j];
     const RefusalNote refused = TryWriteText(
@@ -110,19 +125,50 @@ RefusalNote DocumentModel::WriteFinishedLine(std::string_view line, const Paragr
   return {};
 }
 
-/// The last line is never justified and keeps its trailing blank in the text.
+/// The words of a justified line as one text.
+RefusalNote DocumentModel::WriteWords(const Paragraph& paragraph, Points width, Points left) {
+  const std::size_t count = justified_.words.size();
+  if (encoded_words_.size() < count) encoded_words_.resize(count);
+  placed_words_.clear();
+  for (std::size_t j = 0; j < count; ++j) {
+    Setter().Encode(justified_.words[j], state_.font, encoded_words_[j]);
+    placed_words_.push_back({encoded_words_[j].Runs(), justified_.positions[j]});
+  }
+  state_.position_x = left;
+  const RefusalNote refused =
+      PlaceText({.text = {}, .carriage_return = true, .dy = paragraph.dy, .words = placed_words_},
+                width, Numbers::Free);
+  if (refused) return refused;
+  for (std::size_t j = 0; j < count; ++j) lost_.Add(encoded_words_[j].Lost());
+  return {};
+}
+
+/// The last line is never justified.
 RefusalNote DocumentModel::WriteLastLine(std::string_view line, const Paragraph& paragraph,
                                          Points left) {
   if (const RefusalNote refused = BreakPageIfFull()) return refused;
   state_.position_x = left;
-  const std::string with_blank = std::string(line) + ' ';
+  std::string with_blank;
+  if (state_.oddities.LastLinesEndWithABlank()) {
+    with_blank.append(line).push_back(' ');
+    line = with_blank;
+  } else {
+    line = WithoutTrailingBlanks(line);
+  }
   const RefusalNote refused =
-      TryWriteText({.text = with_blank, .carriage_return = true, .dy = paragraph.dy});
+      TryWriteText({.text = line, .carriage_return = true, .dy = paragraph.dy});
   return refused.reason == RefusalReason::NoObjectNumbersLeft ? refused : RefusalNote{};
 }
 
+/// How far down a line of a paragraph may reach: to the footer, if the line has room above it.
+Points DocumentModel::ParagraphHeight() const {
+  const Points usable = state_.UsableHeight();
+  if (state_.oddities.ParagraphsReachIntoTheFooter()) return usable;
+  return std::max<Points>(usable - kFooterHeight, state_.font.height);
+}
+
 RefusalNote DocumentModel::BreakPageIfFull() {
-  if (state_.Y() + state_.font.height <= state_.UsableHeight()) return {};
+  if (state_.Y() + state_.font.height <= ParagraphHeight()) return {};
   // Before Create there is no page color.
   if (state_.page_color.view().empty()) throw RunTimeError(RunTimeError::SubscriptOutOfRange);
   const RefusalNote note = StartPage(state_.margins, state_.page_color);

@@ -83,6 +83,7 @@ std::string Sentence(const RefusalNote& note, std::string_view detail) {
       return Join({"the call needs more object numbers than the ", allowed,
                    " that are free; flush this document and start another one"});
     case RefusalReason::RunTimeFault:
+      if (note.got == RunTimeError::OutOfMemory) return "the call ran out of memory";
       return Join({"run-time error ", NameOfError(note.got), " stopped the call"});
     case RefusalReason::NumberOutOfRange:
       return Join({"a number is ", got, ", but it must be ", note.allowed == 255 ? "0" : "-32768",

@@ -14,6 +14,7 @@
 #include <vellumark/enumerations.h>
 #include <vellumark/platform.h>
 
+#include "document/oddities.h"
 #include "layout/color_text.h"
 #include "layout/font.h"
 #include "layout/paper_sizes.h"
@@ -65,6 +66,11 @@ struct State : PageState {
   OrientationConstants orientation = OrientationConstants::Portrait;
   PaperSizeConstants paper_size = PaperSizeConstants::A4;
   bool rotated = false;
+
+  bool conforming = false;
+  bool compressed = true;  ///< counts in a conforming PDF only
+
+  Oddities oddities;  ///< of the document being written, from `conforming` at its Create
 
   HostText dash;       ///< of the pen, without brackets; empty for a solid line
   layout::Paper page;  ///< size after orientation, and the paper's name

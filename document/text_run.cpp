@@ -11,23 +11,33 @@ RefusalNote DocumentModel::WriteText(const TextRun& run) noexcept {
 }
 
 RefusalNote DocumentModel::TryWriteText(const TextRun& run, Numbers numbers) {
-  const Points width = Widths().GetTextWidth(run.text, state_.font);
-  if (const RefusalNote refused = CheckText(width, run.alignment)) return refused;
+  Setter().Encode(run.text, state_.font, encoded_);
+  return PlaceText(run, layout::FontWidths::InPoints(state_.font.height, encoded_.Width()),
+                   numbers);
+}
 
+/// Writes what was encoded, if it fits.
+RefusalNote DocumentModel::PlaceText(const TextRun& run, Points width, Numbers numbers) {
+  if (const RefusalNote refused = CheckText(width, run.alignment)) return refused;
   const bool aligned = run.alignment != AlignmentConstants::NoAlignment;
   const Points x = aligned ? layout::GetAlignmentOffset(state_.UsableWidth(), width, run.alignment)
                            : state_.position_x;
   const Points y = state_.Y();
   const std::uint8_t height = state_.font.height;
+  const Points end = x + width;
   const std::optional<Points> effect_y = EffectLine(y);
-  const bool effect_fits = effect_y && !Box().CheckPoints({{x, *effect_y}, {x + width, *effect_y}});
+  const bool effect_fits = effect_y && !Box().CheckPoints({{x, *effect_y}, {end, *effect_y}});
   if (numbers == Numbers::Free) {
     const Pieces pieces = {.marks = effect_fits ? 2 : 1, .links = run.hyperlink.empty() ? 0 : 1};
     if (const RefusalNote refused = writer_.RoomFor(pieces)) return refused;
   }
 
-  const Points end = x + width;
-  writer_.ShowText(run.text, OnPage(x, y + height));
+  if (run.words.empty()) {
+    lost_.Add(encoded_.Lost());
+    writer_.ShowText(encoded_.Runs(), OnPage(x, y + height));
+  } else {
+    writer_.ShowWords(run.words, OnPage(x, y + height));
+  }
   if (effect_fits) writer_.DrawLine(OnPage(x, *effect_y), OnPage(end, *effect_y));
   if (!run.hyperlink.empty()) {
     // Two points wider than the text, and a fifth of its height deeper.
@@ -47,6 +57,7 @@ RefusalNote DocumentModel::CheckText(Points width, AlignmentConstants alignment)
   if (!layout::IsAlignment(alignment)) {
     return {RefusalReason::InvalidAlignment, static_cast<std::int32_t>(alignment)};
   }
+  if (!state_.page_open && !state_.oddities.MarksNeedNoPage()) return {RefusalReason::NoPage};
   const UsableBox box = Box();
   const bool aligned = alignment != AlignmentConstants::NoAlignment;
   const int left = box.width.value() - (aligned ? 0 : state_.position_x.value());

@@ -13,7 +13,7 @@ RefusalNote DocumentModel::WriteTitle(const Title& title) noexcept {
 }
 
 RefusalNote DocumentModel::TryWriteTitle(const Title& title) {
-  const Points width = Widths().GetTextWidth(title.text, state_.font) + state_.font.height - 1;
+  const Points width = Setter().WidthInPoints(title.text, state_.font) + state_.font.height - 1;
   if (title.bullet != BulletConstants::Disc && title.bullet != BulletConstants::Square) {
     return {RefusalReason::InvalidBullet, static_cast<std::int32_t>(title.bullet)};
   }

@@ -5,7 +5,7 @@
 // The document model decides what is written, where and when; a Writer only puts it into its own
 // language, appending lines to the document's LineBuffer and reading its State. Everything is
 // checked before a Writer hears of it, positions are page coordinates (points from the bottom left
-// corner of the page), and text is bytes of the code page.
+// corner of the page), and text is codes of the font.
 //
 // Order of calls: BeginDocument; then for each page BeginPage, PaintBackground, AnnouncePage, any
 // marks, EndPage; then EndDocument. Marks may also come before the first page, and a document
@@ -13,12 +13,14 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 #include <vellumark/enumerations.h>
 #include <vellumark/platform.h>
 
 #include "document/refusal_note.h"
+#include "layout/encoded_text.h"
 #include "layout/picture.h"
 #include "layout/points.h"
 
@@ -28,6 +30,12 @@ namespace vellumark::document {
 struct PagePoint {
   layout::Points x;
   layout::Points y;
+};
+
+/// A word of a justified line.
+struct PlacedWord {
+  std::span<const layout::EncodedRun> runs;
+  layout::Points x;  ///< from the start of the line
 };
 
 /// Pieces of output that a call is going to make.
@@ -56,7 +64,7 @@ class Writer {
   Writer& operator=(Writer&&) = delete;
   virtual ~Writer() = default;
 
-  /// Whether a Create that could not create its file leaves the document that was open as it is.
+  /// Whether a Create that cannot create its file leaves the document that was open as it is.
   [[nodiscard]] virtual bool KeepsFileWhenCreateFails() const { return true; }
 
   /// Refuses pieces if the page and the document could not be finished after them.
@@ -89,9 +97,12 @@ class Writer {
   /// A slice from the centre, angles in degrees from the positive x axis, as the caller gave them.
   virtual void DrawArc(PagePoint center, layout::Points radius, float th1, float th2) = 0;
 
-  /// One run of text in the font and colour of the State; `baseline` is where its first glyph
-  /// starts.
-  virtual void ShowText(std::string_view text, PagePoint baseline) = 0;
+  /// A text in the font and color of the State, as runs of codes one behind the other; `baseline`
+  /// is where its first glyph starts.
+  virtual void ShowText(std::span<const layout::EncodedRun> runs, PagePoint baseline) = 0;
+
+  /// The words of a justified line. Not called if they stand alone (document/oddities.h).
+  virtual void ShowWords(std::span<const PlacedWord> words, PagePoint baseline) = 0;
 
   /// A picture, its samples encoded with one of the four filters.
   virtual void DrawImage(const layout::Picture& picture, const PicturePlace& place) = 0;

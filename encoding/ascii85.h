@@ -8,7 +8,7 @@
 //     "z"   = four zero bytes
 //     rest  = m + 1 characters for m = 1 to 3 last bytes, missing bytes counting as zero; never "z"
 //
-// No line breaks are written. The text is five quarters of the input.
+// No line breaks are written. The text is about 5/4 of the input's size.
 #pragma once
 
 #include <cstdint>
@@ -20,8 +20,8 @@ namespace vellumark::encoding {
 class Ascii85 {
  public:
   /// Encodes the first `input_size` bytes of `input` into `output` and sets `output_size` to the
-  /// length of the text. False, with an empty output, when the input size is negative or more than
-  /// `input` holds, or the text would have more than 2^31 - 1 characters.
+  /// length of the text. Returns false, and an empty output, if the input size is negative or
+  /// more than `input` holds, or the text would have more than 2^31 - 1 characters.
   static bool Encode(std::int32_t input_size, std::span<const std::uint8_t> input,
                      std::int32_t& output_size, std::string& output);
 };

@@ -4,7 +4,8 @@
 //
 //     text = { digit digit } ">"     digits "0" to "9" and "A" to "F", the high four bits first
 //
-// No white space and no line breaks are written. The text is twice the input and one character.
+// No white space and no line breaks are written. The text has two characters for each byte, and one
+// more.
 #pragma once
 
 #include <cstdint>
@@ -16,8 +17,8 @@ namespace vellumark::encoding {
 class AsciiHex {
  public:
   /// Encodes the first `input_size` bytes of `input` into `output` and sets `output_size` to the
-  /// length of the text. False, with an empty output, when the input size is negative or more than
-  /// `input` holds, or the text would have more than 2^31 - 1 characters.
+  /// length of the text. Returns false, and an empty output, if the input size is negative or
+  /// more than `input` holds, or the text would have more than 2^31 - 1 characters.
   static bool Encode(std::int32_t input_size, std::span<const std::uint8_t> input,
                      std::int32_t& output_size, std::string& output);
 };

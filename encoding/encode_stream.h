@@ -3,7 +3,7 @@
 // EncodeStream: the body of a stream under one of the four filters, end marker included.
 //
 //     std::string line = EncodeStream(samples, EncodingConstants::Flate);
-//     line += "\r\n";                                        // room for these two is there
+//     line += "\r\n";                                        // needs no reallocation
 //
 //     encoding   file      written
 //     ASCII85    ascii85   base-85 text and "~>"

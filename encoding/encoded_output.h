@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// EncodedOutput: fills the string that an encoder hands back.
+// EncodedOutput: fills the string that an encoder returns.
 //
 // A string of the final size would first be zeroed in memory and then written again. Encoders fill
 // a small block instead, which stays in the cache, and append it when it is full; the string is
@@ -25,7 +25,7 @@ namespace vellumark::encoding {
 /// Bytes that may be appended to any encoded string without a reallocation.
 inline constexpr std::size_t kLineEndRoom = 2;
 
-/// Whether an encoder can tell an output of this size to its caller.
+/// Whether an encoder can return an output of this size: at most 2^31 - 1 bytes.
 constexpr bool FitsOutputSize(std::uint64_t size) {
   return size <= std::numeric_limits<std::int32_t>::max();
 }

@@ -19,8 +19,8 @@ class GreedyMatchFinder {
 
   [[nodiscard]] const Window& Bytes() const { return window_; }
 
-  /// Makes the position, which has three bytes to come, known, and finds the longest match there;
-  /// a length below 3 means none.
+  /// Adds the position, from which at least three bytes remain, and returns the longest match
+  /// there; a length below 3 means that there is none.
   Match Find(Position position) {
     const Position candidate = InsertOne(position);
     constexpr std::int32_t kNoMatch = format::kMinMatch - 1;
@@ -31,7 +31,7 @@ class GreedyMatchFinder {
                           LimitsAt(position, window_, parameters_, kNoMatch));
   }
 
-  /// Makes the positions from `first` up to `end` known; all have three bytes to come.
+  /// Adds the positions from `first` to `end` - 1; at least three bytes remain from each.
   void Insert(Position first, Position end) {
     for (; first < end; ++first) InsertOne(first);
   }

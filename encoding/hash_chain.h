@@ -25,7 +25,7 @@ class HashChain {
     return (bytes << 10 ^ (bytes >> 3 & 0x1FE0U) ^ (bytes >> 16 & 0xFFU)) & kHashMask;
   }
 
-  /// Makes a position known; returns the newest one before it, or kNoPosition.
+  /// Adds a position; returns the newest earlier one with the same hash, or kNoPosition.
   Position Insert(Position position, std::uint32_t hash) {
     const Position newest = newest_[hash];
     distances_[Window::RingIndex(position)] = static_cast<std::uint16_t>(position - newest);
@@ -33,7 +33,7 @@ class HashChain {
     return newest;
   }
 
-  /// Makes positions known that have the hash of the one before `first`.
+  /// Adds positions that have the same hash as the one before `first`.
   void InsertRun(Position first, Position end, std::uint32_t hash) {
     for (Position position = first; position < end; ++position) {
       distances_[Window::RingIndex(position)] = 1;
@@ -41,8 +41,8 @@ class HashChain {
     newest_[hash] = static_cast<std::uint16_t>(end - 1);
   }
 
-  /// The position before this one on its chain. Before one that is out of reach comes no one in
-  /// reach.
+  /// The position before this one on its chain. If this one is out of reach, so is every position
+  /// before it.
   [[nodiscard]] Position Before(Position position) const {
     return position - distances_[Window::RingIndex(position)];
   }

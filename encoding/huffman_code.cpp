@@ -34,7 +34,7 @@ class Node {
 };
 
 // The least node is in slot 1; the children of slot k are in slots 2k and 2k + 1. Behind the last
-// node stands one that is never taken, for an only child's brother.
+// node is one that is never taken, so that every node has two children to compare.
 class Heap {
  public:
   void Append(Node node) {
@@ -99,7 +99,8 @@ class Tree {
     return {taken_.data(), taken_count_};
   }
 
-  // A code needs two symbols: the one after the only symbol, or symbol 0, fills up.
+  // A code needs two symbols. The second one is the one after the only symbol if that is 0 or 1,
+  // else symbol 0.
   void CollectLeaves(std::span<const std::uint16_t> frequencies) {
     for (std::uint32_t symbol = 0; symbol < symbols_; ++symbol) {
       if (frequencies[symbol] == 0) continue;
@@ -144,7 +145,7 @@ class Tree {
   }
 
   // Makes the code complete again: a leaf of the deepest level above the last moves one level down
-  // and takes a leaf that was cut for its brother. A subtree cut away with k leaves had 2k - 2
+  // and becomes the sibling of a leaf that was cut. A subtree cut away with k leaves had 2k - 2
   // nodes below the limit, and needs k - 1 such moves.
   void RepairCounts() {
     for (; overflow_ > 0; overflow_ -= 2) {

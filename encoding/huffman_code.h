@@ -16,14 +16,15 @@
 
 namespace vellumark::encoding {
 
-/// One code: its bits in the order of sending (the first one lowest), and how many they are.
+/// One code: its bits in the order of sending (the first one lowest), and their number.
 struct HuffmanCode {
   std::uint16_t bits = 0;
   std::uint16_t length = 0;  ///< 0: the symbol does not occur
 };
 
-/// Gives every symbol with a frequency a code length of at most `max_length`. Symbols 0 and 1 come
-/// in where fewer than two occur. Returns one more than the highest symbol that has a length.
+/// Gives every symbol with a frequency a code length of at most `max_length`. If fewer than two
+/// symbols occur, one or two of symbols 0 to 2 get a code too. Returns one more than the highest
+/// symbol that has a length.
 std::size_t BuildCodeLengths(std::span<const std::uint16_t> frequencies, int max_length,
                              std::span<HuffmanCode> codes);
 

@@ -39,8 +39,8 @@ Position LazyMatchFinder::InsertRun(Position first, Position end) {
   return run_end;
 }
 
-// The plain walk: for the last bytes of the input, for a first candidate at the very limit, and
-// where the second chain is full of strangers.
+// The plain walk: for the last bytes of the input, for a first candidate at the very limit, and if
+// most positions of the second chain are there only by a hash collision.
 Match LazyMatchFinder::FindOnFirstChain(Position position, Position newest,
                                         std::int32_t best_length) const {
   if (newest == kNoPosition || position - newest > Window::kGreatestDistance) {

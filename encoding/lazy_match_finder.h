@@ -3,7 +3,7 @@
 // Finds matches for the lazy method, which may look at thousands of candidates per position.
 //
 // The match is the one that a walk along the chain of three-byte hashes finds: the longest among
-// its first `chain_length` candidates. Most of those share three bytes and no more. So a second
+// its first `chain_length` candidates. Most of those share only three bytes. So a second
 // chain links positions by a hash of four bytes, and each position has its ordinal on the
 // three-byte chain: a candidate from the second chain that matches in three bytes is on the first
 // chain too, and the difference of the ordinals says at which place. The walk along the second
@@ -29,9 +29,9 @@ class LazyMatchFinder {
 
   [[nodiscard]] const Window& Bytes() const { return window_; }
 
-  /// Makes a position known that has three bytes to come, and finds the longest match there if it
-  /// is longer than `best_length` (at least 2); otherwise the length is no greater than that. A
-  /// match of three bytes far away, which costs more than three literals mostly, is none.
+  /// Adds a position from which at least three bytes remain, and returns the longest match there
+  /// if it is longer than `best_length` (at least 2); otherwise the length is at most that. A
+  /// match of three bytes far away does not count: it usually costs more than three literals.
   Match Find(Position position, std::int32_t best_length) {
     if (!window_.Holds(position, format::kMaxMatch)) return FindNearEnd(position, best_length);
     const Position newest = InsertOne(position);
@@ -41,7 +41,7 @@ class LazyMatchFinder {
     return FindOnSecondChain(position, newest, best_length);
   }
 
-  /// Makes the positions from `first` up to `end` known; all have three bytes to come.
+  /// Adds the positions from `first` to `end` - 1; at least three bytes remain from each.
   void Insert(Position first, Position end);
 
   void MoveWindow();
@@ -54,7 +54,7 @@ class LazyMatchFinder {
     return four_bytes * 0x9E3779B1U >> (32 - kHashBits);
   }
 
-  /// Makes a position known that has four bytes to come; returns the newest of its first chain.
+  /// Adds a position from which at least four bytes remain; returns the newest of its first chain.
   Position InsertOne(Position position) {
     const auto bytes = LoadLittleEndian<std::uint32_t>(window_.At(position));
     const Position newest = chain_.Insert(position, HashChain::Hash(bytes));
@@ -105,8 +105,8 @@ class LazyMatchFinder {
   std::array<Link, Window::kStep> links_{};
 };
 
-// A first candidate out of reach is read like others, which does no harm, and dropped then: on data
-// with few matches that spares branches which cannot be foretold.
+// A first candidate that is out of reach is read like the others, which is harmless, and dropped
+// afterward: on data with few matches this avoids branches that the processor cannot predict.
 inline Match LazyMatchFinder::FindOnSecondChain(Position position, Position newest,
                                                 std::int32_t best_length) const {
   const SearchLimits limits = LimitsAt(position, window_, parameters_, best_length);
@@ -135,7 +135,7 @@ inline Match LazyMatchFinder::FindOnSecondChain(Position position, Position newe
     candidate -= link.Distance();
     if (candidate <= limits.candidate) break;
     if (own.IsBeyond(limits.chain, link)) {
-      // The ordinal of a stranger, on this chain by a collision only, means nothing.
+      // The ordinal of a stranger, on this chain only by a hash collision, means nothing.
       if ((LoadLittleEndian<std::uint32_t>(there) ^ first_bytes) << 8 == 0) break;
       if (--strangers == 0) return FindOnFirstChain(position, newest, best_length);
     }

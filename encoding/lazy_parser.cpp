@@ -10,11 +10,11 @@ void LazyParser::Run() {
   for (;;) {
     const Position moved = MoveWindow(state.position);
     state.position -= moved;
-    state.current.start -= moved;  // may pass zero; distances come out right
+    state.current.start -= moved;  // may become negative; distances stay right
     if (AtEnd(state.position)) break;
     for (const Position end = StretchEnd(); state.position < end;) state = Step(state);
   }
-  // Whether that fills the block does not matter: the final block is due anyway.
+  // Whether this fills the block does not matter: the final block follows anyway.
   if (state.literal_waits) SendWaitingLiteral(state.position);
   WriteBlock(state.position, true);
 }

@@ -27,7 +27,7 @@ class Parser {
         symbols_(level >= kFirstEarlyCutLevel),
         blocks_(output) {}
 
-  /// Moves the window if the position asks for it; returns by how much positions became smaller.
+  /// Moves the window if the position requires it; returns by how much positions became smaller.
   Position MoveWindow(Position position) {
     if (position < finder_.Bytes().MoveFrom()) return 0;
     finder_.MoveWindow();
@@ -37,7 +37,7 @@ class Parser {
 
   [[nodiscard]] bool AtEnd(Position position) const { return position >= finder_.Bytes().End(); }
 
-  /// Up to here the window need not move.
+  /// The first position at which the window must move, or the end of the input.
   [[nodiscard]] Position StretchEnd() const {
     return static_cast<Position>(
         std::min<std::ptrdiff_t>(finder_.Bytes().End(), finder_.Bytes().MoveFrom()));

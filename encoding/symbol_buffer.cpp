@@ -11,8 +11,8 @@ void SymbolBuffer::Clear() {
   literal_lengths_[format::kEndOfBlock] = 1;
 }
 
-// Halfway, a block that is coding well is ended at once: few matches, yet an estimated size below
-// half of its bytes. Its statistics are good, and the text that follows may have others.
+// A half-full block that compresses well already is ended at once: it has few matches, and yet its
+// estimated size is below half of its bytes. What follows may have other statistics.
 bool SymbolBuffer::IsFull(std::int32_t block_bytes) {
   if (count_ == kFull) return true;
   next_check_ = kFull;

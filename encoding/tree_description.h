@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// How a dynamic block tells its codes: the code lengths, run-length coded and Huffman coded again.
+// How a dynamic block describes its codes: the code lengths, run-length coded and Huffman coded
+// again.
 //
 //     description = HLIT:5 HDIST:5 HCLEN:4 (length:3){HCLEN + 4} literal_lengths distances
 //     sequence    = { plain:0..15 | 16 repeat:2 | 17 zeros:3 | 18 zeros:7 }

@@ -5,7 +5,7 @@
 // It is two steps of 32,768 bytes long and moves by a step when fewer than 262 of its bytes are
 // still ahead; nothing is copied, it is a pointer into the input. Positions are counted from its
 // start, so that 16 bits hold them, and become smaller by a step when it moves: RebasedPosition.
-// Position 0 doubles as "none" and is never matched, nor is anything before the window's start,
+// Position 0 also means "none" and is never matched; neither is anything before the window's start,
 // where positions are negative.
 #pragma once
 
@@ -46,7 +46,7 @@ class Window {
     return position + std::ptrdiff_t{count} <= end_;
   }
 
-  /// The window has moved before anything is done at this position or a later one.
+  /// The window must be moved before anything is done at this position or a later one.
   [[nodiscard]] Position MoveFrom() const {
     constexpr Position kMoveFrom = kStep + kGreatestDistance;
     return end_ < kLength ? kMoveFrom : kMoveFrom + 1;
@@ -62,13 +62,13 @@ class Window {
     return static_cast<std::uint16_t>(position & (kStep - 1U) & all_if_kept);
   }
 
-  /// Where rings that hold a step of positions keep this one.
+  /// The index of a position in a ring that holds one step of positions.
   static constexpr std::size_t RingIndex(Position position) {
     return static_cast<std::uint32_t>(position) % kStep;
   }
 
-  /// Candidates at this position and below are out of reach, but for the first of a chain, which
-  /// may stand exactly there.
+  /// Candidates at this position and below are out of reach, except the first one of a chain,
+  /// which may stand exactly there.
   static constexpr Position LimitAt(Position position) {
     return position > kGreatestDistance ? position - kGreatestDistance : kNoPosition;
   }

@@ -17,8 +17,8 @@ namespace vellumark::encoding {
 class Zlib {
  public:
   /// Compresses the first `input_size` bytes of `input` into `output`, with room for a line end
-  /// behind it, and sets `output_size` to the number of bytes. False, with an empty output, when
-  /// the level is not 1 to 9 or the input size is negative or more than `input` holds.
+  /// behind it, and sets `output_size` to the number of bytes. Returns false, and an empty output,
+  /// if the level is not 1 to 9 or the input size is negative or more than `input` holds.
   static bool Encode(std::int32_t input_size, std::span<const std::uint8_t> input,
                      std::int32_t& output_size, std::string& output, std::uint8_t level);
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// gallery FOLDER: writes FOLDER/gallery.pdf and FOLDER/gallery.ps, every drawing, text and
-// picture feature on labelled pages, both from the same code.
+// gallery FOLDER: writes FOLDER/gallery.pdf and FOLDER/gallery.ps with every drawing, text and
+// picture feature on labeled pages, both with the same code.
 #include <iostream>
 #include <string>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// DrawGallery: every drawing and text feature on labelled pages, from one piece of code for every
-// language. The document must have been created on A4 paper.
+// DrawGallery: every drawing and text feature on labeled pages, with the same code for PDF and
+// PostScript. The document must have been created on A4 paper.
 #pragma once
 
 #include <cstdint>
@@ -199,7 +199,7 @@ inline void PageFlowPages(Document& doc) {
                      AlignmentConstants::NoAlignment, true);
 }
 
-/// Links, for documents that have them; the others show the text alone.
+/// Links, if the document has them; a PS shows only the text.
 template <class AnyDocument>
 void LinksPage(AnyDocument& doc) {
   StartPage(doc, "Links");

@@ -18,7 +18,7 @@ struct Sample {
   EncodingConstants encoding = EncodingConstants::Flate;
 };
 
-/// Draws with a link where the document has links; where a picture is refused, says why.
+/// Draws the picture, with a link if the document has links. If it is refused, writes the reason.
 template <class AnyDocument>
 void Picture(AnyDocument& doc, const std::string& file,
              AlignmentConstants alignment = AlignmentConstants::NoAlignment,
@@ -32,7 +32,7 @@ void Picture(AnyDocument& doc, const std::string& file,
   if (!drawn) doc.WriteText(doc.LastRefusal().sentence);
 }
 
-/// Labelled pictures in rows of three, from `y` downwards.
+/// Labeled pictures in rows of three, from `y` down.
 template <class AnyDocument, class Samples>
 void PictureTable(AnyDocument& doc, const std::string& folder, std::int16_t y,
                   const Samples& samples) {
@@ -97,7 +97,7 @@ void FiltersPage(AnyDocument& doc, const std::string& folder) {
   Picture(doc, picture, AlignmentConstants::NoAlignment, Flate, "https://example.org/picture");
 }
 
-/// What docs/pictures.md warns of. PostScript leaves out what would end the program.
+/// The pictures that docs/pictures.md warns of, without those that would end a PostScript program.
 template <class AnyDocument>
 void DeepPicturesPage(AnyDocument& doc, const std::string& folder) {
   using enum EncodingConstants;
@@ -113,7 +113,7 @@ void DeepPicturesPage(AnyDocument& doc, const std::string& folder) {
   }
 }
 
-/// `folder` is that of the sample pictures and ends with "/".
+/// `folder` contains the sample pictures, and ends with "/".
 template <class AnyDocument>
 void DrawPicturePages(AnyDocument& doc, const std::string& folder) {
   FormatsPage(doc, folder);

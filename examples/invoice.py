@@ -5,7 +5,7 @@
 usage: invoice.py [FOLDER [CSV_FILE]]
 
 writes FOLDER/invoice.pdf and FOLDER/invoice.ps. The table has the columns quantity, description and
-unit price, in UTF-8. docs/python.md walks through it.
+unit price, in UTF-8. docs/python.md explains the program.
 """
 import csv
 import pathlib
@@ -43,7 +43,7 @@ WHITE: Color = (255, 255, 255)
 
 MARGIN = 56
 WIDTH = 595 - 2 * MARGIN
-# Where the columns of the table end; numbers stand right-aligned before these.
+# The right edges of the columns; numbers are right-aligned there.
 QUANTITY, DESCRIPTION, PRICE, AMOUNT = 40, 56, 398, WIDTH - 8
 DESCRIPTION_END = 328
 ROW_HEIGHT = 24
@@ -66,7 +66,7 @@ def read_rows(file: pathlib.Path) -> list[Row]:
         table = csv.DictReader(lines, restval="")
         missing = {"quantity", "description", "unit price"}.difference(table.fieldnames or [])
         if missing:
-            raise ValueError(f"{file}: no column {', '.join(sorted(missing))}")
+            raise ValueError(f"{file}: it has no column {', '.join(sorted(missing))}")
         for line in table:
             try:
                 rows.append(Row(int(line["quantity"]), line["description"],
@@ -78,7 +78,7 @@ def read_rows(file: pathlib.Path) -> list[Row]:
 
 def price(text: str) -> Decimal:
     if not re.fullmatch(r"-?\d{1,9}(\.\d{1,2})?", text):
-        raise ValueError(f"no price: {text!r}")
+        raise ValueError(f"not a price: {text!r}")
     return Decimal(text)
 
 
@@ -101,7 +101,7 @@ def put(doc: Document, x: int, y: int, text: str, alignment: Align = Align.NoAli
 
 
 def put_number(doc: Document, right: int, y: int, number: str) -> None:
-    """A number that ends at `right`: in Helvetica, all figures have one width."""
+    """A number that ends at `right`: in Helvetica, all digits have the same width."""
     _, size, _, _ = doc.GetFont()
     width = sum({",": 0.278, ".": 0.278, "-": 0.333}.get(sign, 0.556) for sign in number) * size
     put(doc, round(right - width), y, number)
@@ -158,7 +158,7 @@ def draw_table_head(doc: Document, y: int) -> int:
 
 
 def draw_table(doc: Document, rows: list[Row], y: int) -> int:
-    """The rows, on as many pages as they need; returns where they end."""
+    """The rows, on as many pages as they need. Returns the y of their end."""
     y = draw_table_head(doc, y)
     for row in rows:
         if y > LAST_ROW:

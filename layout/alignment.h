@@ -10,8 +10,8 @@
 namespace vellumark::layout {
 
 /// Left of an item of `itemwidth` points inside `width` points: 0 for NoAlignment, LeftAlign and
-/// every value that is no alignment; half the spare width for Center, truncated toward zero; all of
-/// it for RightAlign. Negative where the item is the wider one. Raises run-time error 6 where the
+/// every value that is not an alignment; half the spare width for Center, truncated toward zero;
+/// all of it for RightAlign. Negative if the item is the wider one. Raises run-time error 6 if the
 /// spare width leaves 16 bits.
 constexpr Points GetAlignmentOffset(Points width, Points itemwidth, AlignmentConstants alignment) {
   switch (alignment) {

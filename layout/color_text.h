@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// ColorText: a colour as the operand text that is pasted into page content.
+// ColorText: a color as the operand text that is pasted into page content.
 //
-// A colour is held as it is written: red, green and blue, each the byte divided by 255 with three
+// A color is held as it is written: red, green and blue, each the byte divided by 255 with three
 // decimals, a point as separator whatever the locale, and every ".000" taken away.
 //
 //     FormatColor(255, 128, 0).view()      // "1 0.502 0"
@@ -21,13 +21,25 @@ struct Rgb {
   std::uint8_t blue = 0;
 };
 
-/// Three colour operands of at most five characters each, held without allocation. Empty before
+/// Three color operands of at most five characters each, held without allocation. Empty before
 /// Create.
 class ColorText {
  public:
   ColorText() = default;
 
   [[nodiscard]] std::string_view view() const noexcept { return {text_.data(), size_}; }
+
+  /// The first operand.
+  [[nodiscard]] std::string_view First() const noexcept { return view().substr(0, size_ / 3); }
+
+  /// Whether the three operands are the same.
+  [[nodiscard]] bool IsGray() const noexcept {
+    const std::size_t step = First().size() + 1;
+    return size_ == 3 * step - 1 && view().substr(step, step - 1) == First() &&
+           view().substr(2 * step) == First();
+  }
+
+  friend bool operator==(const ColorText&, const ColorText&) = default;
 
  private:
   friend ColorText FormatColor(std::uint8_t red, std::uint8_t green, std::uint8_t blue) noexcept;
@@ -40,8 +52,8 @@ class ColorText {
                                     std::uint8_t blue) noexcept;
 
 /// Reads the first three fractions of `text`; "." and "," both separate decimals. `rgb` takes each
-/// part as it is read. Raises run-time error 9 where a part is missing, 13 where one is no number
-/// and 6 where it leaves 0 to 255.
+/// part as it is read. Raises run-time error 9 if a part is missing, 13 if it is not a number and
+/// 6 if it leaves 0 to 255.
 void ParseColor(std::string_view text, Rgb& rgb);
 
 }  // namespace vellumark::layout

@@ -7,7 +7,7 @@
 //     if (!dib.Load(platform, "logo.bmp", reason)) ...
 //     dib.Pixels()                                   // begins with the bottom row
 //
-// A Dib that holds a bitmap takes no other until Destroy.
+// A Dib that holds a bitmap does not take another one until Destroy.
 #pragma once
 
 #include <cstdint>
@@ -24,12 +24,12 @@ namespace vellumark::layout {
 
 class Dib {
  public:
-  /// Makes an empty bitmap: black, or index 0 of a black palette. False for a size below 1, more
-  /// than 32 bits per pixel, or where there is a bitmap already.
+  /// Makes an empty bitmap: black, or index 0 of a black palette. Returns false for a
+  /// size below 1, for more than 32 bits per pixel, and if there is a bitmap already.
   bool Create(std::int16_t width, std::int16_t height, std::uint8_t bit_count);
 
-  /// Takes the bitmap of a picture file. False, with a `reason`, where the platform has none or one
-  /// that does not have the pixels and the palette of its size and depth.
+  /// Takes the bitmap of a picture file. Returns false, with a `reason`, if the platform cannot
+  /// decode the file, or returns pixels or a palette that do not match its size and depth.
   bool Load(Platform& platform, std::string_view file, std::string& reason);
 
   /// Forgets the bitmap, if there is one.
@@ -43,18 +43,18 @@ class Dib {
   }
   [[nodiscard]] std::uint8_t BitsPerPixel() const noexcept { return bitmap_.bits_per_pixel; }
 
-  /// Bytes of a stored row, a multiple of 4; 0 where there is no bitmap.
+  /// Bytes of a stored row, a multiple of 4; 0 if there is no bitmap.
   [[nodiscard]] std::int32_t ImageScanWidth() const noexcept {
     return static_cast<std::int32_t>(bitmap_.RowSize());
   }
 
-  /// 2^bits colours at 8 bits per pixel or fewer, else none.
+  /// 2^bits colors at 8 bits per pixel or fewer, else none.
   [[nodiscard]] std::span<const Bitmap::Color> Palette() const noexcept { return bitmap_.palette; }
 
   /// The stored rows, from the bottom of the picture upwards.
   [[nodiscard]] std::span<const std::uint8_t> Pixels() const noexcept { return bitmap_.pixels; }
 
-  /// Hands the stored rows over without a copy, and is empty.
+  /// Moves the stored rows out; no bitmap is left.
   [[nodiscard]] std::vector<std::uint8_t> TakePixels() noexcept {
     std::vector<std::uint8_t> pixels = std::move(bitmap_.pixels);
     Destroy();

@@ -47,7 +47,15 @@ struct EncodedRun {
 
 class EncodedText {
  public:
-  /// All codes, one behind the other.
+  /// Takes `codes` as they are for one run, without a copy; they must outlive it.
+  void Borrow(std::string_view codes, std::int32_t width) {
+    lost_.clear();
+    runs_.assign(1, {.bytes = codes, .width = width});
+    width_ = width;
+    size_ = 0;
+  }
+
+  /// All codes, one behind the other; none after Borrow.
   [[nodiscard]] std::string_view Bytes() const noexcept { return {storage_.get(), size_}; }
 
   /// The runs in order; none for a text that shows nothing.

@@ -34,7 +34,7 @@ constexpr int FontIndex(const Font& font) noexcept {
   return number < 4 ? (number - 1) * 4 + style - 1 : number + 8;
 }
 
-/// Name of the font; empty where it is none of the fourteen.
+/// Name of the font; empty if it is not one of the fourteen.
 constexpr std::string_view FontName(const Font& font) noexcept {
   const bool faced =
       font.style >= FontStyleConstants::Regular && font.style <= FontStyleConstants::BoldItalic;

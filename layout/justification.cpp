@@ -17,7 +17,7 @@ void SplitWithBlanks(std::string_view text, std::vector<std::string_view>& words
 
 }  // namespace
 
-bool JustifyText(std::string_view text, Points width, const FontWidths& widths, const Font& font,
+bool JustifyText(std::string_view text, Points width, const TextSetter& setter, const Font& font,
                  JustifiedLine& line) {
   SplitWithBlanks(text, line.words);
   const std::size_t count = line.words.size();
@@ -26,9 +26,9 @@ bool JustifyText(std::string_view text, Points width, const FontWidths& widths, 
   if (count == 1) return false;  // there is no gap to stretch
   try {
     for (std::size_t i = 1; i < count; ++i) {
-      positions[i] = positions[i - 1] + widths.GetTextWidth(line.words[i - 1], font);
+      positions[i] = positions[i - 1] + setter.WidthInPoints(line.words[i - 1], font);
     }
-    const Points last_width = widths.GetTextWidth(line.words.back(), font);
+    const Points last_width = setter.WidthInPoints(line.words.back(), font);
     const Points spare = width - positions[count - 1] - last_width;
     const int gap = spare.value() / (static_cast<int>(count) - 1);
     if (gap > 0) {

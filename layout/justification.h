@@ -7,7 +7,7 @@
 // one point more to the first gaps until nothing is left.
 //
 //     JustifiedLine line;                       // kept by the caller, its storage is used again
-//     JustifyText("aaa bbb cc", 100, widths, font, line);
+//     JustifyText("aaa bbb cc", 100, setter, font, line);
 //     // line.words: "aaa ", "bbb ", "cc"       positions: 0, 33, 75 for widths 20, 30, 25
 #pragma once
 
@@ -16,7 +16,7 @@
 
 #include "layout/font.h"
 #include "layout/points.h"
-#include "layout/text_width.h"
+#include "layout/text_setter.h"
 
 namespace vellumark::layout {
 
@@ -28,11 +28,11 @@ struct JustifiedLine {
   std::vector<Points> positions;
 };
 
-/// Fills `line` and answers true. A line of one word is never stretched: like any run-time error
-/// (an overflow of a position) its missing gap stops the work at once; the answer is false, and
+/// Fills `line` and returns true. A line of one word is never stretched: like any run-time error
+/// (an overflow of a position) its missing gap stops the work at once; the result is false, and
 /// `line` keeps all words and the positions found so far, the others being 0. Words that are wider
 /// than `width` together keep their natural positions, and the line overflows.
-bool JustifyText(std::string_view text, Points width, const FontWidths& widths, const Font& font,
+bool JustifyText(std::string_view text, Points width, const TextSetter& setter, const Font& font,
                  JustifiedLine& line);
 
 }  // namespace vellumark::layout

@@ -13,7 +13,7 @@ struct Row {
   Paper paper;
 };
 
-// Ledger is wider than high already: it is the Tabloid sheet turned, and stays so.
+// Ledger is the Tabloid sheet turned: in Portrait it is wider than high.
 constexpr std::array<Row, 9> kPapers = {{
     {PaperSizeConstants::A3, {842, 1191, "A3"}},
     {PaperSizeConstants::A4, {595, 842, "A4"}},

@@ -19,8 +19,9 @@ struct Paper {
 
 [[nodiscard]] bool IsPaperSize(PaperSizeConstants papersize) noexcept;
 
-/// Takes the dimensions and name of `papersize` into `paper`; a value that is no paper size leaves
-/// it as it is. Then, for Landscape only, exchanges width and height, of whatever stands there.
+/// Takes the dimensions and name of `papersize` into `paper`; a value that is not a paper size
+/// leaves it unchanged. Then, for Landscape only, exchanges width and height, also of an unchanged
+/// `paper`.
 void GetPaperDimensions(PaperSizeConstants papersize, OrientationConstants orientation,
                         Paper& paper) noexcept;
 

@@ -35,16 +35,16 @@ struct Picture {
   [[nodiscard]] bool HasPalette() const noexcept { return bits_per_pixel <= 8; }
 };
 
-/// False, with a `reason` and `picture` as it was, where the platform cannot load the file. Rows
-/// are counted in 16 bits: one of more than 32,767 bytes, such as 10,923 pixels of 24 bits, raises
-/// run-time error 6 unless it has a palette.
+/// Returns false, with a `reason` and `picture` unchanged, if the platform cannot load the file.
+/// Rows are counted in 16 bits: one of more than 32,767 bytes, such as 10,923 pixels of 24 bits,
+/// raises run-time error 6 unless it has a palette.
 bool LoadPicture(Platform& platform, std::string_view file, Picture& picture, std::string& reason);
 
 /// What becomes of a row at 16 bits per pixel, on purpose: the exchange of a pixel's first and
 /// third byte, made for three bytes a pixel, moves the first byte of every pixel one pixel to the
 /// left. The first pixel's is pushed out of the row, and the last pixel takes the one that the row
-/// below pushed out (`pushed_out`, 0 for the bottom row). Readers show no such picture in its
-/// colours anyway (docs/pictures.md); the bytes stay what archives and comparisons know.
+/// below pushed out (`pushed_out`, 0 for the bottom row). Readers do not show such a picture
+/// in its colors anyway (docs/pictures.md); the bytes stay, because hosts compare them.
 void ShiftFirstBytes(std::span<std::uint8_t> row, std::uint8_t& pushed_out) noexcept;
 
 }  // namespace vellumark::layout

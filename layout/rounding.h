@@ -10,7 +10,7 @@
 
 namespace vellumark::layout {
 
-/// Raises run-time error 6 for a value outside 32 bits, and for one that is no number.
+/// Raises run-time error 6 for a value outside 32 bits, and for a NaN.
 constexpr std::int32_t RoundHalfEven(double value) {
   constexpr double kLimit = 2147483647.0;
   if (!(value > -kLimit && value < kLimit)) throw RunTimeError(RunTimeError::Overflow);

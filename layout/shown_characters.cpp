@@ -79,6 +79,27 @@ char32_t ShownCharacters::Decode() noexcept {
   return character;
 }
 
+std::string_view WithPlainBlanks(std::string_view utf8, std::string& storage) {
+  if (CountPlain(utf8) == utf8.size()) return utf8;
+  constexpr char32_t kFigureSpace = 0x2007;
+  constexpr char32_t kNarrowNoBreakSpace = 0x202F;
+  storage.clear();
+  platform::Utf8Reader reader(utf8);
+  for (std::size_t begin = 0; begin < utf8.size();) {
+    const char32_t character = reader.Next();
+    const std::size_t end = reader.Position();
+    const bool breaks = character != kFigureSpace && character != kNarrowNoBreakSpace;
+    if (breaks && AppearanceOf(character) == Appearance::Blank) {
+      const bool second_half = character == '\n' && begin > 0 && utf8[begin - 1] == '\r';
+      if (!second_half) storage.push_back(' ');
+    } else {
+      storage.append(utf8.substr(begin, end - begin));
+    }
+    begin = end;
+  }
+  return storage;
+}
+
 Appearance AppearanceOf(char32_t character) noexcept {
   if (IsIn(kBlanks, character)) return Appearance::Blank;
   return IsIn(kInvisible, character) ? Appearance::Nothing : Appearance::Glyph;

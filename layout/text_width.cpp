@@ -47,7 +47,7 @@ Points FontWidths::InPoints(std::uint8_t height, std::int32_t sum) {
 
 std::int32_t FontWidths::LargestSum(std::uint8_t height, Points width) {
   if (height == 0) return width < 0 ? -1 : std::numeric_limits<std::int32_t>::max();
-  // Half a point more than the width, from where the tie and what rounds up are given back.
+  // Starts half a point above the width, and goes back until the sum no longer rounds up.
   std::int32_t sum = (2 * width.value() + 1) * 500 / height + 1;
   while (InPoints(height, sum) > width) --sum;
   return sum;

@@ -26,15 +26,13 @@ void AppendPart(ArcPath& path, document::PagePoint center, layout::Points radius
   const auto r = static_cast<double>(radius.value());
   const double step = span / count;
   const double control = r * ArcControl(0, Radians(step));
-  const auto rounded = [](double value) { return RoundedPoints(static_cast<float>(value)); };
   for (int i = 0; i < count; ++i) {
     const double a = Radians(from + i * step);
     const double b = Radians(from + (i + 1) * step);
-    path.segments.push_back({rounded(x + r * std::cos(a) - control * std::sin(a)),
-                             rounded(y + r * std::sin(a) + control * std::cos(a)),
-                             rounded(x + r * std::cos(b) + control * std::sin(b)),
-                             rounded(y + r * std::sin(b) - control * std::cos(b)),
-                             rounded(x + r * std::cos(b)), rounded(y + r * std::sin(b))});
+    path.segments.push_back(
+        {x + r * std::cos(a) - control * std::sin(a), y + r * std::sin(a) + control * std::cos(a),
+         x + r * std::cos(b) + control * std::sin(b), y + r * std::sin(b) - control * std::cos(b),
+         x + r * std::cos(b), y + r * std::sin(b)});
   }
 }
 
@@ -56,8 +54,8 @@ ArcPath BuildArc(document::PagePoint center, layout::Points radius, float th1, f
   ArcPath path;
   const double start = Radians(th1);
   const auto r = static_cast<double>(radius.value());
-  path.start_x = RoundedPoints(static_cast<float>(center.x.value() + r * std::cos(start)));
-  path.start_y = RoundedPoints(static_cast<float>(center.y.value() + r * std::sin(start)));
+  path.start_x = center.x.value() + r * std::cos(start);
+  path.start_y = center.y.value() + r * std::sin(start);
   AppendPart(path, center, radius, th1, std::min(span, kLargestPart));
   if (span > kLargestPart) {
     AppendPart(path, center, radius, th1 + kLargestPart, span - kLargestPart);

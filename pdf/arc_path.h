@@ -19,17 +19,17 @@ namespace vellumark::pdf {
 
 /// One "c" operator: two control points and the end.
 struct ArcSegment {
-  int control1_x = 0;
-  int control1_y = 0;
-  int control2_x = 0;
-  int control2_y = 0;
-  int end_x = 0;
-  int end_y = 0;
+  double control1_x = 0;
+  double control1_y = 0;
+  double control2_x = 0;
+  double control2_y = 0;
+  double end_x = 0;
+  double end_y = 0;
 };
 
 struct ArcPath {
-  int start_x = 0;
-  int start_y = 0;
+  double start_x = 0;
+  double start_y = 0;
   std::vector<ArcSegment> segments;
 };
 

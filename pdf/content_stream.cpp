@@ -9,48 +9,69 @@ using document::Pieces;
 using document::RefusalNote;
 
 RefusalNote PdfWriter::RoomFor(const Pieces& pieces) const {
-  constexpr std::int64_t kPerMark = 2;              // the stream and its length
-  constexpr std::int64_t kPerImage = 4;             // a mark that paints it, and itself likewise
-  constexpr std::int64_t kPerPalette = 2;           // again a stream and its length
-  constexpr std::int64_t kPageEnd = 3;              // the footer, and the page itself
-  constexpr std::int64_t kToFinish = kPageEnd + 1;  // and the catalog
-  const std::int64_t needed = kPerMark * pieces.marks + pieces.links + kPerImage * pieces.images +
-                              kPerPalette * pieces.palettes +
-                              (kPageEnd + kPerMark) * pieces.pages;  // a page starts with a mark
-  const std::int64_t left = ObjectTable::kHighestNumber - objects_.table.Count() - kToFinish;
+  const bool streams = state_.oddities.EachMarkIsAStream();
+  // A mark is a stream and its length; an image is a mark that paints it, and itself likewise.
+  const std::int64_t per_mark = streams ? 2 : 0;
+  const std::int64_t per_image = streams ? 4 : 1;
+  const std::int64_t per_palette = streams ? 2 : 1;
+  // A page ends with its footer and itself, and starts with a mark.
+  const std::int64_t per_page = streams ? 5 : 3;
+  constexpr std::int64_t kToFinish = 4;  // a page end and the catalog
+  // A conforming document ends with its fonts and the nodes of its page tree.
+  const std::int64_t more = streams ? 0 : 100 + objects_.table.Count() / 16;
+  const std::int64_t needed = per_mark * pieces.marks + pieces.links + per_image * pieces.images +
+                              per_palette * pieces.palettes + per_page * pieces.pages;
+  const std::int64_t left = objects_.table.Left() - kToFinish - more;
   if (needed <= left) return {};
   return {RefusalReason::NoObjectNumbersLeft, 0, static_cast<std::int32_t>(left)};
 }
 
 void PdfWriter::Mark() noexcept {
   const Objects& now = objects_;
-  mark_ = {now.table.Here(),       now.pages.size(),     now.contents.size(), now.page_contents,
-           now.annotations.size(), now.page_annotations, now.images.size(),   now.state_saved};
+  mark_ = {.table = now.table.Here(),
+           .pages = now.pages.size(),
+           .page_nodes = now.page_nodes.size(),
+           .contents = now.contents.size(),
+           .page_contents = now.page_contents,
+           .annotations = now.annotations.size(),
+           .page_annotations = now.page_annotations,
+           .images = now.images.size(),
+           .state_saved = now.state_saved,
+           .page = page_.Here(),
+           .in_text = graphics_.in_text,
+           .text_x = graphics_.text_x,
+           .text_y = graphics_.text_y};
 }
 
 void PdfWriter::BackToMark() noexcept {
   objects_.table.RollBack(mark_.table);
   objects_.pages.resize(mark_.pages);
+  objects_.page_nodes.resize(mark_.page_nodes);
   objects_.contents.resize(mark_.contents);
   objects_.page_contents = mark_.page_contents;
   objects_.annotations.resize(mark_.annotations);
   objects_.page_annotations = mark_.page_annotations;
   objects_.images.resize(mark_.images);
   objects_.state_saved = mark_.state_saved;
+  if (mark_.page_ended) std::swap(page_, marked_page_);
+  mark_.page_ended = false;
+  page_.RollBack(mark_.page);
+  graphics_.Forget();
+  graphics_.in_text = mark_.in_text;
+  graphics_.text_x = mark_.text_x;
+  graphics_.text_y = mark_.text_y;
 }
 
 /// Opens an object with the next number.
 int PdfWriter::BeginObject() {
-  const int number = objects_.table.Add(oddities::Position(lines_));
+  const int number = objects_.table.Add(Position());
   lines_.Append(number, " 0 obj");
   return number;
 }
 
 /// Opens an object whose number was handed out before.
 void PdfWriter::BeginReservedObject(int number) {
-  if (oddities::kReservedObjectsHaveOffsets) {
-    objects_.table.SetOffset(number, oddities::Position(lines_));
-  }
+  if (!state_.oddities.ReservedObjectsHaveNoOffset()) objects_.table.SetOffset(number, Position());
   lines_.Append(number, " 0 obj");
 }
 
@@ -62,16 +83,30 @@ int PdfWriter::BeginStreamObject() {
   return number;
 }
 
-void PdfWriter::WriteLengthObject(std::int32_t length) {
+void PdfWriter::WriteLengthObject(std::int64_t length) {
   BeginObject();
   lines_.Append(length);
   lines_.Append("endobj");
 }
 
-void PdfWriter::SetStateSaved(GraphicsState wanted) {
+void PdfWriter::SetStateSaved(bool wanted) {
   if (objects_.state_saved) lines_.Append("Q");
-  objects_.state_saved = wanted == GraphicsState::Saved;
-  if (objects_.state_saved) lines_.Append("q");
+  objects_.state_saved = wanted;
+  if (wanted) lines_.Append("q");
+}
+
+void PdfWriter::BeginText() {
+  if (graphics_.in_text) return;
+  Content().Append("BT");
+  graphics_.in_text = true;
+  graphics_.text_x = 0;
+  graphics_.text_y = 0;
+}
+
+void PdfWriter::EndText() {
+  if (!graphics_.in_text) return;
+  Content().Append("ET");
+  graphics_.in_text = false;
 }
 
 }  // namespace vellumark::pdf

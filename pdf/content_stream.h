@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 //
-// The shell of a content stream, shared by shapes and text:
+// Where the marks of a page go. In a conforming document they follow each other in the page's one
+// stream (pages.cpp); in a classic one each has a stream of its own:
 //
 //     n 0 obj
 //     <<
 //     /Length n+1 0 R
 //     >>
 //     stream
-//     Q                 only where the stream before left a graphics state open
-//     q                 only where this one is to have one of its own
+//     Q                 only if the stream before left a graphics state open
+//     q                 only if this one is to have one of its own: not for a text
 //     <operators>
 //     endstream
 //     endobj
@@ -17,19 +18,30 @@
 //     endobj
 #pragma once
 
-#include "pdf/oddities.h"
 #include "pdf/pdf_writer.h"
 
 namespace vellumark::pdf {
 
+inline document::LineBuffer& PdfWriter::Content() {
+  return state_.oddities.EachMarkIsAStream() ? lines_ : page_;
+}
+
 template <class Operators>
-void PdfWriter::WriteContentStream(GraphicsState wanted, const Operators& operators) {
+void PdfWriter::WriteMark(MarkKind kind, const Operators& operators) {
+  if (!state_.oddities.EachMarkIsAStream()) {
+    if (kind != MarkKind::Text) EndText();
+    if (kind == MarkKind::Image) page_.Append("q");
+    operators();
+    if (kind == MarkKind::Image) page_.Append("Q");
+    return;
+  }
+  graphics_.BeginStream();
   objects_.contents.push_back(BeginStreamObject());
   lines_.Append("stream");
-  const std::int32_t start = oddities::Position(lines_);
-  SetStateSaved(wanted);
+  const std::int64_t start = Position();
+  SetStateSaved(kind != MarkKind::Text);
   operators();
-  const std::int32_t end = oddities::Position(lines_);
+  const std::int64_t end = Position();
   lines_.Append("endstream");
   lines_.Append("endobj");
   WriteLengthObject(end - start);

@@ -1,30 +1,33 @@
 // SPDX-License-Identifier: MIT
 //
-// The fixed head of a file, and what Flush puts behind its last page:
+// The head of a file, and what Flush puts behind its last page:
 //
-//     17 0 obj << /Font << /F0 3 0 R ... >> /ProcSet [ ... ] /XObject << ... >> >> endobj
+//     17 0 obj << /Font << /F0 3 0 R ... >> /XObject << ... >> >> endobj
 //     2 0 obj << /Type /Pages ... >> endobj
 //     25 0 obj << /Type /Catalog /Pages 2 0 R >> endobj
 //     xref
 //     0 26
 //     0000000000 65535 f
 //     0000000018 00000 n             one line for each object
-//     trailer << /Size 26 /Info 1 0 R /Root 25 0 R >>
+//     trailer << /Size 26 /Info 1 0 R /Root 25 0 R /ID [ ... ] >>
 //     startxref
 //     1234
 //     %%EOF
+#include <limits>
 #include <string>
 
+#include "document/pasted_string.h"
 #include "document/resume_next.h"
-#include "layout/font.h"
-#include "pdf/oddities.h"
-#include "pdf/pdf_writer.h"
+#include "encoding/content_hash.h"
+#include "encoding/encode_stream.h"
+#include "pdf/content_stream.h"
 #include "pdf/syntax.h"
+#include "pdf/text_string.h"
 
 namespace vellumark::pdf {
 namespace {
 
-/// "/F0 3 0 R /F1 4 0 R "
+/// "/I0 3 0 R /I1 4 0 R "
 std::string NamedReferences(std::string_view prefix, const std::vector<int>& numbers) {
   std::string references;
   for (std::size_t i = 0; i < numbers.size(); ++i) {
@@ -36,66 +39,74 @@ std::string NamedReferences(std::string_view prefix, const std::vector<int>& num
 
 }  // namespace
 
+/// Where the next line comes to stand. Raises run-time error 6 for a position that the format has
+/// no room for: 32 bits in a classic document, ten digits in a conforming one.
+std::int64_t PdfWriter::Position() const {
+  const bool classic = state_.oddities.PositionsLeaveOutLineEnds();
+  const std::int64_t line_ends = classic ? 2 * static_cast<std::int64_t>(lines_.LineCount()) : 0;
+  const std::int64_t position = lines_.ByteCount() - line_ends;
+  const std::int64_t last = classic ? std::numeric_limits<std::int32_t>::max() : 9999999999;
+  if (position > last) throw RunTimeError(RunTimeError::Overflow);
+  return position;
+}
+
 void PdfWriter::BeginDocument(const LocalTime& now) {
-  objects_.table = {};
-  lines_.Append("%PDF-1.2");
-  lines_.Append("%\xE2\xE3\xCF\xD3");  // four bytes above 127 tell transfer programs: binary
-  WriteInformation(now);
-  objects_.page_tree = objects_.table.Reserve();
-  WriteFonts();
-  objects_.resources = objects_.table.Reserve();
+  const bool narrow = state_.oddities.ObjectNumbersHave16Bits();
+  objects_.table = ObjectTable(narrow ? ObjectTable::kHighest16Bits : ObjectTable::kHighest);
   objects_.pages.clear();
   objects_.images.clear();
+  objects_.page_nodes.clear();
+  objects_.fonts_used = {};
+  header_ = lines_.Append("%PDF-1.2");
+  lines_.Append("%\xE2\xE3\xCF\xD3");  // four bytes above 127 tell transfer programs: binary
+  WriteInformation(now);
+  objects_.page_nodes.push_back(objects_.table.Reserve());
+  if (state_.oddities.FontsNameABaseEncoding()) WriteClassicFonts();
+  objects_.resources = objects_.table.Reserve();
 }
 
 void PdfWriter::WriteInformation(const LocalTime& now) {
   objects_.info = BeginObject();
   lines_.Append("<<");
-  lines_.Append("/Author ", oddities::UnescapedText(state_.author.bytes));
+  WriteProperty("/Author ", state_.author);
   lines_.Append("/CreationDate (D:", Padded<4>{now.year}, Padded<2>{now.month}, Padded<2>{now.day},
                 Padded<2>{now.hour}, Padded<2>{now.minute}, Padded<2>{now.second}, ')');
-  lines_.Append("/Creator ", oddities::UnescapedText(state_.creator.bytes));
-  lines_.Append("/Producer ", oddities::UnescapedText(properties.producer.bytes));
-  lines_.Append("/Title ", oddities::UnescapedText(state_.title.bytes));
-  lines_.Append("/Subject ", oddities::UnescapedText(properties.subject.bytes));
-  lines_.Append("/Keywords ", oddities::UnescapedText(properties.keywords.bytes));
+  WriteProperty("/Creator ", state_.creator);
+  WriteProperty("/Producer ", properties.producer);
+  WriteProperty("/Title ", state_.title);
+  WriteProperty("/Subject ", properties.subject);
+  WriteProperty("/Keywords ", properties.keywords);
   lines_.Append(">>");
   lines_.Append("endobj");
 }
 
-void PdfWriter::WriteFonts() {
-  objects_.fonts.clear();
-  for (const std::string_view name : layout::kFontNames) {
-    const auto index = objects_.fonts.size();
-    objects_.fonts.push_back(BeginObject());
-    lines_.Append("<<");
-    lines_.Append("/Type /Font");
-    lines_.Append("/Subtype /Type1");
-    lines_.Append("/BaseFont /", name);
-    lines_.Append(oddities::kFontEncoding);
-    lines_.Append("/Name /F", index);
-    lines_.Append(">>");
-    lines_.Append("endobj");
+void PdfWriter::WriteProperty(std::string_view key, const document::HostText& text) {
+  if (state_.oddities.PropertiesAreUnescaped()) {
+    lines_.Append(key, document::PastedString{text.bytes});
+  } else if (!text.utf8.empty()) {
+    lines_.Append(key, TextString{text.utf8});
   }
 }
 
 document::RefusalNote PdfWriter::EndDocument() {
+  int page_tree = 0;
   int catalog = 0;
-  std::int32_t cross_references = 0;
-  return document::ResumeNext([&] { WriteResources(); },          //
-                              [&] { WritePageTree(); },           //
-                              [&] { catalog = WriteCatalog(); },  //
-                              [&] { cross_references = oddities::Position(lines_); },
-                              [&] { WriteCrossReferences(); },  //
-                              [&] { WriteTrailer(catalog, cross_references); });
+  std::int64_t cross_references = 0;
+  return document::ResumeNext(
+      [&] { WriteResources(); },  //
+      [&] { page_tree = WritePageTree(); }, [&] { catalog = WriteCatalog(page_tree); },
+      [&] { cross_references = Position(); },  //
+      [&] { WriteCrossReferences(); }, [&] { WriteTrailer(catalog, cross_references); });
 }
 
 void PdfWriter::WriteResources() {
+  const bool classic = state_.oddities.FontsNameABaseEncoding();
+  const std::string fonts = classic ? NamedReferences("/F", objects_.fonts) : WriteUsedFonts();
   BeginReservedObject(objects_.resources);
   lines_.Append("<<");
-  if (!objects_.fonts.empty()) {
-    lines_.Append("/Font << ", NamedReferences("/F", objects_.fonts), ">>");
-    lines_.Append("/ProcSet [ /PDF /Text /ImageC /ImageI ]");
+  if (!fonts.empty()) {
+    lines_.Append("/Font << ", fonts, ">>");
+    if (classic) lines_.Append("/ProcSet [ /PDF /Text /ImageC /ImageI ]");
   }
   if (!objects_.images.empty()) {
     lines_.Append("/XObject << ", NamedReferences("/I", objects_.images), ">>");
@@ -104,17 +115,18 @@ void PdfWriter::WriteResources() {
   lines_.Append("endobj");
 }
 
-int PdfWriter::WriteCatalog() {
+int PdfWriter::WriteCatalog(int page_tree) {
   const int catalog = BeginObject();
   lines_.Append("<<");
   lines_.Append("/Type /Catalog");
-  lines_.Append("/Pages ", Reference{objects_.page_tree});
+  lines_.Append("/Pages ", Reference{page_tree});
   lines_.Append(">>");
   lines_.Append("endobj");
   return catalog;
 }
 
 void PdfWriter::WriteCrossReferences() {
+  // With its line end an entry has 20 bytes: CR LF in the classic output, which makes 21, or LF.
   const int count = objects_.table.Count();
   lines_.Append("xref");
   lines_.Append("0 ", count + 1);
@@ -124,12 +136,18 @@ void PdfWriter::WriteCrossReferences() {
   }
 }
 
-void PdfWriter::WriteTrailer(int catalog, std::int32_t cross_references) {
+void PdfWriter::WriteTrailer(int catalog, std::int64_t cross_references) {
   lines_.Append("trailer");
   lines_.Append("<<");
   lines_.Append("/Size ", objects_.table.Count() + 1);
   lines_.Append("/Info ", Reference{objects_.info});
   lines_.Append("/Root ", Reference{catalog});
+  if (!state_.oddities.PositionsLeaveOutLineEnds()) {
+    encoding::ContentHash hash;
+    lines_.ForEachLine([&](std::string_view line) { hash.Add(line); });
+    const std::string id = encoding::EncodeStream(hash.Value(), EncodingConstants::ASCIIHex);
+    lines_.Append("/ID [ <", id, " <", id, " ]");  // the encoder's end marker closes each
+  }
   lines_.Append(">>");
   lines_.Append("startxref");
   lines_.Append(cross_references);

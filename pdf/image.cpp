@@ -19,7 +19,6 @@
 // place (the negative fourth number of "cm"), so that this row comes to lie at the bottom.
 #include "encoding/encode_stream.h"
 #include "pdf/content_stream.h"
-#include "pdf/oddities.h"
 #include "pdf/syntax.h"
 
 namespace vellumark::pdf {
@@ -39,10 +38,10 @@ std::string_view FilterName(EncodingConstants encoding) {
 
 void PdfWriter::DrawImage(const layout::Picture& picture, const document::PicturePlace& place) {
   const std::size_t index = objects_.images.size();
-  WriteContentStream(GraphicsState::Saved, [&] {
-    lines_.Append(place.width, " 0 0 -", place.height, ' ', place.top_left.x, ' ', place.top_left.y,
-                  " cm");
-    lines_.Append("/I", index, " Do");
+  WriteMark(MarkKind::Image, [&] {
+    Content().Append(place.width, " 0 0 -", place.height, ' ', place.top_left.x, ' ',
+                     place.top_left.y, " cm");
+    Content().Append("/I", index, " Do");
   });
   const int image = BeginObject();
   WriteImageDictionary(image, picture, place.encoding);
@@ -67,7 +66,7 @@ void PdfWriter::WriteImageDictionary(int image, const layout::Picture& picture,
     lines_.Append("/BitsPerComponent ", picture.bits_per_pixel);
     lines_.Append("/ColorSpace [ /Indexed /DeviceRGB ", last_index, ' ', Reference{image + 2},
                   " ]");
-  } else if (oddities::DeclaresColors(picture.bits_per_pixel)) {
+  } else if (picture.bits_per_pixel == 24) {
     lines_.Append("/BitsPerComponent 8");
     lines_.Append("/ColorSpace /DeviceRGB");
   }
@@ -88,9 +87,9 @@ int PdfWriter::BeginStreamObject(EncodingConstants encoding) {
 /// The stream of an object whose dictionary is written, and its length.
 void PdfWriter::WriteEncodedStream(std::span<const std::uint8_t> data, EncodingConstants encoding) {
   lines_.Append("stream");
-  const std::int32_t start = oddities::Position(lines_);
+  const std::int64_t start = Position();
   lines_.AppendOwned(encoding::EncodeStream(data, encoding));
-  const std::int32_t end = oddities::Position(lines_);
+  const std::int64_t end = Position();
   lines_.Append("endstream");
   lines_.Append("endobj");
   WriteLengthObject(end - start);

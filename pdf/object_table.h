@@ -12,26 +12,33 @@
 
 namespace vellumark::pdf {
 
-/// Object numbers are 16 bits wide and start at 1.
+/// Object numbers start at 1.
 class ObjectTable {
  public:
-  static constexpr int kHighestNumber = std::numeric_limits<std::int16_t>::max();
+  /// The highest number of 16 bits, and the highest that readers take.
+  static constexpr int kHighest16Bits = std::numeric_limits<std::int16_t>::max();
+  static constexpr int kHighest = 8388607;
+
+  explicit ObjectTable(int highest = kHighest16Bits) : highest_(highest) {}
+
+  /// How many numbers are left.
+  [[nodiscard]] int Left() const noexcept { return highest_ - count_; }
 
   /// The next number, without an offset. Raises run-time error 6 when all are handed out.
   int Reserve() {
-    if (count_ == kHighestNumber) throw RunTimeError(RunTimeError::Overflow);
+    if (count_ == highest_) throw RunTimeError(RunTimeError::Overflow);
     return ++count_;
   }
 
   /// The next number, for an object that starts at `offset`.
-  int Add(std::int32_t offset) {
+  int Add(std::int64_t offset) {
     const int number = Reserve();
     SetOffset(number, offset);
     return number;
   }
 
   /// Records where an object starts that was reserved before.
-  void SetOffset(int number, std::int32_t offset) {
+  void SetOffset(int number, std::int64_t offset) {
     const auto index = static_cast<std::size_t>(number);
     if (index >= offsets_.size()) offsets_.resize(index + 1);
     offsets_[index] = offset;
@@ -55,14 +62,15 @@ class ObjectTable {
   [[nodiscard]] int Count() const noexcept { return count_; }
 
   /// Where an object starts; 0 if that was never recorded.
-  [[nodiscard]] std::int32_t Offset(int number) const noexcept {
+  [[nodiscard]] std::int64_t Offset(int number) const noexcept {
     const auto index = static_cast<std::size_t>(number);
     return index < offsets_.size() ? offsets_[index] : 0;
   }
 
  private:
+  int highest_;
   int count_ = 0;
-  std::vector<std::int32_t> offsets_;  // by object number; entry 0 is unused
+  std::vector<std::int64_t> offsets_;  // by object number; entry 0 is unused
 };
 
 }  // namespace vellumark::pdf

@@ -1,12 +1,30 @@
 // SPDX-License-Identifier: MIT
+//
+// A page, its stream in a conforming document, and the page tree:
+//
+//     5 0 obj                             6 0 obj                      2 0 obj
+//     << /Length 123                      << /Type /Page               << /Type /Pages
+//     /Filter /FlateDecode >>             /Contents [ 5 0 R ]          /Count 1
+//     stream                              /Parent 2 0 R                /MediaBox [ 0 0 595 842 ]
+//     <the marks of the page>             /Resources 3 0 R             /Kids [ 6 0 R ]
+//     endstream                           >>                           >>
+//     endobj                              endobj                       endobj
+//
+// The tree of a classic document has one node. In a conforming one a node has at most 32 kids, and
+// is written when all of them are.
+#include <algorithm>
 #include <span>
 #include <string>
 
+#include "encoding/zlib.h"
 #include "pdf/content_stream.h"
 #include "pdf/syntax.h"
 
 namespace vellumark::pdf {
 namespace {
+
+constexpr std::size_t kKidsOfNode = 32;
+constexpr std::uint8_t kLevel = 6;
 
 /// "[ 30 0 R 33 0 R ]"
 std::string ReferenceArray(std::span<const int> numbers) {
@@ -15,24 +33,40 @@ std::string ReferenceArray(std::span<const int> numbers) {
   return array.append("]");
 }
 
+/// A node of the page tree: its number and the pages below it.
+struct Node {
+  int number = 0;
+  std::size_t pages = 0;
+  std::vector<int> kids;
+};
+
 }  // namespace
 
 void PdfWriter::BeginPage() {
   objects_.page_contents = objects_.contents.size();
   objects_.page_annotations = objects_.annotations.size();
   objects_.state_saved = false;
+  page_.Reuse();
+  graphics_.BeginPage();
 }
 
-/// The whole page, margins included, filled in the page colour and stroked with the default pen.
+/// The whole page, margins included.
 void PdfWriter::PaintBackground() {
-  WriteContentStream(GraphicsState::Saved, [&] {
-    lines_.Append(state_.page_color.view(), " rg");
-    lines_.Append("0 0 ", state_.page.width, ' ', state_.page.height, " re");
-    lines_.Append("B");
+  const bool outlined = state_.oddities.BackgroundsHaveAnOutline();
+  if (!outlined && state_.page_color == layout::FormatColor(255, 255, 255)) return;
+  WriteMark(MarkKind::Shape, [&] {
+    SetFillColor(state_.page_color);
+    Content().Append("0 0 ", state_.page.width, ' ', state_.page.height, " re");
+    Content().Append(outlined ? "B" : "f");
   });
 }
 
 void PdfWriter::EndPage() {
+  if (!state_.oddities.EachMarkIsAStream()) WritePageContent();
+  const std::size_t room = objects_.page_nodes.size() * kKidsOfNode;
+  if (!state_.oddities.ObjectNumbersHave16Bits() && objects_.pages.size() == room) {
+    objects_.page_nodes.push_back(objects_.table.Reserve());
+  }
   const int page = BeginObject();
   objects_.pages.push_back(page);
   lines_.Append("<<");
@@ -41,23 +75,91 @@ void PdfWriter::EndPage() {
   const auto contents = std::span(objects_.contents).subspan(objects_.page_contents);
   if (!annotations.empty()) lines_.Append("/Annots ", ReferenceArray(annotations));
   if (!contents.empty()) lines_.Append("/Contents ", ReferenceArray(contents));
-  lines_.Append("/Parent ", Reference{objects_.page_tree});
+  lines_.Append("/Parent ", Reference{objects_.page_nodes.back()});
   lines_.Append("/Resources ", Reference{objects_.resources});
-  lines_.Append("/Rotate ", oddities::RotateValue(state_.rotated));
+  if (state_.oddities.RotateIsNotInDegrees()) {
+    lines_.Append("/Rotate ", state_.rotated ? 1 : 0);
+  } else if (state_.rotated) {
+    lines_.Append("/Rotate 90");
+  }
   lines_.Append(">>");
   lines_.Append("endobj");
 }
 
-/// The page tree has one level and carries the page size for all pages.
-void PdfWriter::WritePageTree() {
-  BeginReservedObject(objects_.page_tree);
+/// A stream of its own, compressed if the document is. Returns its number.
+int PdfWriter::WriteStream(std::string_view data) {
+  std::string compressed;
+  if (state_.compressed) {
+    std::int32_t size = 0;
+    const auto* const bytes = reinterpret_cast<const std::uint8_t*>(data.data());
+    encoding::Zlib::Encode(static_cast<std::int32_t>(data.size()), {bytes, data.size()}, size,
+                           compressed, kLevel);
+    data = compressed;
+  }
+  const int number = BeginObject();
   lines_.Append("<<");
-  lines_.Append("/Type /Pages");
-  lines_.Append("/Count ", objects_.pages.size());
-  lines_.Append("/MediaBox [ 0 0 ", state_.page.width, ' ', state_.page.height, " ]");
-  lines_.Append("/Kids ", ReferenceArray(objects_.pages));
+  lines_.Append("/Length ", data.size());
+  if (state_.compressed) lines_.Append("/Filter /FlateDecode");
   lines_.Append(">>");
+  lines_.Append("stream");
+  lines_.Append(data);
+  lines_.Append("endstream");
   lines_.Append("endobj");
+  return number;
+}
+
+/// The marks of the page as one stream; none for a page without marks.
+void PdfWriter::WritePageContent() {
+  EndText();
+  std::string_view marks = page_.Text(joined_);
+  if (!marks.empty()) {
+    marks.remove_suffix(1);  // the line end, which stands behind the stream anyway
+    objects_.contents.push_back(WriteStream(marks));
+  }
+  // The marks stay for as long as the call that ended the page can be taken back.
+  if (!mark_.page_ended) std::swap(page_, marked_page_);
+  mark_.page_ended = true;
+  page_.Reuse();
+  graphics_.BeginPage();
+}
+
+/// Writes the tree from its lowest nodes up. Returns the number of the root, which has the page
+/// size of all pages.
+int PdfWriter::WritePageTree() {
+  std::vector<Node> level(objects_.page_nodes.size());
+  for (std::size_t i = 0; i < level.size(); ++i) level[i].number = objects_.page_nodes[i];
+  for (std::size_t i = 0; i < objects_.pages.size(); ++i) {
+    Node& node = level[level.size() == 1 ? 0 : i / kKidsOfNode];
+    node.kids.push_back(objects_.pages[i]);
+    ++node.pages;
+  }
+  const auto write = [this](const Node& node, int parent) {
+    BeginReservedObject(node.number);
+    lines_.Append("<<");
+    lines_.Append("/Type /Pages");
+    lines_.Append("/Count ", node.pages);
+    if (parent != 0) {
+      lines_.Append("/Parent ", Reference{parent});
+    } else {
+      lines_.Append("/MediaBox [ 0 0 ", state_.page.width, ' ', state_.page.height, " ]");
+    }
+    lines_.Append("/Kids ", ReferenceArray(node.kids));
+    lines_.Append(">>");
+    lines_.Append("endobj");
+  };
+  while (level.size() > 1) {
+    std::vector<Node> above((level.size() + kKidsOfNode - 1) / kKidsOfNode);
+    for (std::size_t i = 0; i < level.size(); ++i) {
+      Node& parent = above[i / kKidsOfNode];
+      if (parent.number == 0) parent.number = objects_.table.Reserve();
+      parent.kids.push_back(level[i].number);
+      parent.pages += level[i].pages;
+      write(level[i], parent.number);
+    }
+    level = std::move(above);
+  }
+  write(level.front(), 0);
+  return level.front().number;
 }
 
 }  // namespace vellumark::pdf

@@ -1,34 +1,37 @@
 // SPDX-License-Identifier: MIT
 //
-// PdfWriter: the language of PDF 1.2 (PDF Reference, version 1.2).
+// PdfWriter: the language of PDF.
 //
 // A file is a header, numbered objects, the cross-reference table and a trailer:
 //
-//     %PDF-1.2                     header (file_structure.cpp)
-//     1 0 obj << /Author ... >>    information dictionary
-//     3 0 obj ... 16 0 obj         the fourteen fonts
-//     n 0 obj << /Length n+1 0 R >> stream ... endstream endobj
-//     n+1 0 obj <length> endobj    each mark on a page is such a pair (shapes.cpp, text.cpp)
+//     %PDF-1.2                      header (file_structure.cpp)
+//     1 0 obj << /Title ... >>      information dictionary
+//     n 0 obj << /Length ... >> stream ... endstream endobj
+//                                   marks on a page (content_stream.h, shapes.cpp, text.cpp)
 //     i 0 obj << /Subtype /Image ... >> stream ... (image.cpp)
-//     p 0 obj << /Type /Page ... >> endobj
-//     17 0 obj ...  2 0 obj ...    resources and page tree, numbered early, written last
+//     p 0 obj << /Type /Page ... >> endobj (pages.cpp)
+//     ...                           page tree and resources with the fonts (fonts.cpp), numbered
+//                                   early, written last
 //     c 0 obj << /Type /Catalog ... >> endobj
 //     xref ... trailer ... startxref ... %%EOF
 //
-// Every mark is a content stream of its own, listed by its page. A shape's stream opens a graphics
-// state ("q") that the next stream closes ("Q"), so that no mark inherits another's pen.
-//
-// Object numbers are 16-bit. A mark takes two (the stream and its length), a picture four and its
-// palette two more, a link one, and four are always kept back: the footer's two, the page and the
-// catalog. RoomFor refuses what would take those.
+// In a conforming document a page's marks are collected and written as one stream when the page
+// ends. In a classic one every mark is a stream of its own, written at once, and object numbers
+// have 16 bits: a mark takes two (the stream and its length), a picture four and its palette two
+// more, a link one, and four are always kept back: the footer's two, the page and the catalog.
+// RoomFor refuses what would take those.
 #pragma once
 
+#include <array>
+#include <numbers>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "document/line_buffer.h"
 #include "document/state.h"
 #include "document/writer.h"
+#include "pdf/graphics_state.h"
 #include "pdf/object_table.h"
 
 namespace vellumark::pdf {
@@ -71,7 +74,9 @@ class PdfWriter final : public document::Writer {
   void DrawArc(document::PagePoint center, layout::Points radius, float th1, float th2) override;
 
   // text.cpp
-  void ShowText(std::string_view text, document::PagePoint baseline) override;
+  void ShowText(std::span<const layout::EncodedRun> runs, document::PagePoint baseline) override;
+  void ShowWords(std::span<const document::PlacedWord> words,
+                 document::PagePoint baseline) override;
   void WriteLink(std::string_view uri, document::PagePoint top_left,
                  document::PagePoint bottom_right) override;
 
@@ -79,33 +84,66 @@ class PdfWriter final : public document::Writer {
   void DrawImage(const layout::Picture& picture, const document::PicturePlace& place) override;
 
  private:
-  /// Whether a content stream leaves a graphics state open behind it.
-  enum class GraphicsState { Saved, NotSaved };
+  /// What a mark does with the graphics state of its stream, if it has one of its own.
+  enum class MarkKind { Shape, Text, Image };
+
+  /// Two encodings for each of the fourteen fonts (fonts.cpp).
+  static constexpr std::size_t kFontResources = 28;
 
   /// Everything that counts objects.
   struct Objects {
     ObjectTable table;
     std::vector<int> pages;
+    std::vector<int> page_nodes{0};    // nodes of the page tree that have pages
     std::vector<int> contents;         // content streams of the document
     std::vector<int> annotations;      // links of the document
     std::size_t page_contents = 0;     // the first content stream since the last BeginPage
     std::size_t page_annotations = 0;  // likewise for links
     int info = 0;
-    int page_tree = 0;
     int resources = 0;
-    std::vector<int> fonts;
+    std::vector<int> fonts;    // of a classic document
     std::vector<int> images;   // of the whole document
     bool state_saved = false;  // a "q" is open
+    std::array<bool, kFontResources> fonts_used{};
+  };
+
+  /// How far the lists of Objects reached.
+  struct Place {
+    ObjectTable::Mark table;
+    std::size_t pages = 0;
+    std::size_t page_nodes = 0;
+    std::size_t contents = 0;
+    std::size_t page_contents = 0;
+    std::size_t annotations = 0;
+    std::size_t page_annotations = 0;
+    std::size_t images = 0;
+    bool state_saved = false;
+    document::LineBuffer::Mark page;
+    bool in_text = false;
+    layout::Points text_x;
+    layout::Points text_y;
+    bool page_ended = false;  // the page's marks are in marked_page_
   };
 
   // file_structure.cpp
+  [[nodiscard]] std::int64_t Position() const;
   void WriteInformation(const LocalTime& now);
-  void WriteFonts();
+  void WriteProperty(std::string_view key, const document::HostText& text);
   void WriteResources();
-  void WritePageTree();
-  int WriteCatalog();
+  int WriteCatalog(int page_tree);
   void WriteCrossReferences();
-  void WriteTrailer(int catalog, std::int32_t cross_references);
+  void WriteTrailer(int catalog, std::int64_t cross_references);
+
+  // fonts.cpp
+  [[nodiscard]] int FontResource(layout::TextEncoding encoding) const;
+  void WriteClassicFonts();
+  [[nodiscard]] std::string WriteUsedFonts();
+  int WriteEncoding(layout::TextEncoding encoding);
+
+  // pages.cpp
+  int WriteStream(std::string_view data);
+  void WritePageContent();
+  int WritePageTree();
 
   // image.cpp
   void WriteImageDictionary(int image, const layout::Picture& picture, EncodingConstants encoding);
@@ -116,30 +154,50 @@ class PdfWriter final : public document::Writer {
   int BeginObject();
   void BeginReservedObject(int number);
   int BeginStreamObject();
-  void WriteLengthObject(std::int32_t length);
-  void SetStateSaved(GraphicsState wanted);
+  void WriteLengthObject(std::int64_t length);
+  void SetStateSaved(bool wanted);
+  document::LineBuffer& Content();
   template <class Operators>
-  void WriteContentStream(GraphicsState wanted, const Operators& operators);
-  template <class Path>
-  void PaintClosedShape(const Path& path);
-  void WritePen();
+  void WriteMark(MarkKind kind, const Operators& operators);
+  void BeginText();
+  void EndText();
 
-  /// How far the lists of Objects reached.
-  struct Place {
-    ObjectTable::Mark table;
-    std::size_t pages = 0;
-    std::size_t contents = 0;
-    std::size_t page_contents = 0;
-    std::size_t annotations = 0;
-    std::size_t page_annotations = 0;
-    std::size_t images = 0;
-    bool state_saved = false;
+  // shapes.cpp
+  /// How far the control points of a quarter lie from its ends, for a radius of 1.
+  struct QuarterControl {
+    double of_start = 0;
+    double of_end = 0;
   };
+  static constexpr double kRound = 4 * (std::numbers::sqrt2 - 1) / 3;
+  static constexpr QuarterControl kQuarterControl = {kRound, kRound};
+
+  void DrawQuarters(document::PagePoint center, layout::Points rx, layout::Points ry,
+                    QuarterControl control);
+  [[nodiscard]] double Placed(double value) const;
+  template <class Path>
+  void PaintClosedShape(std::string_view paint, const Path& path);
+  void WritePen();
+  void SetStrokeColor();
+  void SetFillColor(const layout::ColorText& color);
+  void WriteColor(const layout::ColorText& color, std::string_view rgb, std::string_view gray);
+
+  // text.cpp
+  void SetTextFont(int resource);
+  void MoveText(document::PagePoint baseline);
 
   const document::State& state_;
   document::LineBuffer& lines_;
   Objects objects_;
+  std::size_t header_ = 0;  // line of the header
+
+  // The marks of the open page of a conforming document, and what they have in force.
+  document::LineBuffer page_{document::LineEnd::Lf};
+  GraphicsState graphics_;
+  std::string joined_;  // the page's marks in one piece; kept for its storage
+  std::string array_;   // the words of a line; likewise
+
   Place mark_;
+  document::LineBuffer marked_page_{document::LineEnd::Lf};  // a page that ended since the mark
 };
 
 }  // namespace vellumark::pdf

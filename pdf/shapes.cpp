@@ -1,116 +1,144 @@
 // SPDX-License-Identifier: MIT
 //
-// Shapes: the pen, then one path and its painting operator (PDF Reference 1.2, chapter 8).
+// Shapes: the pen, then one path and its painting operator (PDF Reference, chapter 4).
 #include "layout/arc_angles.h"
+#include "layout/dash.h"
 #include "pdf/arc_path.h"
 #include "pdf/content_stream.h"
-#include "pdf/oddities.h"
+#include "pdf/decimal.h"
 
 namespace vellumark::pdf {
 
 using document::PagePoint;
 using layout::Points;
 
+void PdfWriter::WriteColor(const layout::ColorText& color, std::string_view rgb,
+                           std::string_view gray) {
+  if (!state_.oddities.EachMarkIsAStream() && color.IsGray()) {
+    Content().Append(color.First(), gray);
+  } else {
+    Content().Append(color.view(), rgb);
+  }
+}
+
+void PdfWriter::SetStrokeColor() {
+  if (Changes(graphics_.stroke_color, state_.color)) WriteColor(state_.color, " RG", " G");
+}
+
+void PdfWriter::SetFillColor(const layout::ColorText& color) {
+  if (Changes(graphics_.fill_color, color)) WriteColor(color, " rg", " g");
+}
+
+/// Stroke color and dash, as far as they are not in force.
+void PdfWriter::WritePen() {
+  SetStrokeColor();
+  if (graphics_.dash_known && graphics_.dash == state_.dash.bytes) return;
+  graphics_.dash = state_.dash.bytes;
+  graphics_.dash_known = true;
+  if (state_.oddities.TextIsPasted()) {
+    Content().Append('[', state_.dash.bytes, "] 0 d");
+  } else {
+    Content().Append('[', layout::DashNumbers(state_.dash.bytes), "] 0 d");
+  }
+}
+
+/// `paint` is the operator that fills and strokes, such as "B"; in a conforming document a shape
+/// that is not to be filled is stroked only.
 template <class Path>
-void PdfWriter::PaintClosedShape(const Path& path) {
-  WriteContentStream(GraphicsState::Saved, [&] {
+void PdfWriter::PaintClosedShape(std::string_view paint, const Path& path) {
+  const bool white = state_.oddities.UnfilledShapesAreWhite();
+  WriteMark(MarkKind::Shape, [&] {
     WritePen();
-    lines_.Append(oddities::ShapeFill(state_), " rg");
-    lines_.Append(state_.thickness, " w");
+    if (state_.fill_style) {
+      SetFillColor(state_.fill_color);
+    } else if (white) {
+      SetFillColor(layout::FormatColor(255, 255, 255));
+    }
+    if (Changes(graphics_.thickness, state_.thickness)) Content().Append(state_.thickness, " w");
     path();
+    if (state_.fill_style || white) {
+      Content().Append(paint);
+    } else {
+      Content().Append(paint == "B" ? "S" : "s");
+    }
   });
 }
 
-/// Stroke colour and dash; a solid line is the default of each stream's own graphics state.
-void PdfWriter::WritePen() {
-  lines_.Append(state_.color.view(), " RG");
-  if (!state_.dash.bytes.empty()) lines_.Append('[', state_.dash.bytes, "] 0 d");
-}
-
 void PdfWriter::DrawLine(PagePoint from, PagePoint to) {
-  WriteContentStream(GraphicsState::Saved, [&] {
+  WriteMark(MarkKind::Shape, [&] {
     WritePen();
-    lines_.Append(state_.thickness, " w");
-    lines_.Append(from.x, ' ', from.y, " m");
-    lines_.Append(to.x, ' ', to.y, " l");
-    lines_.Append("S");
+    if (Changes(graphics_.thickness, state_.thickness)) Content().Append(state_.thickness, " w");
+    Content().Append(from.x, ' ', from.y, " m");
+    Content().Append(to.x, ' ', to.y, " l");
+    Content().Append("S");
   });
 }
 
 void PdfWriter::DrawRectangle(PagePoint top_left, Points width, Points height) {
-  PaintClosedShape([&] {
-    lines_.Append(top_left.x, ' ', top_left.y - height, ' ', width, ' ', height, " re");
-    lines_.Append("B");
+  PaintClosedShape("B", [&] {
+    Content().Append(top_left.x, ' ', top_left.y - height, ' ', width, ' ', height, " re");
   });
 }
 
 /// The first control point is the start itself, so `control` alone pulls.
 void PdfWriter::DrawCurve(PagePoint start, PagePoint control, PagePoint end) {
-  PaintClosedShape([&] {
-    lines_.Append(start.x, ' ', start.y, " m");
-    lines_.Append(start.x, ' ', start.y, ' ', control.x, ' ', control.y, ' ', end.x, ' ', end.y,
-                  " c");
-    lines_.Append("b");
+  PaintClosedShape("b", [&] {
+    Content().Append(start.x, ' ', start.y, " m");
+    Content().Append(start.x, ' ', start.y, ' ', control.x, ' ', control.y, ' ', end.x, ' ', end.y,
+                     " c");
   });
 }
 
 void PdfWriter::DrawCircle(PagePoint center, Points radius) {
-  // Single precision throughout: the whole points below are rounded from it.
-  const float control = radius.value() * ArcControl(0, oddities::kCirclePi / 2);
-  const auto [x, y] = center;
-  const Points near_left = RoundedPoints(x.value() - control);
-  const Points near_right = RoundedPoints(x.value() + control);
-  const Points near_top = RoundedPoints(y.value() + control);
-  const Points near_bottom = RoundedPoints(y.value() - control);
-  const Points left = x - radius;
-  const Points right = x + radius;
-  const Points top = y + radius;
-  const Points bottom = y - radius;
-  PaintClosedShape([&, x = x, y = y] {
-    const auto curve = [&](Points x1, Points y1, Points x2, Points y2, Points x3, Points y3) {
-      lines_.Append(x1, ' ', y1, ' ', x2, ' ', y2, ' ', x3, ' ', y3, " c");
-    };
-    lines_.Append(left, ' ', y, " m");
-    curve(left, near_top, near_left, top, x, top);
-    curve(near_right, top, right, near_top, right, y);
-    curve(right, near_bottom, near_right, bottom, x, bottom);
-    curve(near_left, bottom, left, near_bottom, left, y);
-    lines_.Append("b");
-  });
+  DrawQuarters(center, radius, radius, kQuarterControl);
 }
 
 void PdfWriter::DrawEllipse(PagePoint center, Points rx, Points ry) {
-  const auto [x, y] = center;
-  const Points left = x - rx;
-  const Points right = x + rx;
-  const Points top = y + ry;
-  const Points bottom = y - ry;
-  PaintClosedShape([&, x = x, y = y] {
-    const auto quarter = [&](PagePoint start, PagePoint corner, PagePoint end) {
-      const auto [first, second] = oddities::ControlsOfQuarter(start, corner);
-      lines_.Append(first.x, ' ', first.y, ' ', second.x, ' ', second.y, ' ', end.x, ' ', end.y,
-                    " c");
+  const bool bulges = state_.oddities.EllipsesBulge();
+  // A quarter's first control point is its start, and the second the corner of the bounding box.
+  DrawQuarters(center, rx, ry, bulges ? QuarterControl{0, 1} : kQuarterControl);
+}
+
+/// Four Bézier segments, clockwise from the leftmost point.
+void PdfWriter::DrawQuarters(PagePoint center, Points rx, Points ry, QuarterControl control) {
+  const double x = center.x.value();
+  const double y = center.y.value();
+  const double w = rx.value();
+  const double h = ry.value();
+  const auto place = [this](double value) { return Decimal{Placed(value)}; };
+  PaintClosedShape("b", [&] {
+    // From (x + a, y + b), which lies on one axis, to (x + c, y + d) on the other.
+    const auto quarter = [&](double a, double b, double c, double d) {
+      Content().Append(place(x + a + c * control.of_start), ' ',
+                       place(y + b + d * control.of_start), ' ', place(x + a * control.of_end + c),
+                       ' ', place(y + b * control.of_end + d), ' ', place(x + c), ' ', place(y + d),
+                       " c");
     };
-    lines_.Append(left, ' ', y, " m");
-    quarter({left, y}, {left, top}, {x, top});
-    quarter({x, top}, {right, top}, {right, y});
-    quarter({right, y}, {right, bottom}, {x, bottom});
-    quarter({x, bottom}, {left, bottom}, {left, y});
-    lines_.Append("b");
+    Content().Append(place(x - w), ' ', center.y, " m");
+    quarter(-w, 0, 0, h);
+    quarter(0, h, w, 0);
+    quarter(w, 0, 0, -h);
+    quarter(0, -h, -w, 0);
   });
+}
+
+/// A coordinate as the output has it: rounded to whole points, or as it is.
+double PdfWriter::Placed(double value) const {
+  return state_.oddities.CurvesHaveWholePoints() ? RoundedPoints(static_cast<float>(value)) : value;
 }
 
 void PdfWriter::DrawArc(PagePoint center, Points radius, float th1, float th2) {
   layout::NormalizeAngles(th1, th2);
   const ArcPath path = BuildArc(center, radius, th1, th2);
-  PaintClosedShape([&] {
-    lines_.Append(center.x, ' ', center.y, " m");
-    lines_.Append(path.start_x, ' ', path.start_y, " l");
+  const auto place = [this](double value) { return Decimal{Placed(value)}; };
+  PaintClosedShape("b", [&] {
+    Content().Append(center.x, ' ', center.y, " m");
+    Content().Append(place(path.start_x), ' ', place(path.start_y), " l");
     for (const ArcSegment& segment : path.segments) {
-      lines_.Append(segment.control1_x, ' ', segment.control1_y, ' ', segment.control2_x, ' ',
-                    segment.control2_y, ' ', segment.end_x, ' ', segment.end_y, " c");
+      Content().Append(place(segment.control1_x), ' ', place(segment.control1_y), ' ',
+                       place(segment.control2_x), ' ', place(segment.control2_y), ' ',
+                       place(segment.end_x), ' ', place(segment.end_y), " c");
     }
-    lines_.Append("b");
   });
 }
 

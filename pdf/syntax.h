@@ -13,8 +13,6 @@
 #include <cstring>
 #include <string_view>
 
-#include "pdf/oddities.h"
-
 namespace vellumark::pdf {
 
 /// Names another object: "n 0 R".
@@ -29,7 +27,7 @@ struct Reference {
   }
 };
 
-/// A string operand; parentheses are escaped, and nothing else (pdf/oddities.h).
+/// A string operand of a classic document: parentheses are escaped, and nothing else.
 struct LiteralString {
   std::string_view bytes;
 
@@ -37,8 +35,7 @@ struct LiteralString {
   char* Write(char* to) const noexcept {
     *to++ = '(';
     for (const char c : bytes) {
-      const bool backslash = oddities::kBackslashesAreEscaped && c == '\\';
-      if (c == '(' || c == ')' || backslash) *to++ = '\\';
+      if (c == '(' || c == ')') *to++ = '\\';
       *to++ = c;
     }
     *to++ = ')';
@@ -53,13 +50,13 @@ template <std::size_t kDigits>
 struct Padded {
   static_assert(kDigits % 2 == 0);
 
-  std::int32_t value = 0;
+  std::int64_t value = 0;
 
   [[nodiscard]] static std::size_t MaxSize() noexcept { return kDigits; }
   char* Write(char* to) const noexcept {
-    auto rest = static_cast<std::uint32_t>(value);
+    auto rest = static_cast<std::uint64_t>(value);
     for (std::size_t i = kDigits; i > 0; i -= 2, rest /= 100) {
-      std::memcpy(to + i - 2, &kDigitPairs[2 * std::size_t{rest % 100}], 2);
+      std::memcpy(to + i - 2, &kDigitPairs[2 * static_cast<std::size_t>(rest % 100)], 2);
     }
     return to + kDigits;
   }

@@ -60,7 +60,8 @@ class PsWriter final : public document::Writer {
   void DrawArc(document::PagePoint center, layout::Points radius, float th1, float th2) override;
 
   // text.cpp
-  void ShowText(std::string_view text, document::PagePoint baseline) override;
+  void ShowText(std::span<const layout::EncodedRun> runs, document::PagePoint baseline) override;
+  void ShowWords(std::span<const document::PlacedWord>, document::PagePoint) override {}
 
   // image.cpp
   void DrawImage(const layout::Picture& picture, const document::PicturePlace& place) override;

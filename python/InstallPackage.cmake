@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
 #
-# Runs during `cmake --install --component python`: copies the module's folder to where the Python of
-# the prefix looks for it. Wants package (the folder), python_version (such as 3.11) and destination
-# (from the prefix, or absolute; empty for the places below).
+# Runs during `cmake --install --component python`: copies the folder of the module to a place that
+# the Python of the prefix searches. It needs the variables package (the folder), python_version
+# (such as 3.11) and destination (relative to the prefix or absolute; if empty, one of these):
 #
 #     prefix            folder                             why
 #     /usr              lib/python3/dist-packages          Debian's own packages

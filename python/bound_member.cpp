@@ -16,14 +16,14 @@ using automation::Parameter;
 using automation::Value;
 
 py::object Result(const Member& member, const Value& result, std::span<const Value> arguments) {
-  py::list answers;
+  py::list results;
   for (std::size_t i = 0; i < member.parameter_count; ++i) {
     const Parameter& parameter = member.all_parameters[i];
-    if (parameter.in_out) answers.append(ToPython(arguments[i], parameter.type));
+    if (parameter.in_out) results.append(ToPython(arguments[i], parameter.type));
   }
-  if (answers.empty()) return ToPython(result, member.result);
-  if (answers.size() == 1) return answers[0];
-  return py::tuple(answers);
+  if (results.empty()) return ToPython(result, member.result);
+  if (results.size() == 1) return results[0];
+  return py::tuple(results);
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// BoundMember: a row of the member table as the Python half of the module sees it. The classes PDF
-// and PS are put together from these, one function or property for each:
+// BoundMember: a row of the member table as the Python part of the module sees it. The classes PDF
+// and PS get one function or property for each:
 //
 //     for member in _vellumark.members("PDF"):
 //         member.name, member.doc, member.parameters
@@ -23,13 +23,14 @@ class BoundMember {
 
   [[nodiscard]] const automation::Member& member() const noexcept { return member_; }
 
-  /// What a caller passes: a tuple (name,) or (name, default) for each parameter that is not
-  /// in/out.
+  /// The parameters that a caller passes: a tuple (name,) or (name, default) for each one that is
+  /// not in/out.
   [[nodiscard]] pybind11::list Parameters() const;
 
   /// Calls the method or reads the property. Every argument is converted before the document is
-  /// touched. In/out parameters come back: one as itself, several as a tuple in declared order.
-  /// Throws what the conversions throw, and RunTimeError.
+  /// touched. Returns the value of a single in/out parameter, or a tuple of several in declared
+  /// order; without such parameters, the result of the member. Throws what the conversions throw,
+  /// and RunTimeError.
   pybind11::object Call(LiveDocument& document, const pybind11::args& arguments) const;
 
   /// Assigns the property.

@@ -74,7 +74,7 @@ void LiveDocument::NoteCreate(bool created, std::string& file) {
   }
   Refusal refusal = document().LastRefusal();
   create_refusal_ = std::move(refusal.sentence);
-  // The file that was open before is then forgotten, and nothing is left to flush.
+  // A PS then forgets the file that was open before, so nothing is left to flush.
   if (document_class() == Class::PS && refusal.reason == RefusalReason::FileNotCreated) {
     unflushed_ = false;
   }
@@ -82,7 +82,7 @@ void LiveDocument::NoteCreate(bool created, std::string& file) {
 
 void LiveDocument::GiveUp() noexcept {
   unflushed_ = false;
-  // A thread that is in Flush still writes; the file then closes with the document.
+  // If a thread is still in Flush, the file closes with the document instead.
   if (files_ && !in_use_) files_->CloseAll();
 }
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 //
-// LiveDocument: a PDF or PS as Python holds it, with what Python wants to know about it.
+// LiveDocument: a PDF or PS as Python holds it, with the state that only Python needs.
 //
 //     LiveDocument document(Class::PDF, LiveDocument::Output::Memory);
 //     document.Call(create, arguments);
 //     if (document.unflushed()) ...
 //
-// A document belongs to one thread at a time. Flush and DrawPicture run without the interpreter
-// lock, so another thread may come along meanwhile: its call gets a RuntimeError, and the document
-// is not touched.
+// One thread at a time may use a document. Members that take long run without the interpreter lock,
+// so another thread may call the document meanwhile: that call raises RuntimeError and does not
+// touch the document.
 #pragma once
 
 #include <cstdint>
@@ -43,15 +43,15 @@ class LiveDocument {
   /// Whether Create succeeded and Flush has not been called since.
   [[nodiscard]] bool unflushed() const noexcept { return unflushed_; }
 
-  /// The host does not want it any more: from now on it does not count as unflushed, and its file
-  /// is closed, empty, so that it can be created again while somebody keeps the document.
+  /// Abandons the document: it no longer counts as unflushed, and its file is closed empty, so that
+  /// the file can be created again while the document still exists.
   void GiveUp() noexcept;
 
-  /// Why the latest Create was refused; empty if it was not.
+  /// Why the last Create was refused; empty if it was not.
   [[nodiscard]] const std::string& create_refusal() const noexcept { return create_refusal_; }
 
-  /// The bytes of the file that was created last, which is then forgotten; nothing where there is
-  /// none in memory or Flush has not closed it.
+  /// The bytes of the file that was created last, which is then forgotten; nothing if there is no
+  /// file in memory or Flush has not completed it.
   [[nodiscard]] std::optional<std::string> TakeFile();
 
  private:
@@ -60,7 +60,7 @@ class LiveDocument {
   void NoteCreate(bool created, std::string& file);
   Document& document();
 
-  std::shared_ptr<MemoryPlatform> memory_;  // one of the two
+  std::shared_ptr<MemoryPlatform> memory_;  // exactly one of the two is set
   std::shared_ptr<PosixPlatform> files_;
   std::variant<PDF, PS> document_;
   std::optional<std::string> file_;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// vellumark._vellumark: the part of the Python module that is C++. It hands out the member table
-// and the documents; python/vellumark/_documents.py makes the public classes of them.
+// vellumark._vellumark: the C++ part of the Python module. It provides the member table and the
+// documents; python/vellumark/_documents.py makes the public classes from them.
 #include <memory>
 #include <pybind11/pybind11.h>
 #include <string_view>
@@ -25,7 +25,7 @@ Class ClassOf(std::string_view name) {
   for (const automation::ClassInfo& info : automation::Classes()) {
     if (info.name == name && info.members) return *info.members;
   }
-  throw py::value_error("no class of documents");
+  throw py::value_error("not a class of documents");
 }
 
 py::list Members(std::string_view class_name) {

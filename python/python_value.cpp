@@ -114,7 +114,7 @@ py::object ToPython(const Value& value, const ValueType& type) {
     case Type::Boolean: return py::bool_(std::get<bool>(value));
     case Type::Single: return py::float_(std::get<float>(value));
     case Type::String: {
-      // A sentence of LastRefusal may name a file whose name is no UTF-8.
+      // LastRefusal may contain a file name that is not UTF-8.
       const auto& text = std::get<std::string>(value);
       auto decoded = py::reinterpret_steal<py::object>(
           PyUnicode_DecodeUTF8(text.data(), static_cast<py::ssize_t>(text.size()), "replace"));
@@ -122,7 +122,7 @@ py::object ToPython(const Value& value, const ValueType& type) {
       return decoded;
     }
     case Type::Enumeration: {
-      // Looked up, since a call of the class would run Python code; see interpreter_end.h.
+      // A call of the class would run Python code; see interpreter_end.h.
       const py::dict members = EnumerationClass(*type.enumeration).attr("_value2member_map_");
       py::int_ number(std::get<std::int32_t>(value));
       PyObject* const member = PyDict_GetItemWithError(members.ptr(), number.ptr());
@@ -134,7 +134,7 @@ py::object ToPython(const Value& value, const ValueType& type) {
 }
 
 py::object EnumerationClass(const Enumeration& enumeration) {
-  // Never destroyed: the interpreter is gone before static objects are.
+  // Never destroyed: the interpreter ends before static objects are destroyed.
   static auto& classes = *new py::dict([] {
     const auto int_enum = py::module_::import("enum").attr("IntEnum");
     py::dict made;

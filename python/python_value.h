@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// What a Python argument must be to become a Value, and what a Value becomes in Python.
+// Conversion between Python objects and Values.
 //
-//     Type         takes                                     else
+//     Type         takes                                     otherwise raises
 //     Integer      int, or an object with __index__          TypeError; OverflowError
 //     Byte         the same                                  the same
 //     Boolean      bool, or the same; 0 is False             TypeError
@@ -11,7 +11,8 @@
 //       a file     str, bytes or os.PathLike, as open()      TypeError; UnicodeEncodeError
 //     Enumeration  int of 32 bits, a member or not           TypeError; OverflowError
 //
-// A Value of an enumeration becomes the member of the IntEnum, or a plain int where it is none.
+// A Value of an enumeration becomes the member of the IntEnum, or a plain int if it is not a
+// member.
 #pragma once
 
 #include <pybind11/pybind11.h>
@@ -22,9 +23,9 @@
 
 namespace vellumark::python {
 
-/// Converts an argument. `place` is what error messages call it, such as "PDF.DrawLine() argument
-/// 'x1'". Runs Python code of the argument's class, so nothing may be in the middle of a change.
-/// Throws pybind11::error_already_set.
+/// Converts an argument. Error messages call it `place`, such as "PDF.DrawLine() argument 'x1'".
+/// May run Python code of the argument's class, which may call the document. Throws
+/// pybind11::error_already_set.
 [[nodiscard]] automation::Value FromPython(pybind11::handle object,
                                            const automation::Parameter& parameter,
                                            const std::string& place);
@@ -32,7 +33,7 @@ namespace vellumark::python {
 [[nodiscard]] pybind11::object ToPython(const automation::Value& value,
                                         const automation::ValueType& type);
 
-/// The enum.IntEnum class of an enumeration. Made once and kept until the process ends.
+/// The enum.IntEnum class of an enumeration. It is made once and exists until the process ends.
 [[nodiscard]] pybind11::object EnumerationClass(const automation::Enumeration& enumeration);
 
 }  // namespace vellumark::python

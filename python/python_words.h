@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The member table in Python's words, and what only Python has: docstrings and types that the
-// module at run time and its stub share.
+// The docstrings of the Python module, which the module and its stub share.
 #pragma once
 
 #include <string>
@@ -12,15 +11,16 @@
 namespace vellumark::python {
 
 inline constexpr std::string_view kRenderDocstring =
-    R"(Returns the file that `function` makes, without any file, for instance as a web answer.
+    R"(Returns the bytes of the document that `function` makes, for instance for a web response.
 
-`document_class` is PDF or PS. `function` gets a new document; it sets properties, calls Create
-with a name that nobody will see, and draws. The document is flushed if `function` did not.
-Pictures are read from the file system. Raises RuntimeError where nothing was created.)";
+`document_class` is PDF or PS. `function` gets a new document, sets its properties, calls Create
+and draws. No file is created, so the name that it passes to Create does not matter. If `function`
+does not call Flush, render does. Pictures are read from the file system. Raises RuntimeError if
+no document was created.)";
 
 inline constexpr std::string_view kRunTimeErrorDocstring =
-    R"(What stops a member in its middle; `number` is the run-time error's: 6 overflow, 7 out of
-memory, 9 subscript out of range, 11 division by zero, 13 type mismatch.)";
+    R"(A run-time error that stopped a member; `number` says which: 6 overflow, 7 out of memory,
+9 subscript out of range, 11 division by zero, 13 type mismatch.)";
 
 /// Help and remarks of a member as a docstring, wrapped, without quotes or indentation.
 [[nodiscard]] std::string Docstring(const automation::Member& member);

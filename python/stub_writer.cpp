@@ -21,7 +21,7 @@ using automation::Type;
 using automation::ValueType;
 
 constexpr std::string_view kHead = R"(# SPDX-License-Identifier: MIT
-# Made from the member table.
+# Generated from the member table.
 import enum
 import os
 import types
@@ -58,7 +58,7 @@ constexpr std::string_view kBlock = R"(
         error: BaseException | None,
         trace: types.TracebackType | None,
     ) -> None:
-        """Flushes what was created, unless the block raised."""
+        """Flushes a created document, unless the block raised."""
     def __del__(self, warn: Callable[..., None] = ...) -> None: ...
 )";
 
@@ -78,7 +78,7 @@ std::string TypeName(const ValueType& type) {
   return {};
 }
 
-/// Text in double quotes, with what ends or escapes it kept out.
+/// The text as a Python literal between these double quotes.
 std::string Quoted(std::string_view text, std::string_view quotes) {
   std::string quoted(quotes);
   for (const char letter : text) {
@@ -114,16 +114,16 @@ std::string DefaultText(const Parameter& parameter) {
 }
 
 std::string ResultType(const Member& member) {
-  std::vector<std::string> answers;
+  std::vector<std::string> results;
   for (const Parameter& parameter : member.parameters()) {
-    if (parameter.in_out) answers.push_back(TypeName(parameter.type));
+    if (parameter.in_out) results.push_back(TypeName(parameter.type));
   }
-  if (answers.empty()) return TypeName(member.result);
-  if (answers.size() == 1) return answers.front();
+  if (results.empty()) return TypeName(member.result);
+  if (results.size() == 1) return results.front();
   std::string type = "tuple[";
-  for (const std::string& answer : answers) {
+  for (const std::string& result : results) {
     if (type.back() != '[') type += ", ";
-    type += answer;
+    type += result;
   }
   return type += ']';
 }

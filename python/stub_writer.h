@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Writes the module's stub, __init__.pyi: what type checkers and editors know about it.
+// Writes the stub of the module, __init__.pyi, for type checkers and editors.
 //
 //     head          imports, render, RunTimeError
 //     enumerations  enum.IntEnum classes

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// UnlockedCall: runs something without the interpreter lock, so that other Python threads go on.
+// UnlockedCall: calls `work` without the interpreter lock, so that other Python threads can run.
 //
 //     const Value written = UnlockedCall([&] { return call(document, arguments); });
 //
-// The lock must be held; `work` must not touch Python.
+// The caller must hold the lock, and `work` must not use Python.
 #pragma once
 
 #include <pybind11/pybind11.h>

@@ -5,9 +5,12 @@
 - Includes run one way between the rooms of the house, and start from the root of the tree; public
   headers are included as <vellumark/...>, and include nothing else of the tree.
 - Hosts (the command-line host and the examples) include public headers and their own room only.
-- The core uses the C++ standard library only.
-- Every header compiles alone; those that need Windows with the cross compiler, where there is one.
-- Every source has an SPDX line first, and at most 500 lines.
+- The core uses the C++ standard library only, and nothing of it that writes to standard output;
+  Windows, Python and the picture libraries are known in their rooms only.
+- Every header compiles alone; those that need Windows with the cross compiler, if there is one.
+- Every source has an SPDX line first, and every file at most 500 lines.
+- Words are spelled the American way, and some turns of phrase that stumble do not come back.
+- Relative links of the documents, and the paths that ARCHITECTURE.md names, lead somewhere.
 """
 import concurrent.futures
 import pathlib
@@ -35,21 +38,94 @@ HOSTS = ("tools", "examples")
 CORE = ("encoding", "layout", "document", "pdf", "ps")
 LONGEST_FILE = 500
 WINDOWS_HEADER = re.compile(r"automation/server/|(platform|include/vellumark)/windows_(?!1252)|tests/windows/")
+# Who may include the headers of other libraries.
+KNOWN_IN = [
+    (re.compile(r"(jpeglib|jerror|gif_lib)\.h"), ("platform/", "bench/")),
+    (re.compile(r"(pybind11/.*|Python\.h)"), ("python/",)),
+    (re.compile(r"(windows|unknwn|objbase|ole.*|oa.*)\.h"),
+     ("platform/windows_", "automation/server/", "tests/windows/")),
+]
 WINDOWS_COMPILER = "x86_64-w64-mingw32-g++-posix"
 
 STANDARD = set("""algorithm any array bit bitset cerrno cfloat charconv chrono climits cmath compare
-concepts cstddef cstdint cstdio cstdlib cstring ctime deque exception fstream functional
-initializer_list iomanip iostream iterator limits list locale map memory mutex new numbers numeric
+concepts cstddef cstdint cstdlib cstring ctime deque exception functional
+initializer_list iomanip iterator limits list locale map memory mutex new numbers numeric
 optional ostream queue random set span sstream stdexcept string string_view system_error tuple
 type_traits unordered_map unordered_set utility variant vector""".split())
+# What codespell takes for a misspelling: names of the formats and interfaces, text of tests.
+SPELLED_WELL = "atleast,countr,flate,nd,te,titel,unknwn,wee"
+# British forms that codespell does not list or does not see inside a longer name.
+BRITISH = re.compile(
+    r"colour|centre|grey|neighbour|behaviour|favour|licence|catalogue|labell|whilst|amongst|towards"
+    r"|(cancell|travell|modell)(ed|ing)"
+    r"|(optim|minim|maxim|normal|initial|final|recogn|organ|serial|visual)"
+    r"is(e|ed|es|ing|ation)(?![a-z])",
+    re.IGNORECASE)
+# Functions return, and "is not a" reads more easily than "is no".
+STUMBLES = re.compile(
+    r"\banswers?:? (true|false|whether|nothing)\b"
+    r"|(?<!there )\b(is|are) no (?!longer|more|less|larger|greater|smaller|wider|higher)[a-z]+",
+    re.IGNORECASE)
+NOT_TEXT = re.compile(r"\.(bmp|gif|jpg|png)$|^fuzz/corpus/|^tests/expected/")
+OWN_WORDS = "scripts/lint.py"  # which names what it looks for
+
 INTRINSICS = {"immintrin.h", "emmintrin.h", "tmmintrin.h", "arm_neon.h"}
 
 
-def sources():
+def tracked(*patterns):
     listed = subprocess.run(
-        ["git", "ls-files", "--cached", "--others", "--exclude-standard", "*.h", "*.cpp"],
+        ["git", "ls-files", "--cached", "--others", "--exclude-standard", *patterns],
         cwd=ROOT, check=True, capture_output=True, text=True).stdout.split()
     return [path for path in listed if (ROOT / path).exists()]
+
+
+def check_spelling(paths):
+    """Faults in the words of text files, at most one a line from each of the two lists."""
+    paths = [path for path in paths if path != OWN_WORDS]
+    done = subprocess.run(
+        ["codespell", "--builtin", "en-GB_to_en-US,clear,rare", "--regex", "[A-Za-z']+",
+         "--ignore-words-list", SPELLED_WELL, *paths],
+        cwd=ROOT, capture_output=True, text=True, check=False)
+    yield from done.stdout.splitlines()
+    if done.returncode not in (0, 65):  # 65: it found misspellings
+        yield f"codespell: {done.stderr.strip()}"
+    told = {line.split(": ")[0] for line in done.stdout.splitlines()}
+    for path in paths:
+        for number, line in enumerate((ROOT / path).read_text(encoding="utf-8").splitlines(), 1):
+            british, stumble = BRITISH.search(line), STUMBLES.search(line)
+            if british and f"{path}:{number}" not in told:
+                yield f"{path}:{number}: \"{british[0]}\" is British"
+            if stumble:
+                yield f"{path}:{number}: say \"{stumble[0]}\" in plainer words"
+
+
+def check_links(path):
+    """Links of a document to files of the tree, code aside."""
+    text = re.sub(r"^```.*?^```", lambda code: "\n" * code[0].count("\n"),
+                  (ROOT / path).read_text(encoding="utf-8"), flags=re.S | re.M)
+    for number, line in enumerate(text.splitlines(), 1):
+        for target in re.findall(r"\]\(([^)#\s]+)", re.sub(r"`[^`]*`", "", line)):
+            if ":" not in target and not ((ROOT / path).parent / target).exists():
+                yield f"{path}:{number}: {target} does not exist"
+
+
+def check_architecture(path):
+    """Paths that begin with a room, and the file names beside a room in the table of rooms."""
+    rooms = [room for floor in FLOORS for room in floor] + ["cmake", "docs", "scripts"]
+    a_path = re.compile(rf"(?<![\w/.])(?:{'|'.join(rooms)})/[\w./-]*\w")
+    for number, line in enumerate((ROOT / path).read_text(encoding="utf-8").splitlines(), 1):
+        named = a_path.findall(line)
+        row = re.match(r"\| ((?:`[\w/]+/`(?:, )?)+) \|", line)
+        if row:
+            inside = re.findall(r"`([\w/]+)/`", row[1])
+            named += re.findall(r"`(?:" + "|".join(inside) + r")/[\w/.]+`", line)
+            for name in re.findall(r"`([a-z][a-z0-9_]*(?:\.(?:h|cpp|py))?)`", line):
+                if not any(True for room in inside for _ in (ROOT / room).rglob(f"{name}*")):
+                    yield f"{path}:{number}: {inside[0]}/ has no file {name}"
+        for name in named:
+            name = name.strip("`")
+            if not (ROOT / name).exists() and not any(ROOT.glob(f"{name}.*")):
+                yield f"{path}:{number}: {name} does not exist"
 
 
 def floor_of(path):
@@ -64,8 +140,6 @@ def check_text(path):
     lines = (ROOT / path).read_text(encoding="utf-8").splitlines()
     if not lines or lines[0] != "// SPDX-License-Identifier: MIT":
         yield f"{path}:1: the first line is not the SPDX line"
-    if len(lines) > LONGEST_FILE:
-        yield f"{path}: {len(lines)} lines; at most {LONGEST_FILE}"
     if path.endswith(".h") and "#pragma once" not in lines:
         yield f"{path}: no #pragma once"
     here, room = floor_of(path), path.split("/")[0]
@@ -87,7 +161,10 @@ def check_text(path):
             elif there > here or (there == here and other != room):
                 yield f"{path}:{number}: {room} may not include {own[1]}"
         if system and room in CORE and system[1] not in STANDARD | INTRINSICS:
-            yield f"{path}:{number}: the core includes the standard library only, not <{system[1]}>"
+            yield f"{path}:{number}: the core may not include <{system[1]}>"
+        for header, rooms in KNOWN_IN:
+            if system and header.fullmatch(system[1]) and not path.startswith(rooms):
+                yield f"{path}:{number}: only {', '.join(rooms)} may include <{system[1]}>"
 
 
 def check_compiles_alone(path):
@@ -108,15 +185,23 @@ def check_compiles_alone(path):
 
 
 def main():
-    paths = sources()
+    paths = tracked("*.h", "*.cpp")
     faults = [fault for path in paths for fault in check_text(path)]
+    text = [path for path in tracked() if not NOT_TEXT.search(path)]
+    for path in text:
+        count = len((ROOT / path).read_text(encoding="utf-8").splitlines())
+        if count > LONGEST_FILE:
+            faults.append(f"{path}: {count} lines; at most {LONGEST_FILE}")
+    faults += check_spelling(text)
+    faults += [fault for path in text if path.endswith(".md") for fault in check_links(path)]
+    faults += check_architecture("ARCHITECTURE.md")
     headers = [path for path in paths if path.endswith(".h")]
     with concurrent.futures.ThreadPoolExecutor() as pool:
         for found in pool.map(lambda path: list(check_compiles_alone(path)), headers):
             faults += found
     for fault in faults:
         print(fault, file=sys.stderr)
-    print(f"lint: {len(paths)} files, {len(faults)} faults")
+    print(f"lint: {len(paths)} sources, {len(text)} texts, {len(faults)} faults")
     return 1 if faults else 0
 
 

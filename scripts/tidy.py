@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Runs clang-tidy over the sources of a build folder, two at a time.
+"""Runs clang-tidy over the sources of a build folder, one for each processor at a time.
 
-A source that was clean stays clean until it, a header of the tree or the rules change: its digest is
-kept in the build folder, so that a second run takes seconds.
+A source that was clean stays clean until it, a header of the tree, a .clang-tidy file or the way it is
+compiled changes: a digest of them is kept in the build folder, so that a second run takes seconds.
 """
 import concurrent.futures
 import hashlib
@@ -26,15 +26,18 @@ def digest(*paths):
 def main():
     build = ROOT / sys.argv[1]
     commands = json.loads((build / "compile_commands.json").read_text())
-    sources = sorted({pathlib.Path(c["file"]) for c in commands if str(build) not in c["file"]})
-    listed = subprocess.run(["git", "ls-files", "--cached", "--others", "--exclude-standard", "*.h"],
+    compiled = {pathlib.Path(c["file"]): c["command"] for c in commands
+                if str(build) not in c["file"]}
+    sources = sorted(compiled)
+    listed = subprocess.run(["git", "ls-files", "--cached", "--others", "--exclude-standard", "*.h",
+                             "*.clang-tidy"],
                             cwd=ROOT, check=True, capture_output=True, text=True).stdout.split()
-    shared = digest(ROOT / ".clang-tidy", *(ROOT / h for h in sorted(listed) if (ROOT / h).exists()))
+    shared = digest(*(ROOT / name for name in sorted(listed) if (ROOT / name).exists()))
     memory = build / "tidy.json"
     clean = json.loads(memory.read_text()) if memory.exists() else {}
 
     def run(source):
-        key = shared + digest(source)
+        key = shared + digest(source) + hashlib.sha256(compiled[source].encode()).hexdigest()
         if clean.get(str(source)) == key:
             return source, key, ""
         done = subprocess.run(["clang-tidy", "--quiet", "-p", str(build), str(source)],

@@ -53,7 +53,7 @@ struct BmpFile {
   }
 };
 
-/// A 24-bit picture of one colour, 0xRRGGBB.
+/// A 24-bit picture of one color, 0xRRGGBB.
 inline std::string PlainBmp(int width, int height, std::uint32_t color = 0x102030) {
   BmpFile file{.width = width, .height = height};
   for (int y = 0; y < height; ++y) {

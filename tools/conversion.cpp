@@ -19,7 +19,7 @@ namespace {
 
 constexpr const char* kFile = "document";
 
-/// The first title of the text, for the property.
+/// The first title of the text, as the Title property.
 std::string FirstTitle(const std::vector<Block>& blocks) {
   for (const Block& block : blocks) {
     if (block.kind == BlockKind::Title) return PlainText(ParseInline(block.text));
@@ -44,7 +44,7 @@ void ReportMissing(const TypesetResult& result, std::ostream& notes) {
         << '\n';
 }
 
-/// Names come from the text, and are shown without what a terminal would obey.
+/// The names come from the text, so control characters, which a terminal would obey, become "?".
 void ReportLost(const TypesetResult& result, std::ostream& notes) {
   for (std::string line : result.lost_pictures) {
     std::replace_if(
@@ -53,7 +53,7 @@ void ReportLost(const TypesetResult& result, std::ostream& notes) {
   }
 }
 
-/// Where pictures with relative names are looked for.
+/// The folder that relative names of pictures start from.
 std::filesystem::path PictureFolder(const Options& options) {
   if (options.input == "-") return {};
   return std::filesystem::path(options.input).parent_path();
@@ -91,7 +91,7 @@ class Conversion {
   std::string RunRagged(std::ostream& notes) {
     progress_.Clear();
     notes << "vellumark: the text is too long to be justified (one document holds about 16,000 "
-             "justified words) and is set ragged\n";
+             "justified words) and was set ragged\n";
     TextStyle ragged = options_.style;
     ragged.justify = false;
     try {

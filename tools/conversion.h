@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
-// A conversion from text to a finished document in memory.
+// Convert: from a text to the bytes of a finished document.
 //
 //     const Converted done = Convert(text, options, std::cerr);
 //
-// A justified document that does not hold the text is set again, ragged, which takes far less of
-// the format's 32,767 object numbers; `notes` then gets a line that says so, another if there
-// were characters that the fonts lack, and one for each picture that could not be drawn. A text
-// that does not fit at all throws Failure.
+// If a justified document runs out of object numbers (a PDF has 32,767), the text is set again,
+// ragged, which needs far fewer; `notes` then gets a line that says so. It gets another line if
+// there were characters that the fonts lack, and one for each picture that could not be drawn. If
+// the text does not fit at all, Failure is thrown.
 #pragma once
 
 #include <iosfwd>
@@ -19,7 +19,7 @@ namespace vellumark::tools {
 
 struct Converted {
   std::string bytes;
-  bool complete = true;  ///< false where a picture is missing
+  bool complete = true;  ///< false if a picture is missing
 };
 
 [[nodiscard]] Converted Convert(const std::string& text, const Options& options,

@@ -2,8 +2,8 @@
 //
 // Failure: what ends the program with exit status 2.
 //
-// Its text is the one sentence that the user reads after "vellumark: ": it names the file, option
-// or input line concerned and has no full stop.
+// Its text is the one sentence that the user reads after "vellumark: ". It names the file, the
+// option or the line of the input, and has no period.
 #pragma once
 
 #include <stdexcept>

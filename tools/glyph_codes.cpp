@@ -9,8 +9,8 @@
 namespace vellumark::tools {
 namespace {
 
-// The standard encoding from 0xA0 on (PDF Reference, "Latin character set and encodings"), a blank
-// where it has no glyph. Below, it is ASCII but for the two quotes.
+// The standard encoding from 0xA0 on (PDF Reference, "Latin character set and encodings"), with a
+// blank for each code without a glyph. Below 0x80 it is ASCII except for the two quotes.
 constexpr char32_t kFirstHighCode = 0xA0;
 constexpr std::u32string_view kHighCodes =
     U" ¡¢£⁄¥ƒ§¤'“«‹›\uFB01\uFB02"
@@ -25,7 +25,7 @@ constexpr char kLeftQuote = 0x60;
 constexpr char kRightQuote = 0x27;
 constexpr char kDotlessI = '\xF5';
 
-/// An accent: its code, the combining character, and each letter that bears it behind its base.
+/// An accent: its code, its combining character, and pairs of a letter with it and the base letter.
 struct AccentRow {
   char accent;
   char32_t combining;
@@ -48,7 +48,7 @@ constexpr std::array<AccentRow, 13> kAccents = {{
     {'\xCF', 0x030C, U"ČCčcĎDďdĚEěeŇNňnŘRřrŠSšsŤTťtŽZžz"},
 }};
 
-/// Characters that are written in others; the right side is Unicode again.
+/// Characters that are replaced by others, which are again Unicode.
 struct Substitute {
   char32_t character;
   std::u32string_view text;

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
 //
-// From Unicode to the glyphs that the text fonts show.
+// From Unicode to the codes of the glyphs in the text fonts.
 //
-// Courier, Helvetica and Times show their own standard encoding: a reader draws for a byte what
-// stands there, whatever a code page would say. So the em dash is passed as code 0xD0, the straight
-// apostrophe as 0xA9 (0x27 draws a right quote) and the backtick as 0xC1. The fonts have accents
-// but no accented letters: "é" becomes the letter and an accent to be drawn over it. A few more
-// characters are written in others, such as "(c)" and "EUR".
+// Courier, Helvetica and Times are shown in their own standard encoding, not in a code page. So the
+// em dash is passed as code 0xD0, the straight apostrophe as 0xA9 (0x27 draws a right quote) and
+// the backtick as 0xC1. That encoding has accents but no accented letters: "é" becomes the letter
+// and an accent that is drawn over it. A few other characters are replaced, such as "©" by "(c)"
+// and "€" by "EUR".
 //
 //     GlyphRun run;
 //     if (!AppendCharacter(U'é', run)) ...   // not in the fonts: "?" was appended
 //
-// Only codes leave this file; how a writer is given a code is its own business.
+// How a document is given a code is the task of its output format (tools/output_format.h).
 #pragma once
 
 #include <cstddef>
@@ -21,11 +21,11 @@
 
 namespace vellumark::tools {
 
-/// An accent over (or under) the glyph at `index` of a run, centred.
+/// An accent over or under the glyph at `index` of a run.
 struct AccentMark {
   std::size_t index = 0;
   char accent = 0;      ///< its code
-  bool raised = false;  ///< over a capital or another tall letter
+  bool raised = false;  ///< the letter is a capital or another tall one
 };
 
 struct GlyphRun {
@@ -38,12 +38,12 @@ struct GlyphRun {
   [[nodiscard]] GlyphRun Part(std::size_t start, std::size_t count) const;
 };
 
-/// Appends the character, or "?" where the fonts have nothing for it: false then. A character
-/// without a shape, such as a soft hyphen, appends nothing. A combining accent goes over the last
-/// glyph.
+/// Appends the character. If the fonts have no glyph for it, appends "?" and returns false. A
+/// character without a shape, such as a soft hyphen, appends nothing. A combining accent is put on
+/// the last glyph.
 bool AppendCharacter(char32_t character, GlyphRun& run);
 
-/// Whether a line may be broken at this character, which shows nothing. A no-break space is none.
+/// Whether the character is a blank at which a line may be broken. A no-break space is not.
 [[nodiscard]] bool IsBreakingBlank(char32_t character);
 
 }  // namespace vellumark::tools

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// The text to typeset: read whole, and checked before anything is made of it.
+// The text to typeset, which is read as a whole and checked.
 //
 //     const std::string text = ReadInput("notes.md");   // "-" reads standard input
 //
-// Accepted is UTF-8 of up to 64 MiB with or without a byte-order mark. A file that is missing, a
-// directory, longer, not UTF-8 or contains a NUL throws Failure, which names the file and, where it
-// is about a byte, its line and column.
+// The text must be UTF-8 of up to 64 MiB without NUL; a byte-order mark may precede it. Anything
+// else throws Failure, which names the file and the reason: the system's if the file cannot be
+// read, the line and column of a byte that is not valid.
 #pragma once
 
 #include <string>
@@ -17,7 +17,7 @@ namespace vellumark::tools {
 /// The file's text without its byte-order mark.
 [[nodiscard]] std::string ReadInput(const std::string& name);
 
-/// What ReadInput checks and strips; `name` is for the messages.
+/// The bytes without their byte-order mark, after the same checks. `name` is for the messages.
 [[nodiscard]] std::string CheckedText(std::string bytes, std::string_view name);
 
 }  // namespace vellumark::tools

@@ -8,7 +8,7 @@
 namespace vellumark::tools {
 namespace {
 
-constexpr int kWidestGap = 1;  // added to a blank of a justified line, in ems
+constexpr int kWidestGap = 1;  // in ems, the most that is added to a blank of a justified line
 
 void AppendRuns(const Word& word, int x, Line& line) {
   std::int64_t offset = 0;
@@ -34,7 +34,7 @@ std::vector<Line> LineComposer::Compose(std::vector<Word> words) {
   return std::move(lines_);
 }
 
-/// The blank between two words is the narrower one of both: code has wide blanks of its own.
+/// The narrower blank of the two words: blanks of code are wide.
 std::int64_t LineComposer::Gap(const Word& before, const Word& behind) const {
   return std::min(measure_.Width(before.pieces.back().face, " "),
                   measure_.Width(behind.pieces.front().face, " "));
@@ -59,7 +59,7 @@ bool LineComposer::Takes(const Word& word) const {
   return rounded <= width_ && ToPoints(draft_.exact + gap + word.width) <= width_;
 }
 
-/// A word wider than the line starts a line of its own and is cut into as many as it takes.
+/// A word wider than the line starts a line of its own and is cut into as many lines as it needs.
 void LineComposer::AddBroken(Word word) {
   if (!draft_.words.empty()) EndLine(true);
   std::reverse(word.pieces.begin(), word.pieces.end());  // so that taking the first is cheap
@@ -71,7 +71,7 @@ void LineComposer::AddBroken(Word word) {
   if (!word.pieces.empty()) Add(std::move(word));
 }
 
-/// Takes a line's width off a word whose pieces are in reverse order.
+/// Takes one line off a word whose pieces are in reverse order.
 Word LineComposer::BreakOff(Word& word) const {
   Word head;
   const std::int64_t room = std::int64_t{width_} * 1000;
@@ -96,8 +96,8 @@ Word LineComposer::BreakOff(Word& word) const {
   return head;
 }
 
-/// How many glyphs fit; of an address and its like, up to a slash or another joint if one stands in
-/// the second half.
+/// How many glyphs fit. If a slash or another joint of an address is in the second half of them,
+/// the break is behind the last such joint.
 std::size_t LineComposer::FittingGlyphs(const Piece& piece, std::int64_t room) const {
   const std::string& codes = piece.glyphs.codes;
   std::size_t count = 0;

@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: MIT
 //
-// LineComposer: words to lines.
+// LineComposer: breaks words into lines.
 //
-// A line takes as many words as fit; a word that is wider than the line is broken. Unjustified,
-// neighbours of one look become one run, so that a plain line is a single piece of text. Justified,
-// each word is a run of its own: the room left over is shared out among the gaps in whole points,
-// one more to the first gaps as far as it goes, so that the last word ends at the right edge. The
-// last line, a line that ends where the text says so, and one whose gaps would grow by more than an
-// em are not justified.
+// A line takes as many words as fit; a word that is wider than the line is broken. In a ragged
+// line, neighboring words of the same look become one run, so a plain line is a single piece of
+// text. In a justified line, each word is a run of its own: the free width is distributed over the
+// gaps in whole points, with one point more in the first gaps if it does not divide evenly, so that
+// the last word ends at the right edge. A line is not justified if it is the last one, if the text
+// ends it, or if its gaps would grow by more than an em.
 //
 //     for (const Line& line : LineComposer(measure, width, true).Compose(words)) ...
 //
-// Positions are whole points from the line's left edge. No run ends right of the width, neither by
-// exact measure nor by the library's, which rounds every run.
+// Positions are whole points from the left edge of the line. No run ends beyond the width, neither
+// by exact measure nor by that of the library, which rounds every run.
 #pragma once
 
 #include <vector>
@@ -34,7 +34,7 @@ struct Line {
 
 class LineComposer {
  public:
-  /// `width` in points; wide enough for any single glyph.
+  /// `width` is in points, and must be enough for any single glyph.
   LineComposer(GlyphMeasure& measure, int width, bool justify)
       : measure_(measure), width_(width), justify_(justify) {}
 
@@ -45,7 +45,7 @@ class LineComposer {
   struct Draft {
     std::vector<Word> words;
     std::int64_t exact = 0;  // in 1/1000 point, with the gaps, without a blank at the end
-    int rounded = 0;         // in points, each word rounded with the blank behind it
+    int rounded = 0;         // in points; each word is rounded together with the blank behind it
   };
 
   [[nodiscard]] std::int64_t Gap(const Word& before, const Word& behind) const;

@@ -2,8 +2,8 @@
 //
 // vellumark INPUT -o OUTPUT.pdf: typesets a text file with light Markdown.
 //
-// Reads, converts and writes, in this order: nothing stands under the output's name until the
-// document is finished. Exit status 0, 1 or 2; see tools/options.h and docs/command-line.md.
+// It reads, converts and then writes, so the output does not appear until the document is finished.
+// The exit status is 0, 1 or 2; see docs/command-line.md.
 #include <csignal>
 #include <exception>
 #include <iostream>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// The words that option values may be, and what they stand for. Case does not matter.
+// The values of options as words, in upper or lower case.
 //
-// Each function answers nothing for a text that is no such value; the lists are for help and error
-// messages.
+// Each function returns nothing if the text is not such a value. The lists are for the help and for
+// error messages.
 #pragma once
 
 #include <optional>

@@ -17,11 +17,10 @@ namespace vellumark::tools {
 namespace {
 
 constexpr std::string_view kFooter =
-    "Exit status: 0 when the document was written, 1 when it was but lacks a picture, 2 when it "
-    "was\n"
-    "not; standard error says why.";
+    "Exit status: 0 if the document was written, 1 if it was written without one of its pictures,\n"
+    "2 if it was not written; standard error says why.";
 
-/// Options as typed, before their values are looked at. The texts are the defaults.
+/// Options as typed, before their values are checked. The texts are the defaults.
 struct RawOptions {
   std::string paper = "a4";
   std::string orientation = "portrait";
@@ -37,7 +36,7 @@ std::string OneOf(std::string_view what, std::string_view names) {
   return std::string(what) + ": " + std::string(names);
 }
 
-/// Help in lines that fit beside the options' names.
+/// Help, broken into lines that fit beside the names of the options.
 std::string Wrapped(const std::string& help) {
   constexpr std::size_t kColumns = 70;
   std::string wrapped;
@@ -59,20 +58,22 @@ void AddLayoutOptions(CLI::App& app, RawOptions& raw, Options& options) {
   };
   app.add_option("--format", raw.format,
                  Wrapped(OneOf("Format of the output", kFormatNames) +
-                         " [default: by the ending of the output, else pdf]"))
+                         " [default: by the ending of the output, otherwise pdf]"))
       ->type_name("NAME");
   add("--paper", raw.paper, OneOf("Paper size", kPaperNames), "NAME");
-  add("--orientation", raw.orientation, OneOf("How the paper lies", kOrientationNames), "NAME");
+  add("--orientation", raw.orientation, OneOf("Orientation of the paper", kOrientationNames),
+      "NAME");
   add("--margins", raw.margins,
       "Margins in points (1/72 inch), one number or LEFT,TOP,RIGHT,BOTTOM", "POINTS");
-  add("--page-color", raw.page_color, OneOf("Colour of the page, #rrggbb or", kColorNames),
+  add("--page-color", raw.page_color, OneOf("Color of the page, #rrggbb or one of", kColorNames),
       "COLOR");
   add("--font", raw.font, OneOf("Font of text and titles", kFontNames), "NAME");
   add("--size", raw.size, "Size of the text in points, 8 to 72", "POINTS");
-  add("--encoding", raw.encoding, OneOf("Picture filter", kEncodingNames), "NAME");
+  add("--encoding", raw.encoding, OneOf("Picture encoding", kEncodingNames), "NAME");
   bool& justify = options.style.justify;
   app.add_flag_callback(
-      "--justify", [&justify] { justify = true; }, "Set paragraphs flush on both sides [default]");
+      "--justify", [&justify] { justify = true; },
+      "Set paragraphs justified, flush on both sides [default]");
   app.add_flag_callback(
       "--no-justify", [&justify] { justify = false; }, "Set paragraphs ragged on the right");
 }
@@ -96,7 +97,7 @@ template <typename Value>
 Value Taken(const std::optional<Value>& value, const std::string& option, const std::string& typed,
             std::string_view expected) {
   if (value) return *value;
-  throw Failure(option + ": \"" + typed + "\" is none of: " + std::string(expected));
+  throw Failure(option + ": \"" + typed + "\" is not one of: " + std::string(expected));
 }
 
 void TakeValues(const RawOptions& raw, Options& options) {
@@ -111,11 +112,11 @@ void TakeValues(const RawOptions& raw, Options& options) {
   const auto margins = ParseMargins(raw.margins);
   if (!margins) {
     throw Failure("--margins: \"" + raw.margins +
-                  "\" is neither one nor four (LEFT,TOP,RIGHT,BOTTOM) whole numbers up to 2000");
+                  "\" is not one whole number or four (LEFT,TOP,RIGHT,BOTTOM) from 0 to 2000");
   }
   style.page.margins = *margins;
   const auto size = ParseNumber(raw.size, kSmallestSize, kLargestSize);
-  if (!size) throw Failure("--size: \"" + raw.size + "\" is no whole number from 8 to 72");
+  if (!size) throw Failure("--size: \"" + raw.size + "\" is not a whole number from 8 to 72");
   style.size = *size;
 }
 
@@ -144,7 +145,7 @@ void TakeOutput(const RawOptions& raw, bool output_given, Options& options) {
     options.format = FormatOfEnding(options.output);
   }
   if (output_given) return;
-  if (options.input == "-") throw Failure("reading standard input needs an output: -o FILE");
+  if (options.input == "-") throw Failure("standard input needs an output: add -o FILE");
   std::filesystem::path path(options.input);
   const char* const ending = options.format == Format::Ps ? ".ps" : ".pdf";
   if (path.extension() == ending) {

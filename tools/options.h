@@ -3,9 +3,9 @@
 // The command line.
 //
 //     const std::optional<Options> options = ParseOptions(argc, argv);
-//     if (!options) return 0;          // --help or --version was answered
+//     if (!options) return 0;          // --help or --version has printed its text
 //
-// Unknown options and values throw Failure, which names the option and what it takes.
+// An unknown option or value throws Failure, which names the option and its values.
 #pragma once
 
 #include <optional>
@@ -24,7 +24,7 @@ struct Options {
   OrientationConstants orientation = OrientationConstants::Portrait;
   TextStyle style;
   Properties properties;
-  bool title_given = false;  ///< else the title is the text's first heading
+  bool title_given = false;  ///< otherwise the first title of the text is used
 };
 
 [[nodiscard]] std::optional<Options> ParseOptions(int argc, const char* const* argv);

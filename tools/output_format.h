@@ -2,10 +2,10 @@
 //
 // OutputFormat: a document of one format, as the typesetter sees it.
 //
-// What all formats do alike, the typesetter asks of document(): pages, positions, fonts, lines.
-// What differs stands here: how a text must be escaped, whether there are links, also over
-// pictures, and which properties. One class per format derives from it (pdf_output.h); the
-// typesetter knows none.
+// The typesetter uses document() for everything that all formats do alike: pages, positions, fonts,
+// lines. This interface is for what differs: how a text is escaped, whether texts and pictures can
+// have links, and which properties there are. Each format has a class that derives from it, such as
+// PdfOutput.
 #pragma once
 
 #include <string>
@@ -17,7 +17,7 @@ namespace vellumark::tools {
 
 enum class Format { Pdf, Ps };
 
-/// UTF-8, unescaped. A format takes those that it has.
+/// In UTF-8, not escaped. A format ignores those that it does not have.
 struct Properties {
   std::string title;
   std::string author;
@@ -42,18 +42,18 @@ class OutputFormat {
   virtual void SetProperties(const Properties& properties) = 0;
 
   /// Writes a run of glyph codes (tools/glyph_codes.h) at the current position. `link` is an
-  /// address in UTF-8, empty for none; a format without links leaves it out.
+  /// address in UTF-8, or empty; a format without links ignores it.
   [[nodiscard]] virtual bool WriteText(std::string_view codes, std::string_view link) = 0;
 
-  /// The same behind a bullet.
+  /// Writes it behind a bullet.
   [[nodiscard]] virtual bool WriteTitle(std::string_view codes, BulletConstants bullet,
                                         std::string_view link) = 0;
 
-  /// Draws a picture at the current position; `link` as in WriteText.
+  /// Draws a picture at the current position. `link` is as in WriteText.
   [[nodiscard]] virtual bool DrawPicture(std::string_view file, EncodingConstants encoding,
                                          std::string_view link) = 0;
 
-  /// How often `code` counts where the library measures it: twice where it is escaped.
+  /// How often the library counts `code` when it measures a text: twice if it is escaped.
   [[nodiscard]] virtual int MeasuredAs(char code) const = 0;
 };
 

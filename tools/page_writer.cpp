@@ -7,9 +7,9 @@
 namespace vellumark::tools {
 namespace {
 
-constexpr int kFooter = 20;        // the library's footer and some air
-constexpr int kNarrowest = 120;    // the footer must fit
-constexpr int kMostInset = 48;     // more than the widest escaped glyph, 0.6 em of 72 points
+constexpr int kFooter = 20;        // the footer of the library and some space
+constexpr int kNarrowest = 120;    // of a page whose footer fits
+constexpr int kMostInset = 48;     // the widest escaped glyph has 0.6 em, 43 of 72 points
 constexpr int kLinesPerPage = 3;   // of the largest text, at least
 constexpr int kGlyphsPerLine = 6;  // of the largest text, at least
 constexpr Rgb kTextColor{0, 0, 0};
@@ -27,7 +27,7 @@ void SetColor(Document& document, Rgb color) {
     return std::to_string(std::max(across, 0)) + " x " + std::to_string(std::max(down, 0));
   };
   throw Failure("the margins leave " + size(width, height) +
-                " points of the page for text, at least " + size(least_width, least_height) +
+                " points of the page for text, but at least " + size(least_width, least_height) +
                 " are needed");
 }
 
@@ -39,7 +39,7 @@ PageWriter::PageWriter(OutputFormat& output, GlyphMeasure& measure, const PageSe
   std::int16_t page_height = 0;
   output_.document().GetPageDimensions(page_width, page_height);
   const Margins& margins = setup.margins;
-  // Where the margins are too small to stand back, the text does.
+  // If the margins are too small to be reduced by that much, the area for text is reduced.
   const int overhang = setup.largest_size * 6 / 10 + 2;
   inset_x_ = std::min({margins.left, margins.right, kMostInset});
   inset_y_ = std::min(margins.top, kMostInset);
@@ -121,7 +121,7 @@ void PageWriter::WriteRun(const Run& run, std::string_view link, int x, int belo
   }
 }
 
-/// Sets font and position for a stroke whose x is the library's.
+/// Sets font and position for a stroke; its x is measured from the margin of the library.
 void PageWriter::Place(const Stroke& stroke, const Run& run, int below) {
   Document& document = output_.document();
   document.SetFont(run.face.family, run.face.size, run.face.style,

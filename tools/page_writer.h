@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: MIT
 //
-// PageWriter: lines onto pages.
+// PageWriter: puts lines on pages.
 //
 //     PageWriter pages(output, measure, setup);     // opens the first page
 //     if (!pages.Fits(height)) pages.NewPage();
 //     pages.WriteLine(line, indent, size);
 //     pages.Advance(pitch);
 //
-// x counts from the left margin, the position on the page is kept here, and text ends 20 points
-// above the bottom margin, where the library writes its footer. The margins that the library is
-// told are smaller than the user's, alike on both sides, because it measures escaped text wider
-// than it is and would refuse it at the right edge.
+// x is measured from the left margin, and the position on the page is kept here. Text ends 20
+// points above the bottom margin, because the library writes its footer there. The margins that are
+// passed to the library are smaller than those of the user, by the same amount on the left and the
+// right, because the library measures escaped text wider than it is and would refuse it at the
+// right edge.
 //
-// A call that the library refuses throws: ObjectNumbersUsedUp where the document is full, else
-// Failure. Text is never lost without a word.
+// A call that the library refuses throws: ObjectNumbersUsedUp if the document is full, otherwise
+// Failure.
 #pragma once
 
 #include <cstdint>
@@ -26,7 +27,7 @@
 
 namespace vellumark::tools {
 
-/// The document cannot take another piece of text.
+/// The document has no object number left for another piece of text.
 class ObjectNumbersUsedUp : public Failure {
  public:
   using Failure::Failure;
@@ -54,10 +55,10 @@ struct PageSetup {
 
 class PageWriter {
  public:
-  /// The document must have been created. Throws Failure where the margins leave no room.
+  /// The document must have been created. Throws Failure if the margins leave too little room.
   PageWriter(OutputFormat& output, GlyphMeasure& measure, const PageSetup& setup);
 
-  /// Width and height of the area for text.
+  /// Width and height of the area for text, in points.
   [[nodiscard]] int width() const { return width_; }
   [[nodiscard]] int height() const { return height_; }
   [[nodiscard]] int pages() const { return pages_; }
@@ -67,19 +68,19 @@ class PageWriter {
   [[nodiscard]] bool Fits(int height) const { return y_ + height <= height_; }
   void Advance(int height) { y_ += height; }
 
-  /// A line whose text is `size` points high at most; smaller text stands on the same baseline.
+  /// A line whose text is at most `size` points high; smaller text is on the same baseline.
   void WriteLine(const Line& line, const std::vector<std::string>& links, int x, int size);
 
-  /// The same behind a bullet, which stands at `x`.
+  /// The same behind a bullet at `x`.
   void WriteTitleLine(const Line& line, const std::vector<std::string>& links, int x, int size,
                       BulletConstants bullet);
 
-  /// A picture, smaller where it is larger than `box`, with its top at the present position. False
-  /// where the document cannot take this picture, however small; its LastRefusal tells why.
+  /// A picture with its top at the current position, made smaller if it is larger than `box`.
+  /// Returns false if the document refuses the picture at any size; its LastRefusal then says why.
   [[nodiscard]] bool DrawPicture(const std::string& file, EncodingConstants encoding,
                                  const std::string& link, int x, const PictureSize& box);
 
-  /// Across, `below` points under the present position.
+  /// A line from `x` to the right margin, `below` points under the current position.
   void WriteRule(int x, int below);
 
  private:
@@ -90,7 +91,7 @@ class PageWriter {
 
   OutputFormat& output_;
   GlyphMeasure& measure_;
-  Margins outer_;  // what the library is told
+  Margins outer_;  // as passed to the library
   Rgb page_color_;
   int inset_x_ = 0;  // from the library's margins to the user's
   int inset_y_ = 0;

@@ -38,7 +38,7 @@ std::string EscapeUnicode(std::string_view text) {
 
 bool IsHexadecimal(char c) { return std::isxdigit(static_cast<unsigned char>(c)) != 0; }
 
-/// Whether "%" at `at` begins a percent-encoded byte already.
+/// Whether the "%" at `at` begins a percent-encoded byte.
 bool IsEncoded(std::string_view address, std::size_t at) {
   return at + 2 < address.size() && IsHexadecimal(address[at + 1]) &&
          IsHexadecimal(address[at + 2]);

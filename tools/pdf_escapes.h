@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 //
-// What must be done to a text before a PDF document is given it.
+// Escapes texts before they are passed to a PDF document.
 //
-// The writer pastes some texts into the file as they are, by design. This is the one place that
-// knows which characters must not reach it raw:
+// The document writes some texts into the file exactly as they are. This is the one place that
+// knows which characters must be escaped:
 //
-//   page text       a backslash is doubled ("(" and ")" the writer escapes itself)
+//   page text       a backslash is doubled; the document escapes "(" and ")" itself
 //   property text   ASCII with "(", ")", "\" and controls escaped; any other text as octal escapes
-//                   of big-endian UTF-16 behind a byte-order mark, which readers show exactly
-//   link address    percent-encoded where it must be; what is percent-encoded already stays
+//                   of big-endian UTF-16 with a byte-order mark, which readers show exactly
+//   link address    percent-encoded as needed; percent-encoded bytes are kept
 //
 // The library measures an escaped page text with its escape characters; see pdf_output.h.
 #pragma once
@@ -18,13 +18,13 @@
 
 namespace vellumark::tools {
 
-/// Codes of the standard encoding to the UTF-8 that makes the writer emit them.
+/// From codes of the standard encoding to the UTF-8 that the document writes as these codes.
 [[nodiscard]] std::string EscapePdfPageText(std::string_view codes);
 
-/// UTF-8 to what goes between the parentheses of a document property.
+/// From UTF-8 to the text between the parentheses of a document property.
 [[nodiscard]] std::string EscapePdfProperty(std::string_view text);
 
-/// UTF-8 to an address of printable ASCII without quotes, parentheses, backslash, "<" or ">".
+/// From UTF-8 to an address of printable ASCII without quotes, parentheses, backslash, "<" or ">".
 [[nodiscard]] std::string EscapePdfLink(std::string_view address);
 
 }  // namespace vellumark::tools

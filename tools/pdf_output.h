@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// PdfOutput: a PDF document behind the typesetter's interface.
+// PdfOutput: a PDF document behind the interface of the typesetter.
 //
 //     PdfOutput output(platform);
 //     output.SetProperties(properties);
-//     output.document().Create("answer.pdf");
+//     output.document().Create("document.pdf");
 #pragma once
 
 #include <memory>

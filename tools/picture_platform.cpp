@@ -13,12 +13,12 @@ int Scaled(int length, int wanted, int present) {
   return std::max(static_cast<int>((product + present / 2) / present), 1);
 }
 
-/// Five bits from `bit` on as eight.
+/// Five bits, from `bit` on, scaled to eight.
 std::uint8_t FiveBits(unsigned pixel, unsigned bit) {
   return static_cast<std::uint8_t>(((pixel >> bit & 31U) * 255U + 15U) / 31U);
 }
 
-/// 16 and 32 bits per pixel become 24.
+/// Converts 16 and 32 bits per pixel to 24.
 void MakeTrueColor(Bitmap& bitmap) {
   if (bitmap.bits_per_pixel != 16 && bitmap.bits_per_pixel != 32) return;
   const std::size_t from_step = bitmap.bits_per_pixel / 8U;
@@ -79,6 +79,14 @@ bool PicturePlatform::ReadPicture(std::string_view file, std::vector<std::uint8_
                                   std::string& reason) {
   // NOLINTNEXTLINE(bugprone-parent-virtual-call)
   return PortablePlatform::ReadPicture((folder_ / file).string(), bytes, reason);
+}
+
+std::error_code PicturePlatform::WriteOutput(FileHandle file, std::string_view bytes) {
+  try {
+    return MemoryPlatform::WriteOutput(file, bytes);
+  } catch (const std::bad_alloc&) {
+    return std::make_error_code(std::errc::not_enough_memory);
+  }
 }
 
 }  // namespace vellumark::tools

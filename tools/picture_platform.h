@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// PicturePlatform: the platform of a conversion. The document stays in memory, pictures come from
-// disk, and their size is known before they are drawn, which placing them needs.
+// PicturePlatform: the platform of a conversion. The document is kept in memory, pictures are read
+// from files, and the size of a picture can be asked for before it is drawn.
 //
 //     auto platform = std::make_shared<PicturePlatform>("notes");    // the folder of the input
 //     PictureSize pixels;
@@ -10,8 +10,8 @@
 //     document.DrawPicture("logo.jpg");
 //
 // A picture that was measured is kept until it is drawn or another one is measured, so it is
-// decoded once. Pictures of 16 and 32 bits per pixel, which documents hold but readers do not show,
-// reach the document with 24.
+// decoded only once. Pictures of 16 and 32 bits per pixel, which readers do not show as they are in
+// the document, are converted to 24.
 #pragma once
 
 #include <filesystem>
@@ -29,15 +29,16 @@ struct PictureSize {
   int height = 0;
 };
 
-/// `size` made smaller, in its own proportions, where it is larger than `box`; at least 1 by 1.
+/// `size`, reduced in proportion if it is larger than `box`; at least 1 by 1.
 [[nodiscard]] PictureSize FitInto(const PictureSize& box, const PictureSize& size);
 
 class PicturePlatform final : public MemoryPlatform {
  public:
-  /// Relative names are looked for in `folder`; empty is the current one.
+  /// Relative names start from `folder`; an empty one is the current folder.
   explicit PicturePlatform(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
-  /// Size of a picture in pixels. False, with a few words of `reason`, where it cannot be loaded.
+  /// Sets the size of a picture in pixels. Returns false, with a `reason` of a few words, if it
+  /// cannot be loaded.
   [[nodiscard]] bool Measure(std::string_view name, PictureSize& pixels, std::string& reason);
 
   bool DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) override;
@@ -45,6 +46,9 @@ class PicturePlatform final : public MemoryPlatform {
   /// Reads from the folder, and not from the files in memory: the only one there is the document.
   bool ReadPicture(std::string_view file, std::vector<std::uint8_t>& bytes,
                    std::string& reason) override;
+
+  /// Returns an error if memory runs out: an exception would be reported as an input/output error.
+  std::error_code WriteOutput(FileHandle file, std::string_view bytes) override;
 
  private:
   std::filesystem::path folder_;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// ProgressLine: how far the work has come, on a terminal only.
+// ProgressLine: a line on the terminal that shows how much of a long input is done.
 //
-// The line is overwritten in place and cleared at the end. It shows for long inputs, and at most
-// every 100 milliseconds; where standard error is no terminal, nothing is written at all.
+// The line is overwritten in place, at most every 100 milliseconds, and cleared at the end. Nothing
+// is written for a short input, or if standard error is not a terminal.
 #pragma once
 
 #include <chrono>

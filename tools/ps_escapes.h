@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// What must be done to a text before a PostScript document is given it.
+// Escapes texts before they are passed to a PostScript document.
 //
-// The writer pastes every text into the program as it is, by design. This is the one place that
-// knows which characters must not reach it raw:
+// The document writes every text into the program exactly as it is. This is the one place that
+// knows which characters must be escaped:
 //
 //   page text       "(", ")" and "\" get a backslash in front
-//   property text   stands in a comment line of its own: line ends and other controls become blanks
+//   property text   is in a comment line of its own, so line ends and other controls become blanks
 //
 // The library measures an escaped page text with its escape characters; see ps_output.h.
 #pragma once
@@ -20,10 +20,10 @@ namespace vellumark::tools {
   return code == '(' || code == ')' || code == '\\';
 }
 
-/// Codes of the standard encoding to the UTF-8 that makes the writer emit them.
+/// From codes of the standard encoding to the UTF-8 that the document writes as these codes.
 [[nodiscard]] std::string EscapePsPageText(std::string_view codes);
 
-/// UTF-8 to what stands behind the comment's keyword.
+/// From UTF-8 to the text behind the keyword of the comment.
 [[nodiscard]] std::string EscapePsProperty(std::string_view text);
 
 }  // namespace vellumark::tools

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// PsOutput: a PostScript document behind the typesetter's interface. It has no links and no
-// producer, subject and keywords; those are left out.
+// PsOutput: a PostScript document behind the interface of the typesetter. It ignores links and the
+// properties producer, subject and keywords, which PostScript does not have.
 #pragma once
 
 #include <memory>

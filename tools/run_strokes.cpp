@@ -10,7 +10,7 @@ namespace {
 
 constexpr char kOgonek = '\xCE';
 
-/// How far a position in 1/1000 point is from the whole point next to it.
+/// The distance of a position from the nearest whole point, in 1/1000 point.
 std::int64_t Misplacement(std::int64_t position) {
   return std::abs(position - std::int64_t{ToPoints(position)} * 1000);
 }
@@ -60,8 +60,8 @@ class RunSplitter {
     strokes_.push_back({x, rise, std::string(accent), false});
   }
 
-  /// A text that goes on within a word must not start up to half a point beside its place. Blanks
-  /// in front of it, which show nothing, let it start at fractions of a point.
+  /// How many blanks to put in front of a text that continues a word. Texts start at whole points,
+  /// which may be half a point beside the place; behind blanks they start closer to it.
   [[nodiscard]] std::size_t BlanksInFront() {
     std::size_t best = 0;
     for (std::size_t blanks = 1; blanks <= 3; ++blanks) {
@@ -76,7 +76,7 @@ class RunSplitter {
 
   [[nodiscard]] std::int64_t Blank() { return measure_.Width(run_.face, " "); }
 
-  /// How many codes the library accepts in one go, which measures some of them twice.
+  /// How many codes the library accepts in one text: it counts some of them twice.
   [[nodiscard]] std::size_t Acceptable(std::string_view codes) {
     std::int64_t end = pen_;
     for (std::size_t count = 0; count < codes.size(); ++count) {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// From a run to the texts that are written for it.
+// SplitRun: from a run to the texts that are written for it.
 //
-// Mostly that is one. An accented letter ends a text, its accent is one of its own, drawn over the
-// letter, and the rest goes on behind it. In this order readers put letter and accent together
-// again when text is copied or searched. And a text with escaped characters is wider to the library
-// than on paper: where that would take it over the right edge, it is cut.
+// Usually this is one text. A letter with an accent ends a text; the accent is a text of its own
+// over the letter, and the rest of the run follows. Readers that join accents and letters need this
+// order. A text with escaped characters is wider to the library than on paper, so it is cut if the
+// library would refuse it at the right edge.
 #pragma once
 
 #include <string>
@@ -18,15 +18,15 @@ namespace vellumark::tools {
 
 struct Stroke {
   int x = 0;
-  int rise = 0;  ///< how far above the run's top
+  int rise = 0;  ///< in points above the top of the run
   std::string codes;
-  bool linked = true;  ///< an accent bears no link of its own
+  bool linked = true;  ///< false for an accent
 };
 
-/// What a run is cut for.
+/// The room for the strokes of a run, in points.
 struct StrokeRoom {
-  int left = 0;   ///< a stroke may start here
-  int right = 0;  ///< and must have ended here as the library measures it
+  int left = 0;   ///< no stroke starts left of this
+  int right = 0;  ///< no stroke ends right of this, as the library measures it
   const OutputFormat* format = nullptr;
 };
 

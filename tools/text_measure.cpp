@@ -9,9 +9,9 @@
 namespace vellumark::tools {
 namespace {
 
-// 25 glyphs at 40 points are 1000 times one glyph at 1 point. The widest glyph has 1015/1000 em, so
-// that the row fits on a Ledger sheet of 1224 points. All glyphs of all faces take 5,376 of the
-// 32,767 object numbers that the scratch document has.
+// 25 glyphs at 40 points are as wide as 1000 glyphs at 1 point. The widest glyph has 1015/1000 em,
+// so the row of them fits on a Ledger sheet of 1224 points. The scratch document needs less than
+// 6,000 of its 32,767 object numbers for all glyphs of all faces.
 constexpr int kGlyphsInARow = 25;
 constexpr std::uint8_t kMeasuringSize = 40;
 

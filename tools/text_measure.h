@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// How wide glyphs are, learnt from the library.
+// GlyphMeasure: the widths of glyphs, measured with the library.
 //
-// A host sees no width table, but it sees how far a text moves the position. GlyphMeasure writes
-// each glyph once into a scratch document that nobody reads, often enough in a row and at such a
-// size that the move in whole points is the glyph's width in 1/1000 em exactly; sums of these
-// widths are then as exact as the library's own.
+// The library has no member that returns a width, but WriteText moves the current position by the
+// width of the text in whole points. GlyphMeasure writes each glyph into a scratch document,
+// repeated and at a size such that this distance is exactly the width of one glyph in 1/1000 em.
+// Sums of these widths are as exact as those of the library itself.
 //
 //     GlyphMeasure measure;
 //     const std::int64_t width = measure.Width(face, run.codes);   // in 1/1000 point
@@ -30,7 +30,7 @@ struct Face {
   friend bool operator==(const Face&, const Face&) = default;
 };
 
-/// 1/1000 point to whole points, to the nearest.
+/// From 1/1000 point to the nearest whole point.
 [[nodiscard]] constexpr int ToPoints(std::int64_t width) {
   return static_cast<int>((width + 500) / 1000);
 }
@@ -39,10 +39,10 @@ class GlyphMeasure {
  public:
   GlyphMeasure();
 
-  /// Of one glyph, in 1/1000 em.
+  /// The width of one glyph in 1/1000 em.
   [[nodiscard]] int GlyphWidth(const Face& face, char code);
 
-  /// Of codes in a row, in 1/1000 point.
+  /// The width of a text in 1/1000 point.
   [[nodiscard]] std::int64_t Width(const Face& face, std::string_view codes);
 
  private:

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The measures of a well-set page, all in points and derived from the size of the text.
+// The sizes and distances on a page, all in points and derived from the size of the text.
 #pragma once
 
 #include <algorithm>
@@ -19,7 +19,7 @@ inline constexpr std::array<int, 6> kTitlePercent = {175, 140, 120, 110, 100, 10
   return std::min((size * percent + 50) / 100, kLargestSize);
 }
 
-/// Code between lines of text: 80 columns of it fit a text of usual width.
+/// Code blocks: 80 columns fit the text width of an A4 page at the default size and margins.
 [[nodiscard]] constexpr int CodeSize(int size) {
   return std::max((size * 4 + 2) / 5, kSmallestSize);
 }
@@ -27,7 +27,7 @@ inline constexpr std::array<int, 6> kTitlePercent = {175, 140, 120, 110, 100, 10
 /// Code within a line, about as high as the text around it.
 [[nodiscard]] constexpr int InlineCodeSize(int size) { return std::max(size - 1, kSmallestSize); }
 
-/// From one line to the next.
+/// The distance from one line to the next.
 [[nodiscard]] constexpr int LinePitch(int size) { return size + std::max(size * 28 / 100, 2); }
 
 [[nodiscard]] constexpr int ParagraphSpace(int size) { return LinePitch(size) / 2; }

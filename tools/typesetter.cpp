@@ -12,7 +12,7 @@
 namespace vellumark::tools {
 namespace {
 
-constexpr int kContinuationColumns = 2;  // how far a broken line of code is indented
+constexpr int kContinuationColumns = 2;  // the indent of the rest of a broken line of code
 
 std::uint8_t FontSize(int size) { return static_cast<std::uint8_t>(size); }
 
@@ -22,7 +22,7 @@ PageSetup WithLargestSize(const TextStyle& style) {
   return setup;
 }
 
-/// Continues the last row of code in a new one, at its last blank if that stands far enough right.
+/// Breaks the last row of code, at its last blank if that is in the last third of the row.
 void BreakRow(std::vector<GlyphRun>& rows) {
   GlyphRun row = std::move(rows.back());
   const std::size_t size = row.codes.size();
@@ -36,8 +36,8 @@ void BreakRow(std::vector<GlyphRun>& rows) {
   rows.push_back(std::move(continuation));
 }
 
-/// How many lines must fit on the page for line `index` of `count` to be begun there: no first or
-/// last line of a paragraph stands alone.
+/// How many lines must fit on the page so that line `index` of `count` may be on it: the first and
+/// the last line of a paragraph are never alone on a page.
 std::size_t LinesTogether(std::size_t index, std::size_t count) {
   if (count == 3 && index == 0) return 3;
   const bool first = index == 0 && count > 1;
@@ -174,13 +174,13 @@ PictureSize Typesetter::PictureBox(const Block& block) const {
   return {pages_.width() - Indent(block), pages_.height()};
 }
 
-/// Sets the text that stands for a picture: as in a paragraph, which sets it in italics.
+/// Sets the text of a picture in its place, as a paragraph does, in italics.
 void Typesetter::LosePicture(const Block& block, const std::string& reason) {
   result_->lost_pictures.push_back(block.picture + ": " + reason);
   SetParagraph(block);
 }
 
-/// The lines of a code block as glyphs, cut to `columns`, without empty ones at the end.
+/// The lines of a code block as glyphs, broken at `columns`, without empty lines at the end.
 std::vector<GlyphRun> Typesetter::CodeRows(const Block& block, std::size_t columns) {
   std::vector<GlyphRun> rows;
   std::string_view rest = block.text;
@@ -214,7 +214,7 @@ void Typesetter::CountMissing(const Block& block, const char* where, char32_t ch
   result_->first_missing_place = block.PlaceOf(static_cast<std::size_t>(where - block.text.data()));
 }
 
-/// A list item's bullet or number, which ends a gap left of `indent`.
+/// The bullet or number of a list item, to the left of `indent`.
 void Typesetter::WriteMarker(const Block& block, int indent) {
   if (block.marker.empty()) return;
   Face face = TextFaces().text;
@@ -235,12 +235,12 @@ void Typesetter::Space(int before) {
   space_after_ = 0;
 }
 
-/// Starts a new page where so much height is not left.
+/// Starts a new page if less than `height` is left on this one.
 void Typesetter::Make(int height) {
   if (!pages_.Fits(height) && !pages_.AtTop()) pages_.NewPage();
 }
 
-/// Where a block's text begins. However deep it is nested, half of the width is left to it.
+/// Where the text of a block begins. At any depth of nesting, it keeps half of the width.
 int Typesetter::Indent(const Block& block) const {
   const auto levels =
       static_cast<int>(std::min<std::size_t>(block.list_depth + block.quote_depth, 1000));
@@ -269,8 +269,8 @@ BlockFaces Typesetter::TextFaces() const {
           {FontNumberConstants::Courier, FontStyleConstants::Regular, FontSize(code_size)}};
 }
 
-/// Height that must fit below a title: a few further titles, and behind them a picture or the
-/// beginning of a paragraph, which may be three lines that stay together.
+/// The height that must fit below a title: up to three titles, and then a picture or three lines,
+/// because a paragraph of three lines is not divided.
 int Typesetter::HeightBelowTitle(const std::vector<Block>& blocks, std::size_t index) {
   constexpr std::size_t kTitlesTogether = 3;
   int height = ParagraphSpace(style_.size);

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
-// Typesetter: blocks to a document.
+// Typesetter: makes a document from blocks.
 //
 //     TypesetResult result;
 //     Typesetter(output, measure, pictures, style).Typeset(blocks, result, progress);
 //
-// It knows how a document looks: sizes, spaces, indents, what is kept together. Titles stay with
-// the text below them, a paragraph leaves no single line at the end or the beginning of a page.
-// Where the document is full, ObjectNumbersUsedUp comes out, and result.line says how far it went.
+// It decides how a document looks: sizes, spaces, indents, and what is kept together. A title stays
+// with the text below it, and no page begins or ends with a single line of a paragraph. If the
+// document is full, ObjectNumbersUsedUp is thrown, and result.line is the line that was reached.
 #pragma once
 
 #include <cstddef>
@@ -26,12 +26,12 @@ struct TextStyle {
   int size = 11;
   bool justify = true;
   EncodingConstants encoding = EncodingConstants::ASCII85;  ///< of pictures
-  PageSetup page;                                           ///< its largest_size is computed
+  PageSetup page;  ///< its largest_size is ignored, and computed from `size`
 };
 
 struct TypesetResult {
   int pages = 0;
-  std::size_t line = 0;  ///< of the input, begun last
+  std::size_t line = 0;  ///< of the input, where the last block begins
   std::size_t missing = 0;
   char32_t first_missing = 0;
   Place first_missing_place;
@@ -55,12 +55,12 @@ class Typesetter {
   void SetRule(const Block& block);
   void SetPicture(const Block& block);
 
-  /// As large as the picture is drawn; none, with a reason, where it cannot be loaded.
+  /// The size that the picture is drawn in; nothing, with a reason, if it cannot be loaded.
   [[nodiscard]] std::optional<PictureSize> FittedSize(const Block& block, std::string& reason);
   [[nodiscard]] PictureSize PictureBox(const Block& block) const;
   void LosePicture(const Block& block, const std::string& reason);
 
-  /// Words of a block in the given faces, its missing characters counted.
+  /// The words of a block in the given faces. Counts its missing characters.
   [[nodiscard]] std::vector<Word> Words(const Block& block, const InlineText& text,
                                         const BlockFaces& faces);
   [[nodiscard]] std::vector<GlyphRun> CodeRows(const Block& block, std::size_t columns);
@@ -81,7 +81,7 @@ class Typesetter {
   TextStyle style_;
   PageWriter pages_;
   TypesetResult* result_ = nullptr;
-  int space_after_ = 0;  // that the block set last asks for
+  int space_after_ = 0;  // below the last block
 };
 
 }  // namespace vellumark::tools

@@ -10,7 +10,7 @@ unsigned char Byte(std::string_view bytes, std::size_t at) {
   return static_cast<unsigned char>(bytes[at]);
 }
 
-/// Number of bytes that a character with this first byte has; 0 for no first byte.
+/// The number of bytes of a character with this first byte; 0 if no character begins with it.
 std::size_t LengthFrom(unsigned char first) {
   if (first < 0x80) return 1;
   if (first >= 0xC2 && first < 0xE0) return 2;
@@ -21,7 +21,7 @@ std::size_t LengthFrom(unsigned char first) {
 
 bool IsContinuation(unsigned char byte) { return (byte & 0xC0U) == 0x80; }
 
-/// Whether the second byte keeps the character from being overlong, a surrogate or too large.
+/// Whether the second byte makes a character that is not overlong, a surrogate or too large.
 bool SecondByteFits(unsigned char first, unsigned char second) {
   switch (first) {
     case 0xE0: return second >= 0xA0;

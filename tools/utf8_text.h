@@ -2,7 +2,7 @@
 //
 // UTF-8 text, character by character.
 //
-// Input is checked once, with FirstInvalidByte, when it is read; everything behind that walks over
+// The input is checked once, with FirstInvalidByte, when it is read. All other code may then assume
 // valid text:
 //
 //     for (std::size_t at = 0; at < text.size();) Use(NextCharacter(text, at));
@@ -15,11 +15,11 @@
 
 namespace vellumark::tools {
 
-/// Where the first byte stands that is not part of well-formed UTF-8 (no overlong forms, no
-/// surrogates, nothing beyond U+10FFFF); empty if there is none.
+/// The index of the first byte that is not part of well-formed UTF-8, which has no overlong forms,
+/// no surrogates and nothing beyond U+10FFFF; nothing if all bytes are.
 [[nodiscard]] std::optional<std::size_t> FirstInvalidByte(std::string_view bytes);
 
-/// The character at `at`, which moves behind it. The text must be well-formed.
+/// The character at `at`, which is then moved behind it. The text must be well-formed.
 [[nodiscard]] char32_t NextCharacter(std::string_view text, std::size_t& at);
 
 /// How many characters a well-formed text has.

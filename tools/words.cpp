@@ -16,7 +16,7 @@ FontStyleConstants Combine(FontStyleConstants style, const Span& span) {
   return italic ? Italic : Regular;
 }
 
-// A piece is short, so that cutting an endless word into lines stays linear.
+// A limit on the length of a piece makes the time for breaking an endless word linear.
 constexpr std::size_t kLongestPiece = 200;
 
 class WordMaker {

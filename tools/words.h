@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// Words: what a line is composed of.
+// MakeWords: from spans of text to the words that lines are composed of.
 //
-// A word is what stands between two blanks; it may change its look within, and so consists of
-// pieces of one face and one link each.
+// A word is the text between two blanks. Its look may change within it, so it consists of pieces
+// with one face and one link each.
 //
 //     const std::vector<Word> words = MakeWords(inline_text, faces, measure, missing);
 #pragma once
@@ -29,17 +29,17 @@ struct Piece {
 
 struct Word {
   std::vector<Piece> pieces;
-  std::int64_t width = 0;  ///< in 1/1000 point, without a blank behind it
-  bool ends_line = false;  ///< whatever room is left
+  std::int64_t width = 0;  ///< in 1/1000 point, without the blank behind it
+  bool ends_line = false;  ///< the line ends behind the word
 };
 
-/// What the spans of a block are set in.
+/// The faces that the spans of a block are set in.
 struct BlockFaces {
   Face text;
-  Face code;  ///< its style is combined with the span's
+  Face code;  ///< its style is combined with that of the span
 };
 
-/// Told where a character stands (in the text that was parsed) which the fonts lack.
+/// Called for each character that the fonts lack, with its place in the text of the spans.
 using MissingCharacter = std::function<void(const char* where, char32_t character)>;
 
 [[nodiscard]] std::vector<Word> MakeWords(const InlineText& text, const BlockFaces& faces,

@@ -5,7 +5,7 @@ the logo of the invoice.
 
 usage: make_pictures.py          (needs python3-pil, for GIF and JPG)
 
-BMP files are written here byte by byte, so that every depth and header is at hand.
+BMP files are written byte by byte, so that every depth and header can be made.
 """
 import math
 import pathlib
@@ -38,7 +38,7 @@ def landscape(x, y):
 
 
 def bmp(name, bits, rows, palette=(), compression=0, masks=(), top_down=False):
-    """Writes a BMP file; `rows` are bytes from the top."""
+    """Writes a BMP file; `rows` are the rows as bytes, from the top."""
     order = rows if top_down else rows[::-1]
     data = b"".join(row + bytes(-len(row) % 4) for row in order)
     colors = b"".join(bytes((blue, green, red, 0)) for red, green, blue in palette)
@@ -59,7 +59,7 @@ def packed(indices, bits):
 
 
 def with_palette(picture, colors, dither):
-    """Rows of indices and the palette of `picture` in so many colours."""
+    """Rows of indices and the palette of `picture` in so many colors."""
     mode = Image.Dither.FLOYDSTEINBERG if dither else Image.Dither.NONE
     if colors == 2:
         reduced = picture.convert("1")

@@ -85,8 +85,19 @@ class VELLUMARK_API Document {
   [[nodiscard]] bool Rotated() const;
   void Rotated(bool rotated);
 
+  /// Whether the next document is one that every reader accepts: read by Create and fixed for the
+  /// document. Default false, the classic output, whose bytes never change; docs/output.md compares
+  /// the two.
+  [[nodiscard]] bool Conforming() const;
+  void Conforming(bool conforming);
+
   /// Version of the file format.
   [[nodiscard]] std::string Version() const;
+
+  /// Each character, once, of what was written since Create that a reader will not see as itself,
+  /// in the order of their first appearance. Empty when all is well. In a classic document that
+  /// includes letters beyond ASCII, of which readers show another glyph or none.
+  [[nodiscard]] std::string LostCharacters() const;
 
   // --- The document and its pages. ---
 
@@ -264,6 +275,11 @@ class VELLUMARK_API PDF : public Document {
   void Producer(std::string_view producer);
   [[nodiscard]] std::string Subject() const;
   void Subject(std::string_view subject);
+
+  /// Whether the pages of a conforming document are compressed, which makes it several times
+  /// smaller. Read when a page ends. Default true; a classic document is never compressed.
+  [[nodiscard]] bool Compressed() const;
+  void Compressed(bool compressed);
 
   /// The same with a link over the text; the address is written unescaped, so it must be
   /// percent-encoded.

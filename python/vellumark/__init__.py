@@ -11,9 +11,9 @@
         doc.WriteTitle("Hello from Vellumark")
 
 Positions and sizes are whole points (1/72 inch) from the top left corner of the area inside the
-margins. A drawing or writing method returns False where it refuses what it is asked; LastRefusal
-then says why. Nothing reaches the file before Flush, which the end of a with block calls. A
-document belongs to one thread at a time.
+margins. A drawing or writing method returns False if it refuses the call; LastRefusal then says
+why. Nothing is written to the file before Flush, which the end of a with block calls. Only one
+thread at a time may use a document.
 """
 from ._documents import ENUMERATIONS, PDF, PS, Enumerations, RunTimeError, render
 from ._documents import VERSION as __version__

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The public classes, put together from the member table that _vellumark hands out."""
+"""The public classes, made from the member table that _vellumark provides."""
 from __future__ import annotations
 
 import enum
@@ -20,13 +20,13 @@ ENUMERATIONS: dict[str, type[enum.IntEnum]] = {
 
 
 class _Document:
-    """What documents can do in Python besides the members of the table.
+    """What a document has in Python besides the members of the table.
 
-    There is no __dict__, so that a misspelt property is an AttributeError.
+    There is no __dict__, so a misspelled property is an AttributeError.
     """
 
     __slots__ = ("_document", "__weakref__")
-    _class_name = ""  # PDF or PS, also of a class that a host derives from them
+    _class_name = ""  # "PDF" or "PS", also in a class that is derived from one of them
 
     def __init__(self) -> None:
         self._document = _vellumark.new_document(self._class_name, in_memory=False)
@@ -36,7 +36,7 @@ class _Document:
 
     def __exit__(self, error_class: type[BaseException] | None, error: BaseException | None,
                  trace: types.TracebackType | None) -> None:
-        """Flushes what was created, unless the block raised."""
+        """Flushes a created document, unless the block raised."""
         if error_class is not None:
             self._document.give_up()
         elif self._document.unflushed:
@@ -86,17 +86,17 @@ def render(document_class: type[_AnyDocument],
 
 
 def _flush(document: Any) -> None:
-    """Flushes where no caller can ask for the outcome."""
+    """Flushes, and raises if that fails, because no caller can read LastRefusal."""
     document.Flush()
     if document.LastRefusal:
         raise RuntimeError(document.LastRefusal)
 
 
 def _method(owner: type, member: _vellumark.Member) -> types.FunctionType:
-    """A function with the member's own signature.
+    """A function with the signature of the member.
 
-    So the interpreter itself binds arguments and words the errors, and help() and
-    inspect.signature() show what a method takes.
+    So the interpreter itself binds the arguments and reports wrong calls, and help() and
+    inspect.signature() show the parameters.
     """
     names = "".join(f", {parameter[0]}" for parameter in member.parameters)
     source = f"def {member.name}(self{names}): return _call(self._document{names})"

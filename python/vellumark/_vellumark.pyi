@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The part of the module that is C++; see python/module.cpp. Hosts use vellumark itself."""
+"""The C++ part of the module, see python/module.cpp. Hosts use vellumark itself."""
 import enum
 from typing import Any
 

@@ -70,7 +70,7 @@ TEST_F(Accessors, SettersIgnoreWhatTheyCannotTake) {
   EXPECT_EQ(At(), (Position{595, 842}));
 }
 
-TEST_F(Accessors, AColourComesBackByteForByte) {
+TEST_F(Accessors, AColorComesBackByteForByte) {
   Start();
   for (int byte = 0; byte < 256; ++byte) {
     const auto b = static_cast<std::uint8_t>(byte);
@@ -83,7 +83,7 @@ TEST_F(Accessors, AColourComesBackByteForByte) {
   }
 }
 
-TEST_F(Accessors, BeforeCreateThereIsNoColourToRead) {
+TEST_F(Accessors, BeforeCreateThereIsNoColorToRead) {
   std::uint8_t byte = 0;
   for (const auto read : {&Document::GetColor, &Document::GetFillColor, &Document::GetPageColor}) {
     try {

@@ -14,7 +14,7 @@ class Text : public PdfTest {
   }
 };
 
-TEST_F(Text, IsWrittenAtItsBaselineInFontAndColour) {
+TEST_F(Text, IsWrittenAtItsBaselineInFontAndColor) {
   Start();
   Font(Helvetica, 12);
   doc.SetColor(255, 0, 128);
@@ -63,7 +63,7 @@ TEST_F(Text, MustEndAboveTheBottomMargin) {
   EXPECT_EQ(Why(), RefusalReason::BeyondBottomMargin);
 }
 
-TEST_F(Text, RefusesWhatIsNoAlignment) {
+TEST_F(Text, RefusesAValueThatIsNotAnAlignment) {
   Start();
   for (const int alignment : {-1, 4, 5, 1000}) {
     EXPECT_FALSE(Aligned(alignment));

@@ -28,7 +28,7 @@ std::string Compress(std::string_view text, int level) {
   return Compress({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, level);
 }
 
-// By an inflater that nobody here wrote; empty unless the data ends where the stream does.
+// By zlib; empty unless the data ends where the stream does.
 Bytes Inflate(const std::string& compressed, std::size_t size) {
   Bytes bytes(size + 1);  // one more than expected, to see a surplus
   z_stream stream{};

@@ -43,7 +43,7 @@ void ExpectSameMatches(const Bytes& input, const LevelParameters& parameters) {
         random.Next() % 2 == 0 ? 2 : 3 + static_cast<int>(random.Next() % 40);
     const Match found = lazy->Find(position, best_length);
     const Match expected = plain->Find(position, best_length);
-    // Where nothing longer is found, the length just must not pretend to be longer.
+    // If nothing longer is found, the length only has to be at most the best one.
     if (expected.length > best_length) {
       ASSERT_EQ(found.length, expected.length) << "at " << position;
       ASSERT_EQ(found.start, expected.start) << "at " << position;

@@ -34,7 +34,7 @@ TEST(Ascii85, GroupsRestsAndZeros) {
   const Case cases[] = {
       {{}, "~>"},
       {{0, 0, 0, 0}, "z~>"},
-      {{0}, "!!~>"},  // a rest of zeros is no "z"
+      {{0}, "!!~>"},  // a rest of zeros is not "z"
       {{0, 0, 0}, "!!!!~>"},
       {{0, 0, 0, 1}, "!!!!\"~>"},
       {{255, 255, 255, 255}, "s8W-!~>"},

@@ -1,16 +1,19 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Installs the library and builds README's example against it, as a stranger would.
+"""Installs the library as README and docs/cpp.md tell, and builds hosts against it.
 
 usage: install_test.py SOURCE_FOLDER BUILD_FOLDER
 """
 import os
 import pathlib
 import re
+import shlex
 import subprocess
 import sys
 import tempfile
 import unittest
+
+from exported_symbols import LIST, exported_symbols
 
 SOURCE, BUILD = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3])
 EXAMPLE = SOURCE / "examples" / "first_page.cpp"
@@ -24,14 +27,19 @@ def run(*command, **options):
     return done.stdout
 
 
+def blocks(file, language):
+    return re.findall(rf"```{language}\n(.*?)```", (SOURCE / file).read_text(), re.S)
+
+
 class Install(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.temporary = tempfile.TemporaryDirectory()
         cls.folder = pathlib.Path(cls.temporary.name)
-        # Another prefix than the configured one: the package must work wherever it lies.
+        # Not the configured prefix, and moved: the package must work wherever it lies.
         cls.prefix = cls.folder / "prefix"
-        run("cmake", "--install", BUILD, "--prefix", cls.prefix)
+        run("cmake", "--install", BUILD, "--prefix", cls.folder / "first")
+        (cls.folder / "first").rename(cls.prefix)
 
     @classmethod
     def tearDownClass(cls):
@@ -81,10 +89,71 @@ class Install(unittest.TestCase):
         self.check_page(program)
 
     def test_the_example_in_the_readme_is_the_one_that_is_built(self):
-        shown = re.search(r"```cpp\n(.*?)```", (SOURCE / "README.md").read_text(), re.S)[1]
+        shown = blocks("README.md", "cpp")[0]
         built = "".join(line for line in EXAMPLE.read_text().splitlines(keepends=True)
                         if not line.startswith("//"))
         self.assertEqual(shown, built)
+
+
+class SharedLibrary(unittest.TestCase):
+    """A shared library, built and installed by the lines of docs/cpp.md."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.temporary = tempfile.TemporaryDirectory()
+        cls.folder = pathlib.Path(cls.temporary.name)
+        cls.prefix = cls.folder / "prefix"
+        places = {"build": str(cls.folder / "build"), "/usr/local": str(cls.prefix)}
+        lines = [shlex.split(line) for line in blocks("docs/cpp.md", "sh")[0].splitlines()]
+        configure, build, install = ([places.get(word, word) for word in line]
+                                     for line in lines if line[0] == "cmake")
+        run(*configure, "-S", SOURCE, "-DBUILD_SHARED_LIBS=ON", "-DVELLUMARK_EXAMPLES=OFF")
+        run(*build, "--target", "vellumark")  # what is installed; the rest takes as long again
+        run(*install)
+        cls.library = next(cls.prefix.rglob("libvellumark.so")).resolve()
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.temporary.cleanup()
+
+    def test_it_has_the_major_version_in_its_name(self):
+        self.assertIn("[libvellumark.so.1]", run("readelf", "-d", self.library))
+
+    def test_it_exports_the_names_of_the_list(self):
+        self.assertEqual(exported_symbols(self.library), LIST.read_text().splitlines(),
+                         "if the change is meant: tests/install/exported_symbols.py LIBRARY")
+
+    def test_it_exports_only_what_public_headers_declare(self):
+        headers = "".join(header.read_text() for header in SOURCE.glob("include/vellumark/*.h"))
+        declared = set(re.findall(r"\w+", headers))
+        for name in exported_symbols(self.library):
+            path = re.fullmatch(r"(?:vtable for |typeinfo (?:name )?for )?vellumark::([\w:~=]+)"
+                                r"(?:\(.*)?", name)
+            self.assertIsNotNone(path, name)
+            self.assertLessEqual(set(re.findall(r"\w+", path[1])), declared, name)
+
+    def test_the_readme_has_the_same_lines(self):
+        self.assertIn(blocks("docs/cpp.md", "sh")[0], blocks("README.md", "sh"))
+
+    def host(self, name, cmake, *options):
+        folder = self.folder / name
+        folder.mkdir()
+        (folder / "CMakeLists.txt").write_text(cmake)
+        (folder / "host.cpp").write_text(blocks("docs/cpp.md", "cpp")[0])
+        (folder / "vellumark").symlink_to(SOURCE)
+        run("cmake", "-G", "Ninja", "-S", folder, "-B", folder / "build", *options)
+        return folder / "build"
+
+    def test_the_page_about_cpp_tells_how_to_link(self):
+        installed, fetched, added = blocks("docs/cpp.md", "cmake")
+        build = self.host("installed", installed, f"-DCMAKE_PREFIX_PATH={self.prefix}")
+        run("cmake", "--build", build)
+        done = subprocess.run([build / "host"], capture_output=True, check=True)
+        self.assertTrue(done.stdout.startswith(b"%PDF-1.2"))
+        self.assertIn(b"text is ", done.stderr)
+        for name, cmake in [("fetched", fetched), ("added", added)]:
+            build = self.host(name, cmake, f"-DFETCHCONTENT_SOURCE_DIR_VELLUMARK={SOURCE}")
+            self.assertIn("libvellumark.a", run("ninja", "-C", build, "-t", "query", "host"))
 
 
 if __name__ == "__main__":

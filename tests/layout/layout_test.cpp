@@ -99,10 +99,10 @@ TEST(Alignment, HalvesTruncateTowardZero) {
 
 class Justification : public Widths {
  protected:
-  /// Positions of the words of `text` in Courier 10, "x" in front where the answer was false.
+  /// Positions of the words of `text` in Courier 10, "x" in front if the result was false.
   std::string Positions(std::string_view text, Points width) {
     std::string list;
-    if (!JustifyText(text, width, widths, {Courier, 10, Regular, {}}, line)) list = "x";
+    if (!JustifyText(text, width, ByteSetter(widths), {Courier, 10, Regular, {}}, line)) list = "x";
     for (std::size_t i = 0; i < line.words.size(); ++i) {
       list.append(" ").append(std::to_string(line.positions[i].value()));
     }

@@ -23,7 +23,7 @@ TEST(Resize, FitsIntoTheBoxAndNeverEnlarges) {
   };
   EXPECT_EQ(fit(400, 200), (Size{100, 50}));
   EXPECT_EQ(fit(50, 60), (Size{50, 60}));
-  EXPECT_EQ(fit(50, 400), (Size{12, 100})) << "12.5 is rounded to the even neighbour";
+  EXPECT_EQ(fit(50, 400), (Size{12, 100})) << "12.5 is rounded to the even neighbor";
   EXPECT_EQ(fit(150, 300), (Size{50, 100})) << "to the width first, then to the height";
   EXPECT_EQ(fit(1000, 1), (Size{100, 1})) << "nothing vanishes";
   EXPECT_EQ(layout::Resize({32767, 32766}, {32767, 32767}), (Size{32766, 32766}));
@@ -69,7 +69,7 @@ class PictureTest : public testing::Test {
   std::string reason;
 };
 
-TEST_F(PictureTest, RowsLoseTheirPaddingAndColoursComeRedFirst) {
+TEST_F(PictureTest, RowsLoseTheirPaddingAndColorsComeRedFirst) {
   ASSERT_TRUE(Load(
       BmpFile{.width = 3, .height = 2, .pixels = {1,  2,  3,  4,  5,  6,  7,  8,  9,  0, 0, 0,  //
                                                   11, 12, 13, 14, 15, 16, 17, 18, 19, 0, 0, 0}}

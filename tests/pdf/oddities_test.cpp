@@ -70,7 +70,7 @@ TEST_F(PdfOddities, OnlyParenthesesOfPageTextAreEscaped) {
   EXPECT_TRUE(Has(lines, R"(T* 0 0 0 rg (\101 \(x\)) Tj)"));
 }
 
-TEST_F(PdfOddities, AnEllipseBulgesTowardsTheCornersOfItsBox) {
+TEST_F(PdfOddities, AnEllipseBulgesTowardTheCornersOfItsBox) {
   Start();
   doc.DrawEllipse(100, 100, 50, 20);
   const Lines mark = MarksOfOnlyPage().at(0);

@@ -191,7 +191,7 @@ TEST_F(PdfPictures, AllItsObjectsMustFindNumbers) {
   EXPECT_TRUE(Has(FlushedLines(), "/Size 32768"));
 }
 
-TEST_F(PdfPictures, OddityOnly24BitsAndPalettesDeclareTheirColours) {
+TEST_F(PdfPictures, OddityOnly24BitsAndPalettesDeclareTheirColors) {
   for (const int bits : {16, 32}) {
     Start();
     const BmpFile deep{.bits = bits, .pixels = {1, 2, 3, 4}};
@@ -202,7 +202,7 @@ TEST_F(PdfPictures, OddityOnly24BitsAndPalettesDeclareTheirColours) {
   }
 }
 
-TEST_F(PdfPictures, APlatformFileIsTakenWhereNoBufferHasItsName) {
+TEST_F(PdfPictures, APlatformFileIsTakenIfNoBufferHasItsName) {
   Start();
   EXPECT_TRUE(Draw(std::string(VELLUMARK_PICTURES) + "/landscape.gif"));
   EXPECT_FALSE(Draw(VELLUMARK_PICTURES));

@@ -25,7 +25,7 @@ TEST_F(Shapes, ALineHasItsPenAndTwoPoints) {
             (Lines{"1 0 0 RG", "[3 2] 0 d", "4 w", "50 792 m", "150 792 l", "S"}));
 }
 
-TEST_F(Shapes, ARectangleIsFilledWithTheFillColour) {
+TEST_F(Shapes, ARectangleIsFilledWithTheFillColor) {
   Start();
   doc.SetFillStyle(true);
   doc.SetFillColor(0, 0, 255);

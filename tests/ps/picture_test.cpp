@@ -59,8 +59,8 @@ TEST_F(PsPictures, OddityEveryPictureWithoutAPaletteIsSaidToHaveEightBits) {
 }
 
 TEST_F(PsPictures, OddityRunLengthEndsWithAMarkerOfItsOwn) {
-  const BmpFile grey{.width = 4, .bits = 8, .pixels = {7, 7, 7, 7}};
-  EXPECT_EQ(Drawn(grey, RunLength).at(15), "\xFB\x07\xC7");
+  const BmpFile gray{.width = 4, .bits = 8, .pixels = {7, 7, 7, 7}};
+  EXPECT_EQ(Drawn(gray, RunLength).at(15), "\xFB\x07\xC7");
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What the tests of the Python module share; tests/CMakeLists.txt sets the environment."""
+"""Fixtures of the tests of the Python module. tests/CMakeLists.txt sets the environment."""
 import os
 import pathlib
 
@@ -23,7 +23,7 @@ def document_class(request):
 
 @pytest.fixture
 def doc(document_class):
-    """A document with a page, which is flushed in the end."""
+    """A document with a page; it is flushed at the end."""
     with document_class() as made:
         assert made.Create("doc")
         made.NewPage(50, 50, 50, 50, 255, 255, 255)
@@ -31,7 +31,7 @@ def doc(document_class):
 
 
 def from_cmake(name):
-    """A path that the build knows; a test without it is skipped."""
+    """A path that CMake passes in the environment; without it the test is skipped."""
     if name not in os.environ:
         pytest.skip(f"{name} is not set")
     return pathlib.Path(os.environ[name])

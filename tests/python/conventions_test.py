@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What Python values become on their way in, and what comes back."""
+"""How Python arguments and results are converted."""
 import decimal
 import pathlib
 
@@ -132,7 +132,7 @@ def test_pictures_are_found_by_path(doc):
     assert doc.Create("a\0b") is False
 
 
-def test_a_path_that_raises_is_heard(doc):
+def test_an_exception_of_a_path_is_passed_on(doc):
     class Bad:
         def __fspath__(self):
             raise LookupError("no path today")

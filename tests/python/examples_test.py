@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The documentation's code, the invoice, and a page made from C++ too."""
+"""The code in the documentation, the invoice, and a page that C++ makes too."""
 import pathlib
 import re
 import subprocess
@@ -64,8 +64,8 @@ def test_a_long_invoice_goes_over_pages_with_a_head_on_each():
 
 
 def test_a_row_that_is_wrong_is_named():
-    for row, words in [("1.5,Thing,1", "'1.5'"), ("1,Thing,NaN", "no price: 'NaN'"),
-                       ("1,Thing", "no price: ''")]:
+    for row, words in [("1.5,Thing,1", "'1.5'"), ("1,Thing,NaN", "not a price: 'NaN'"),
+                       ("1,Thing", "not a price: ''")]:
         write_rows("1,Thing,1", row)
         done = subprocess.run([sys.executable, INVOICE, ".", "rows.csv"], capture_output=True,
                               text=True, check=False)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""`cmake --install --component python`: where Python finds the module."""
+"""`cmake --install --component python` installs the module where Python finds it."""
 import os
 import subprocess
 import sys

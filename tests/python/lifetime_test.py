@@ -16,7 +16,7 @@ from conftest import PICTURE
 
 
 def unflushed_warnings(work):
-    """How many documents `work` leaves behind unflushed."""
+    """The number of documents that `work` leaves unflushed."""
     with warnings.catch_warnings(record=True) as caught:
         warnings.simplefilter("always")
         work()
@@ -95,7 +95,7 @@ def test_a_document_collected_unflushed_warns(document_class):
 
 
 def call_everything(doc):
-    """Calls every member with arguments that make sense."""
+    """Calls every member with valid arguments."""
     arguments = {"Create": ("again",), "NewPage": (9, 9, 9, 9, 0, 0, 0), "DrawLine": (0, 0, 9, 9),
                  "DrawRectangle": (0, 0, 9, 9), "DrawCurve": (0, 0, 9, 9, 0, 9),
                  "DrawCircle": (9, 9, 9), "DrawEllipse": (9, 9, 9, 5),
@@ -178,8 +178,8 @@ def test_threads_each_with_their_own_document_make_the_same_files(document_class
     assert len({file.read_bytes() for file in files}) == 1
 
 
-def test_threads_in_one_document_are_told_apart():
-    """Calls go on until two meet; each works or raises, none crashes."""
+def test_a_second_thread_in_a_document_is_refused():
+    """Calls are repeated until two overlap: each works or raises, none crashes."""
     doc = vellumark.PDF()
     doc.Create("shared")
     doc.NewPage(50, 50, 50, 50, 255, 255, 255)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What type checkers are told is what the module does."""
+"""The stub agrees with the module."""
 import pathlib
 import subprocess
 
@@ -7,7 +7,7 @@ import vellumark
 from conftest import SOURCE
 
 PACKAGE = pathlib.Path(vellumark.__file__).parent
-# Filled from the table at run time, or made by pybind11; both are private.
+# These are private: one is filled from the table at run time, the other is made by pybind11.
 PRIVATE = "vellumark\\._documents\\..*\nvellumark\\._vellumark\\..*\n"
 
 

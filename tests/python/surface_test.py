@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The module has what docs/reference.md says, which another test compares with the member table."""
+"""The module has the members of docs/reference.md. Another test compares that with the table."""
 import enum
 import inspect
 import re
@@ -18,7 +18,7 @@ def entries(section):
 
 
 def signatures(section, class_name):
-    """The line of each member in the reference, where the class has it."""
+    """The line of each member in the reference, if the class has it."""
     for name, text in entries(section).items():
         for line in re.search(r"```\n(.*?)```", text, re.S)[1].splitlines():
             only, found = re.match(r"(?:(PDF|PS): )?(.*)", line).groups()

@@ -19,7 +19,7 @@ DEPTHS = (1, 4, 8, 24)
 ENCODINGS = ("ASCII85", "ASCIIHex", "Flate")
 SCALE = 4               # rendered pixels to a pixel of the picture, so that none is mixed
 MARGIN = 20
-ROUNDING = 3            # a reader's own colour arithmetic
+ROUNDING = 3            # a reader's own color arithmetic
 
 
 def source_pixels(bits):
@@ -53,7 +53,7 @@ def rendered(folder, name, command):
 
 
 def farthest(page, pixels):
-    """The greatest difference of a colour between the page and the source, at pixel centres."""
+    """The greatest difference of a color between the page and the source, at pixel centers."""
     width, data = page
     worst = 0
     for y, row in enumerate(pixels):

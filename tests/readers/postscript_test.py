@@ -19,12 +19,12 @@ DIFFERENT_BY_DESIGN = {
     2: "unfilled shapes are white in PDF and open in PostScript; the ellipse bulges in PDF",
     12: "pictures of 16 and 32 bits, and under RunLength, are each language's own",
 }
-# Share of pixels whose grey may differ by more than a third: hairlines fall on other pixels.
+# Share of pixels whose gray may differ by more than a third: hairlines fall on other pixels.
 TOLERANCE = 0.004
 
 
 def render(folder, file):
-    """Pages of a file in grey, as (width, height, bytes), and what Ghostscript complained about."""
+    """Pages of a file in gray, as (width, height, bytes), and what Ghostscript complained about."""
     out = folder / (file.name + "-%d.pgm")
     done = subprocess.run(["gs", "-q", "-dNOPAUSE", "-dBATCH", "-sDEVICE=pgmraw", "-r72",
                            "-dTextAlphaBits=4", "-dGraphicsAlphaBits=4", f"-sOutputFile={out}",
@@ -64,8 +64,8 @@ class PostScript(unittest.TestCase):
         self.assertEqual((len(pages), code, complaints), (PAGES, 0, ""))
 
     def test_every_page_shows_something(self):
-        for page, (_, _, grey) in enumerate(self.ps[0], 1):
-            self.assertGreater(sum(pixel < 128 for pixel in grey), 100, f"page {page}")
+        for page, (_, _, gray) in enumerate(self.ps[0], 1):
+            self.assertGreater(sum(pixel < 128 for pixel in gray), 100, f"page {page}")
 
     def test_pages_look_like_the_pdf_except_where_they_should_not(self):
         for page, (ps, pdf) in enumerate(zip(self.ps[0], self.pdf[0]), 1):

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Opens generated documents with readers that nobody here wrote.
+"""Opens generated documents with other people's readers.
 
 usage: readers_test.py GALLERY_PROGRAM READER_PAGES_PROGRAM
 

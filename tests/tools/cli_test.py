@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Drives the command-line host as a user does and reads its documents with other people's readers.
+"""Runs the command-line host as a user does, and reads its documents with other programs.
 
     cli_test.py VELLUMARK_EXECUTABLE
 
@@ -41,13 +41,13 @@ class CommandLine(unittest.TestCase):
         return subprocess.run([TOOL, *arguments], cwd=self.here, input=stdin, capture_output=True)
 
     def typeset(self, text, *options):
-        """Typesets the text; what was said on standard error."""
+        """Typesets the text, and returns the text on standard error."""
         done = self.run_tool(self.put("in.md", text), "-o", "out.pdf", *options)
         self.assertEqual(done.returncode, 0, done.stderr)
         return done.stderr.decode()
 
     def refused(self, *arguments, stdin=b""):
-        """The one line on standard error of a run that leaves nothing behind."""
+        """The one line on standard error of a run that fails and leaves no file behind."""
         before = sorted(os.listdir(self.here))
         done = self.run_tool(*arguments, stdin=stdin)
         self.assertEqual(done.returncode, 2)
@@ -83,7 +83,7 @@ class CommandLine(unittest.TestCase):
         self.assertEqual(re.findall(r"w\d+", self.text()), words)
         self.assertEqual(self.text().count("Copyright (c) 2026 Vellumark"), int(self.info("Pages")))
 
-    def test_accented_letters_are_found_again(self):
+    def test_poppler_joins_letters_and_accents(self):
         self.typeset("Größe, Übermut, café, Łódź — “so” it's")
         self.assertIn("Größe, Übermut, café, Łódź — “so” it's",
                       unicodedata.normalize("NFC", self.text()))
@@ -188,7 +188,7 @@ class CommandLine(unittest.TestCase):
         self.assertIn("symbolic links", self.refused("in.md", "-o", "round.pdf"))
 
     def start_and_stop_while_writing(self):
-        """A run that is stopped in the middle of writing out.ps; None if it was faster."""
+        """A run that is stopped while it writes out.ps; None if it had ended before."""
         run = subprocess.Popen([TOOL, "in.md", "-o", "out.ps", "--encoding", "hex"],
                                cwd=self.here, stderr=subprocess.PIPE)
         while run.poll() is None:
@@ -320,7 +320,7 @@ class CommandLine(unittest.TestCase):
         self.put(name, header + b"\0\0\0\0\xff\xff\xff\0" + bytes(row * height))
 
     def placed(self):
-        """Page, x, y of the top from the bottom, width and height of every picture, in points."""
+        """Page, left, top (from the bottom of the page), width and height of every picture, in points."""
         found = []
         for line in self.reader("pdfimages", "-list", "out.pdf").decode().splitlines()[2:]:
             found.append(int(line.split()[0]))
@@ -329,7 +329,7 @@ class CommandLine(unittest.TestCase):
         return [(page, *(int(matrix[i]) for i in (2, 3, 0, 1)))
                 for page, matrix in zip(found, matrices)]
 
-    def test_a_picture_of_its_own_is_drawn_centred_in_its_size(self):
+    def test_a_picture_of_its_own_is_drawn_centered_in_its_size(self):
         self.picture("landscape.jpg", "p.jpg")
         for encoding, shown in (("ascii85", b"/ASCII85Decode"), ("hex", b"/ASCIIHexDecode"),
                                 ("runlength", b"/RunLengthDecode"), ("flate", b"/FlateDecode")):
@@ -399,7 +399,7 @@ class CommandLine(unittest.TestCase):
                 self.assertEqual(len(found), len(wanted))
                 self.assertLessEqual(max(abs(a - b) for a, b in zip(found, wanted)), 8)
 
-    def test_help_tells_defaults_and_version_a_number(self):
+    def test_help_shows_the_defaults_and_version_a_number(self):
         told = self.run_tool("--help")
         self.assertEqual((told.returncode, told.stderr), (0, b""))
         for default in (b"[default: a4]", b"[default: 64]", b"[default: times]", b"[default: 11]",

@@ -83,7 +83,7 @@ TEST_F(LineComposition, AWordWiderThanTheLineIsBrokenNotLost) {
   EXPECT_TRUE(lines.at(0).runs.at(0).glyphs.codes.ends_with('/'));
 }
 
-TEST_F(LineComposition, AnAccentIsWrittenRightBehindItsLetterAndCentredOverIt) {
+TEST_F(LineComposition, AnAccentIsWrittenRightBehindItsLetterAndCenteredOverIt) {
   const TextRun run = Compose("fête", 100, false).at(0).runs.at(0);
   const PdfOutput output(std::make_shared<MemoryPlatform>());
   const auto strokes = SplitRun(run, {0, 100, &output}, measure_);

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+//
+// Strings in which any text is literal; parts of a LineBuffer line.
+//
+//     lines.Append(EscapedString{codes}, " Tj");                 // (a\(b\)) Tj
+//     lines.Append("/Title ", TextString{"Bücherei"});           // UTF-16 behind a byte order mark
+//     lines.Append("/URI ", UriString{"https://a.b/Bücher (1)"});   //
+//     (https://a.b/B%C3%BCcher%20\(1\))
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+#include "encoding/eight_bytes.h"
+
+namespace vellumark::pdf {
+
+/// Bytes as they are: what would end the string or be read as another byte (parentheses,
+/// backslash, line ends) is escaped.
+struct EscapedString {
+  std::string_view bytes;
+
+  [[nodiscard]] std::size_t MaxSize() const noexcept { return 2 * bytes.size() + 2; }
+  char* Write(char* to) const noexcept {
+    *to++ = '(';
+    to = WriteInside(bytes, to);
+    *to++ = ')';
+    return to;
+  }
+
+  /// The same without the parentheses around it; at most two bytes for each.
+  static char* WriteInside(std::string_view bytes, char* to) noexcept {
+    // Most text has nothing special: eight bytes at a time are copied as they are.
+    for (; bytes.size() >= 8; bytes.remove_prefix(8)) {
+      const std::uint64_t eight = encoding::LoadEight(bytes.data());
+      const bool special = encoding::HasParenthesis(eight) || encoding::HasByte(eight, '\\') ||
+                           encoding::HasBelow(eight, ' ');
+      if (special) {
+        to = WriteEach(bytes.substr(0, 8), to);
+      } else {
+        std::memcpy(to, &eight, 8);
+        to += 8;
+      }
+    }
+    return WriteEach(bytes, to);
+  }
+
+ private:
+  static char* WriteEach(std::string_view bytes, char* to) noexcept {
+    for (const char c : bytes) {
+      if (c == '(' || c == ')' || c == '\\' || c == '\r' || c == '\n') *to++ = '\\';
+      *to++ = c == '\r' ? 'r' : c == '\n' ? 'n' : c;
+    }
+    return to;
+  }
+};
+
+/// A text of the document's properties: printable ASCII as it is, any other text in UTF-16 behind
+/// its byte order mark. Bytes that are no UTF-8 are U+FFFD, and so is U+001B, which would begin the
+/// name of a language.
+struct TextString {
+  std::string_view utf8;
+
+  [[nodiscard]] std::size_t MaxSize() const noexcept { return 4 * utf8.size() + 4; }
+  char* Write(char* to) const noexcept;
+};
+
+/// A link address: bytes that RFC 3986 has no place for, such as blanks and what is not ASCII, are
+/// written as "%" and two hexadecimal digits. Those that the address has already stay; a "%" that
+/// begins none becomes "%25".
+struct UriString {
+  std::string_view utf8;
+
+  [[nodiscard]] std::size_t MaxSize() const noexcept { return 3 * utf8.size() + 2; }
+  char* Write(char* to) const noexcept;
+};
+
+}  // namespace vellumark::pdf
