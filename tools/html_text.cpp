@@ -81,7 +81,7 @@ class HtmlReader {
   /// A piece for each line.
   void AddText(std::size_t end) {
     while (at_ < end) {
-      const std::size_t line_end = std::min(html_.find('\n', at_), end);
+      const std::size_t line_end = std::min(html_.substr(0, end).find('\n', at_), end);
       std::string text = DecodeEntities(html_.substr(at_, line_end - at_));
       if (line_end < end) text += ' ';
       Add({HtmlPiece::Kind::Text, std::move(text), {}, 0}, std::min(line_end + 1, end));
@@ -98,6 +98,7 @@ class HtmlReader {
   bool SkipUnseen() {
     const std::string_view rest = html_.substr(at_);
     if (rest.starts_with("<!--")) return SkipPast("-->", at_ + 2);
+    if (rest.starts_with("<![CDATA[")) return SkipPast("]]>", at_);
     if (rest.starts_with("<!") || rest.starts_with("<?")) return SkipPast(">", at_);
     return false;
   }
