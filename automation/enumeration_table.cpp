@@ -31,6 +31,7 @@ constexpr EnumerationMember kEncoding[] = {
     Member("ASCIIHex", ASCIIHex),
     Member("RunLength", RunLength),
     Member("Flate", Flate),
+    Member("Original", Original),
 };
 
 using enum FontEffectConstants;

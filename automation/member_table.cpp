@@ -241,6 +241,20 @@ constexpr Member kMembers[] = {
         {"LastRefusal", 43, "Returns why the last call did not do what was asked.",
          "One sentence about the last call of Create, NewPage, Flush or a drawing or writing "
          "method; \"\" if it did what was asked. Reading this property changes nothing."}),
+
+    Property<Document, bool, &Document::Conforming, &Document::Conforming>(
+        {"Conforming", 44, "Returns or sets whether the next document is one for every reader.",
+         "False at first, which gives the classic output, whose bytes never change. Create reads "
+         "it "
+         "and fixes it for the document. docs/output.md compares the two outputs."}),
+    Property<PDF, bool, &PDF::Compressed, &PDF::Compressed>(
+        {"Compressed", 45, "Returns or sets whether pages are compressed.",
+         "True at first. It counts in conforming documents only, and is read when a page ends."}),
+    ReadOnlyProperty<Document, string, &Document::LostCharacters>(
+        {"LostCharacters", 46, "Returns the characters that readers will not see as themselves.",
+         "Each character once, of what was written since Create; \"\" when all is well. In classic "
+         "output these are mainly letters beyond ASCII, of which readers show another glyph or "
+         "none."}),
 };
 
 /// Ids ascend; two rows that share one share the name, and no class has both. A parameter has a

@@ -143,7 +143,8 @@ class Bench {
   static void LoadInto(layout::Picture& picture, const std::string& file) {
     MemoryPlatform platform;
     std::string reason;
-    if (!layout::LoadPicture(platform, file, picture, reason)) Fail("vellumark", reason.c_str());
+    if (!layout::LoadPicture(platform, file, layout::DeepSamples::AsTheyAre, picture, reason))
+      Fail("vellumark", reason.c_str());
   }
 
   template <class WithRaster>

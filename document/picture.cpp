@@ -10,8 +10,10 @@
 namespace vellumark::document {
 namespace {
 
-bool IsEncoding(EncodingConstants encoding) {
-  return encoding >= EncodingConstants::ASCII85 && encoding <= EncodingConstants::Flate;
+/// The last encoding that the document takes: the file's own bytes only in a conforming one.
+EncodingConstants LastEncoding(const State& state) {
+  return state.oddities.DeepSamplesStayAsTheyAre() ? EncodingConstants::Flate
+                                                   : EncodingConstants::Original;
 }
 
 }  // namespace
@@ -24,13 +26,21 @@ FileNote DocumentModel::TryDrawPicture(const PictureFile& file) {
   if (!layout::IsAlignment(file.alignment)) {
     return RefusalNote{RefusalReason::InvalidAlignment, static_cast<std::int32_t>(file.alignment)};
   }
-  if (!IsEncoding(file.encoding)) {
+  const EncodingConstants last = LastEncoding(state_);
+  if (file.encoding < EncodingConstants::ASCII85 || file.encoding > last) {
     return RefusalNote{RefusalReason::InvalidEncoding, static_cast<std::int32_t>(file.encoding),
-                       static_cast<std::int32_t>(EncodingConstants::Flate)};
+                       static_cast<std::int32_t>(last)};
+  }
+  if (!state_.page_open && !state_.oddities.MarksNeedNoPage()) {
+    return RefusalNote{RefusalReason::NoPage};
   }
   layout::Picture picture;
   std::string reason;
-  if (!layout::LoadPicture(platform_, file.name, picture, reason)) {
+  const auto deep = state_.oddities.DeepSamplesStayAsTheyAre() ? layout::DeepSamples::AsTheyAre
+                                                               : layout::DeepSamples::TrueColor;
+  const bool original = file.encoding == EncodingConstants::Original &&
+                        layout::LoadOriginal(platform_, file.name, picture);
+  if (!original && !layout::LoadPicture(platform_, file.name, deep, picture, reason)) {
     return {RefusalReason::PictureNotLoaded, std::string(file.name) + ": " + reason};
   }
   const layout::Size size = PictureSize({picture.width, picture.height});

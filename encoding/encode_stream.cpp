@@ -27,6 +27,7 @@ std::string EncodeStream(std::span<const std::uint8_t> data, EncodingConstants e
     case EncodingConstants::Flate:
       Zlib::Encode(size, data, encoded_size, encoded, kStreamLevel);
       break;
+    case EncodingConstants::Original: break;  // not an encoding of samples
   }
   return encoded;
 }

@@ -20,7 +20,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Picture picture;
   std::string reason;
   try {
-    if (!vellumark::layout::LoadPicture(memory, "picture", picture, reason)) {
+    if (!vellumark::layout::LoadPicture(
+            memory, "picture", vellumark::layout::DeepSamples::AsTheyAre, picture, reason)) {
       if (reason.empty()) std::abort();
       return 0;
     }

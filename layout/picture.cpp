@@ -56,6 +56,50 @@ void TakeSamples(Dib& dib, Picture& picture) {
   picture.samples.resize(length * height);
 }
 
+/// Five bits of a part as eight.
+std::uint8_t Widened(unsigned part) noexcept {
+  return static_cast<std::uint8_t>((part & 31U) << 3U | (part & 31U) >> 2U);
+}
+
+/// A row of 16, 24 or 32 bits as red, green, blue.
+void WriteTrueColor(std::span<const std::uint8_t> row, std::size_t bytes_per_pixel,
+                    std::uint8_t* to) noexcept {
+  for (std::size_t at = 0; at < row.size(); at += bytes_per_pixel, to += 3) {
+    if (bytes_per_pixel == 2) {
+      const unsigned pixel = row[at] | unsigned{row[at + 1]} << 8U;
+      to[0] = Widened(pixel >> 10U);
+      to[1] = Widened(pixel >> 5U);
+      to[2] = Widened(pixel);
+    } else {
+      const std::uint8_t blue = row[at];
+      const std::uint8_t green = row[at + 1];
+      to[0] = row[at + 2];
+      to[1] = green;
+      to[2] = blue;
+    }
+  }
+}
+
+/// At 24 bits per pixel, whatever the file has.
+void TakeTrueColor(Dib& dib, Picture& picture) {
+  const std::size_t bytes_per_pixel = dib.BitsPerPixel() / 8U;
+  const auto scan_width = static_cast<std::size_t>(dib.ImageScanWidth());
+  const auto width = static_cast<std::size_t>(dib.ImageWidth());
+  const auto height = static_cast<std::size_t>(dib.ImageHeight());
+  picture.bits_per_pixel = 24;
+  std::vector<std::uint8_t> pixels = dib.TakePixels();
+  const bool grows = bytes_per_pixel < 3;
+  std::vector<std::uint8_t> wider(grows ? 3 * width * height : 0);
+  std::vector<std::uint8_t>& samples = grows ? wider : pixels;
+  for (std::size_t r = 0; r < height; ++r) {
+    // Where a row shrinks it is written over itself or over rows that are done.
+    WriteTrueColor({pixels.data() + r * scan_width, width * bytes_per_pixel}, bytes_per_pixel,
+                   samples.data() + r * 3 * width);
+  }
+  samples.resize(3 * width * height);
+  picture.samples = std::move(samples);
+}
+
 }  // namespace
 
 void ShiftFirstBytes(std::span<std::uint8_t> row, std::uint8_t& pushed_out) noexcept {
@@ -67,14 +111,33 @@ void ShiftFirstBytes(std::span<std::uint8_t> row, std::uint8_t& pushed_out) noex
   pushed_out = from_right;
 }
 
-bool LoadPicture(Platform& platform, std::string_view file, Picture& picture, std::string& reason) {
+bool LoadPicture(Platform& platform, std::string_view file, DeepSamples deep, Picture& picture,
+                 std::string& reason) {
   Dib dib;
   if (!dib.Load(platform, file, reason)) return false;
   picture.width = dib.ImageWidth();
   picture.height = dib.ImageHeight();
   picture.bits_per_pixel = dib.BitsPerPixel();
   if (picture.HasPalette()) TakePalette(dib, picture);
-  TakeSamples(dib, picture);
+  if (deep == DeepSamples::TrueColor && picture.bits_per_pixel > 8) {
+    TakeTrueColor(dib, picture);
+  } else {
+    TakeSamples(dib, picture);
+  }
+  return true;
+}
+
+bool LoadOriginal(Platform& platform, std::string_view file, Picture& picture) {
+  std::vector<std::uint8_t> bytes;
+  std::string reason;
+  if (!platform.ReadPicture(file, bytes, reason)) return false;
+  const std::optional<JpegHeader> header = ReadJpegHeader(bytes);
+  if (!header) return false;
+  picture.width = header->width;
+  picture.height = header->height;
+  picture.bits_per_pixel = static_cast<std::uint8_t>(8 * header->components);
+  picture.jpeg = *header;
+  picture.original = std::move(bytes);
   return true;
 }
 

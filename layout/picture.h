@@ -4,7 +4,8 @@
 //
 //     Picture picture;
 //     std::string reason;
-//     if (!LoadPicture(platform, "logo.bmp", picture, reason)) ...
+//     if (!LoadPicture(platform, "logo.bmp", DeepSamples::AsTheyAre, picture, reason)) ...
+//     if (!LoadOriginal(platform, "photo.jpg", picture, reason)) ...        // the file's own bytes
 //
 // Samples are the picture's rows from the bottom upwards, without padding:
 //
@@ -23,7 +24,15 @@
 
 #include <vellumark/platform.h>
 
+#include "layout/jpeg_header.h"
+
 namespace vellumark::layout {
+
+/// What becomes of pictures of 16 and 32 bits per pixel.
+enum class DeepSamples {
+  AsTheyAre,  ///< classic output (document/oddities.h)
+  TrueColor,  ///< 24 bits
+};
 
 struct Picture {
   std::int16_t width = 0;   ///< pixels
@@ -32,13 +41,22 @@ struct Picture {
   std::vector<std::uint8_t> palette;  ///< at 8 bits per pixel or fewer
   std::vector<std::uint8_t> samples;
 
-  [[nodiscard]] bool HasPalette() const noexcept { return bits_per_pixel <= 8; }
+  /// Instead of samples: a whole JPG file, and what its header says.
+  std::vector<std::uint8_t> original;
+  JpegHeader jpeg;
+
+  [[nodiscard]] bool HasPalette() const noexcept { return original.empty() && bits_per_pixel <= 8; }
 };
 
 /// Returns false, with a `reason` and `picture` unchanged, if the platform cannot load the file.
-/// Rows are counted in 16 bits: one of more than 32,767 bytes, such as 10,923 pixels of 24 bits,
-/// raises run-time error 6 unless it has a palette.
-bool LoadPicture(Platform& platform, std::string_view file, Picture& picture, std::string& reason);
+/// With samples as they are, rows are counted in 16 bits: one of more than 32,767 bytes, such as
+/// 10,923 pixels of 24 bits, raises run-time error 6 unless it has a palette.
+bool LoadPicture(Platform& platform, std::string_view file, DeepSamples deep, Picture& picture,
+                 std::string& reason);
+
+/// Takes the bytes of a JPG file that every reader understands, and its size. Returns false, with
+/// `picture` unchanged, for any other file, and if the platform does not read it.
+bool LoadOriginal(Platform& platform, std::string_view file, Picture& picture);
 
 /// What becomes of a row at 16 bits per pixel, on purpose: the exchange of a pixel's first and
 /// third byte, made for three bytes a pixel, moves the first byte of every pixel one pixel to the

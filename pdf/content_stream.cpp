@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pdf/content_stream.h"
 
+#include <algorithm>
+
 #include "pdf/syntax.h"
 
 namespace vellumark::pdf {
@@ -52,6 +54,7 @@ void PdfWriter::BackToMark() noexcept {
   objects_.annotations.resize(mark_.annotations);
   objects_.page_annotations = mark_.page_annotations;
   objects_.images.resize(mark_.images);
+  objects_.image_keys.resize(std::min(mark_.images, objects_.image_keys.size()));
   objects_.state_saved = mark_.state_saved;
   if (mark_.page_ended) std::swap(page_, marked_page_);
   mark_.page_ended = false;

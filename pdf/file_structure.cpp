@@ -57,6 +57,9 @@ void PdfWriter::BeginDocument(const LocalTime& now) {
   objects_.images.clear();
   objects_.page_nodes.clear();
   objects_.fonts_used = {};
+  objects_.image_keys.clear();
+  image_indices_.clear();
+  least_version_ = 2;
   header_ = lines_.Append("%PDF-1.2");
   lines_.Append("%\xE2\xE3\xCF\xD3");  // four bytes above 127 tell transfer programs: binary
   WriteInformation(now);

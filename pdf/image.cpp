@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// A picture (PDF Reference 1.2, chapter 8): a content stream that paints it, the image, and for up
-// to 8 bits per pixel its palette.
+// A picture (PDF Reference, chapter 4): the operators that paint it, the image, and for up to 8
+// bits per pixel its palette.
 //
 //     100 0 0 -50 50 792 cm          n 0 obj                          n+2 0 obj
 //     /I0 Do                         << /Type /XObject                << /Length n+3 0 R
@@ -15,11 +15,18 @@
 //                                    stream <samples> endstream
 //                                    endobj
 //
+// In a conforming document the length and the palette stand in the image's dictionary, and a
+// picture that was drawn before is the same image again.
+//
 // Samples begin with the bottom row. The unit square of the image is mapped downwards from its
-// place (the negative fourth number of "cm"), so that this row comes to lie at the bottom.
+// place (the negative fourth number of "cm"), so that this row comes to lie at the bottom. A JPG's
+// own bytes begin with the top row.
+#include "document/picture_data.h"
+#include "encoding/content_hash.h"
 #include "encoding/encode_stream.h"
 #include "pdf/content_stream.h"
 #include "pdf/syntax.h"
+#include "pdf/text_string.h"
 
 namespace vellumark::pdf {
 namespace {
@@ -30,49 +37,130 @@ std::string_view FilterName(EncodingConstants encoding) {
     case EncodingConstants::ASCIIHex: return "/ASCIIHexDecode";
     case EncodingConstants::RunLength: return "/RunLengthDecode";
     case EncodingConstants::Flate: return "/FlateDecode";
+    case EncodingConstants::Original: return "/DCTDecode";
   }
   return {};
+}
+
+std::string_view AsText(std::span<const std::uint8_t> bytes) {
+  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+/// What two pictures share if they are the same one under the same encoding.
+std::array<std::uint8_t, 16> KeyOf(const layout::Picture& picture, EncodingConstants encoding) {
+  encoding::ContentHash hash;
+  const std::string kind = std::to_string(picture.width) + ' ' + std::to_string(picture.height) +
+                           ' ' + std::to_string(picture.bits_per_pixel) + ' ' +
+                           std::to_string(static_cast<int>(encoding)) + ' ' +
+                           std::to_string(picture.original.size());
+  hash.Add(kind);
+  hash.Add(AsText(picture.palette));
+  hash.Add(AsText(picture.samples));
+  hash.Add(AsText(picture.original));
+  return hash.Value();
 }
 
 }  // namespace
 
 void PdfWriter::DrawImage(const layout::Picture& picture, const document::PicturePlace& place) {
-  const std::size_t index = objects_.images.size();
+  const bool classic = state_.oddities.EachMarkIsAStream();
+  std::size_t index = objects_.images.size();
+  if (!classic) index = ImageOf(picture, place.encoding);
   WriteMark(MarkKind::Image, [&] {
-    Content().Append(place.width, " 0 0 -", place.height, ' ', place.top_left.x, ' ',
-                     place.top_left.y, " cm");
+    if (picture.original.empty()) {
+      Content().Append(place.width, " 0 0 -", place.height, ' ', place.top_left.x, ' ',
+                       place.top_left.y, " cm");
+    } else {
+      Content().Append(place.width, " 0 0 ", place.height, ' ', place.top_left.x, ' ',
+                       place.top_left.y - place.height, " cm");
+    }
     Content().Append("/I", index, " Do");
   });
+  if (!classic) return;
   const int image = BeginObject();
-  WriteImageDictionary(image, picture, place.encoding);
+  const document::PictureData data =
+      document::EncodePicture(picture, place.encoding, state_.oddities);
+  WriteImageDictionary(image, picture, data);
   objects_.images.push_back(image);
-  WriteEncodedStream(picture.samples, place.encoding);
+  WriteEncodedStream(data.bytes);
   if (picture.HasPalette()) {
     BeginStreamObject(place.encoding);
-    WriteEncodedStream(picture.palette, place.encoding);
+    WriteEncodedStream(encoding::EncodeStream(picture.palette, place.encoding));
   }
 }
 
+/// The index of a picture's image, which is written the first time.
+std::size_t PdfWriter::ImageOf(const layout::Picture& picture, EncodingConstants encoding) {
+  const ImageKey key = KeyOf(picture, encoding);
+  const auto known = image_indices_.find(key);
+  // A call that was taken back leaves its keys behind.
+  if (known != image_indices_.end() && known->second < objects_.images.size() &&
+      objects_.image_keys[known->second] == key) {
+    return known->second;
+  }
+  const std::size_t index = objects_.images.size();
+  document::PictureData data = document::EncodePicture(picture, encoding, state_.oddities);
+  const int image = BeginObject();
+  WriteImageDictionary(image, picture, data);
+  lines_.Append("stream");
+  lines_.AppendOwned(std::move(data.bytes));
+  lines_.Append("endstream");
+  lines_.Append("endobj");
+  image_indices_[key] = index;
+  objects_.image_keys.resize(index);
+  objects_.image_keys.push_back(key);
+  objects_.images.push_back(image);
+  if (picture.jpeg.progressive) least_version_ = std::max(least_version_, 3);
+  return index;
+}
+
 void PdfWriter::WriteImageDictionary(int image, const layout::Picture& picture,
-                                     EncodingConstants encoding) {
+                                     const document::PictureData& data) {
+  const bool classic = state_.oddities.EachMarkIsAStream();
   lines_.Append("<<");
   lines_.Append("/Type /XObject");
   lines_.Append("/Subtype /Image");
-  lines_.Append("/Name /I", objects_.images.size());
+  if (classic) lines_.Append("/Name /I", objects_.images.size());
   lines_.Append("/Width ", picture.width);
   lines_.Append("/Height ", picture.height);
   if (picture.HasPalette()) {
     const int last_index = (1 << picture.bits_per_pixel) - 1;
     lines_.Append("/BitsPerComponent ", picture.bits_per_pixel);
-    lines_.Append("/ColorSpace [ /Indexed /DeviceRGB ", last_index, ' ', Reference{image + 2},
-                  " ]");
+    if (classic) {
+      lines_.Append("/ColorSpace [ /Indexed /DeviceRGB ", last_index, ' ', Reference{image + 2},
+                    " ]");
+    } else {
+      lines_.Append("/ColorSpace [ /Indexed /DeviceRGB ", last_index, ' ',
+                    EscapedString{AsText(picture.palette)}, " ]");
+    }
+  } else if (!picture.original.empty()) {
+    WriteJpegColors(picture.jpeg);
   } else if (picture.bits_per_pixel == 24) {
     lines_.Append("/BitsPerComponent 8");
     lines_.Append("/ColorSpace /DeviceRGB");
   }
-  lines_.Append("/Filter ", FilterName(encoding));
-  lines_.Append("/Length ", Reference{image + 1});
+  lines_.Append("/Filter ", FilterName(data.filter));
+  if (data.predicted) {
+    const bool colors = picture.bits_per_pixel == 24;
+    lines_.Append("/DecodeParms << /Predictor 15 /Colors ", colors ? 3 : 1, " /BitsPerComponent ",
+                  colors ? 8 : picture.bits_per_pixel, " /Columns ", picture.width, " >>");
+  }
+  if (classic) {
+    lines_.Append("/Length ", Reference{image + 1});
+  } else {
+    lines_.Append("/Length ", data.bytes.size());
+  }
   lines_.Append(">>");
+}
+
+void PdfWriter::WriteJpegColors(const layout::JpegHeader& jpeg) {
+  lines_.Append("/BitsPerComponent 8");
+  switch (jpeg.components) {
+    case 1: lines_.Append("/ColorSpace /DeviceGray"); break;
+    case 3: lines_.Append("/ColorSpace /DeviceRGB"); break;
+    default: lines_.Append("/ColorSpace /DeviceCMYK"); break;
+  }
+  if (jpeg.inverted) lines_.Append("/Decode [1 0 1 0 1 0 1 0]");
 }
 
 int PdfWriter::BeginStreamObject(EncodingConstants encoding) {
@@ -84,11 +172,11 @@ int PdfWriter::BeginStreamObject(EncodingConstants encoding) {
   return number;
 }
 
-/// The stream of an object whose dictionary is written, and its length.
-void PdfWriter::WriteEncodedStream(std::span<const std::uint8_t> data, EncodingConstants encoding) {
+/// The stream of a classic object whose dictionary is written, and its length.
+void PdfWriter::WriteEncodedStream(std::string bytes) {
   lines_.Append("stream");
   const std::int64_t start = Position();
-  lines_.AppendOwned(encoding::EncodeStream(data, encoding));
+  lines_.AppendOwned(std::move(bytes));
   const std::int64_t end = Position();
   lines_.Append("endstream");
   lines_.Append("endobj");

@@ -23,12 +23,14 @@
 #pragma once
 
 #include <array>
+#include <map>
 #include <numbers>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "document/line_buffer.h"
+#include "document/picture_data.h"
 #include "document/state.h"
 #include "document/writer.h"
 #include "pdf/graphics_state.h"
@@ -84,6 +86,9 @@ class PdfWriter final : public document::Writer {
   void DrawImage(const layout::Picture& picture, const document::PicturePlace& place) override;
 
  private:
+  /// Tells pictures apart.
+  using ImageKey = std::array<std::uint8_t, 16>;
+
   /// What a mark does with the graphics state of its stream, if it has one of its own.
   enum class MarkKind { Shape, Text, Image };
 
@@ -101,9 +106,10 @@ class PdfWriter final : public document::Writer {
     std::size_t page_annotations = 0;  // likewise for links
     int info = 0;
     int resources = 0;
-    std::vector<int> fonts;    // of a classic document
-    std::vector<int> images;   // of the whole document
-    bool state_saved = false;  // a "q" is open
+    std::vector<int> fonts;            // of a classic document
+    std::vector<int> images;           // of the whole document
+    std::vector<ImageKey> image_keys;  // likewise, of a conforming document
+    bool state_saved = false;          // a "q" is open
     std::array<bool, kFontResources> fonts_used{};
   };
 
@@ -146,9 +152,12 @@ class PdfWriter final : public document::Writer {
   int WritePageTree();
 
   // image.cpp
-  void WriteImageDictionary(int image, const layout::Picture& picture, EncodingConstants encoding);
+  std::size_t ImageOf(const layout::Picture& picture, EncodingConstants encoding);
+  void WriteImageDictionary(int image, const layout::Picture& picture,
+                            const document::PictureData& data);
+  void WriteJpegColors(const layout::JpegHeader& jpeg);
   int BeginStreamObject(EncodingConstants encoding);
-  void WriteEncodedStream(std::span<const std::uint8_t> data, EncodingConstants encoding);
+  void WriteEncodedStream(std::string bytes);
 
   // content_stream.cpp
   int BeginObject();
@@ -188,7 +197,9 @@ class PdfWriter final : public document::Writer {
   const document::State& state_;
   document::LineBuffer& lines_;
   Objects objects_;
-  std::size_t header_ = 0;  // line of the header
+  std::size_t header_ = 0;                         // line of the header
+  int least_version_ = 2;                          // of PDF 1.x, which the document needs
+  std::map<ImageKey, std::size_t> image_indices_;  // of a conforming document
 
   // The marks of the open page of a conforming document, and what they have in force.
   document::LineBuffer page_{document::LineEnd::Lf};

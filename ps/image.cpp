@@ -29,6 +29,7 @@ std::string_view Filter(EncodingConstants encoding) {
     case EncodingConstants::ASCIIHex: return "  /ASCIIHexDecode filter";
     case EncodingConstants::RunLength: return "  /RunLengthDecode filter";
     case EncodingConstants::Flate: return "  /FlateDecode filter";
+    case EncodingConstants::Original: return "  /DCTDecode filter";
   }
   return {};
 }

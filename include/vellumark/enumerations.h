@@ -34,6 +34,7 @@ enum class EncodingConstants : std::int32_t {
   ASCIIHex = 2,
   RunLength = 3,
   Flate = 4,
+  Original = 5,  ///< conforming documents only: a JPG file's own bytes, Flate for other kinds
 };
 
 /// A line drawn with a text.

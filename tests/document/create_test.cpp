@@ -53,7 +53,8 @@ TEST_F(Create, AFileThatIsOpenCannotBeCreatedAgain) {
   PDF second(memory);
   EXPECT_FALSE(second.Create("doc"));
   EXPECT_EQ(second.LastRefusal().reason, RefusalReason::FileNotCreated);
-  EXPECT_EQ(second.LastRefusal().sentence, "the file cannot be created: doc: Device or resource busy");
+  EXPECT_EQ(second.LastRefusal().sentence,
+            "the file cannot be created: doc: Device or resource busy");
   EXPECT_FALSE(doc.Create("doc")) << "nor by the document that has it open";
   EXPECT_EQ(FlushedLines().back(), "%%EOF") << "which goes on undisturbed";
   EXPECT_TRUE(second.Create("doc"));
@@ -68,7 +69,8 @@ TEST_F(Create, MarginsThatLeaveNoRoomAreNotTaken) {
   };
   EXPECT_EQ(margins_after(300, 0, 300, 0), std::tuple(10, 10, 10, 10));
   EXPECT_EQ(doc.LastRefusal().sentence,
-            "two opposite margins are 600 points together, but at most 574 points leave room on the page; "
+            "two opposite margins are 600 points together, but at most 574 points leave room on "
+            "the page; "
             "the page has the previous margins");
   EXPECT_EQ(margins_after(275, 0, 300, 0), std::tuple(10, 10, 10, 10));
   EXPECT_EQ(margins_after(32767, 0, 32767, 0), std::tuple(10, 10, 10, 10)) << "sum overflows";

@@ -81,12 +81,11 @@ std::vector<Call<AnyDocument>> Calls() {
       new_page,
       [](AnyDocument& doc) {
         doc.SetFont(FontNumberConstants::Helvetica, 9, {}, FontEffectConstants::Underline);
-        return doc.WriteText("underlined (\xC3\xA9)", true);
-      },
-      [](AnyDocument& doc) {
         doc.SetPictureDimensions(20, 20);
-        return doc.DrawPicture(VELLUMARK_PICTURES "/landscape_8.bmp");
-      }};
+        return true;
+      },
+      [](AnyDocument& doc) { return doc.WriteText("underlined (\xC3\xA9)", true); },
+      [](AnyDocument& doc) { return doc.DrawPicture(VELLUMARK_PICTURES "/landscape_8.bmp"); }};
   if constexpr (std::is_same_v<AnyDocument, PDF>) {
     calls.push_back([](AnyDocument& doc) {
       return doc.WriteText("linked", true, 0, {}, "https://example.org/");

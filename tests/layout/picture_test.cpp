@@ -61,7 +61,7 @@ class PictureTest : public testing::Test {
  protected:
   bool Load(const std::string& file) {
     memory.PutFile("picture", file);
-    return layout::LoadPicture(memory, "picture", picture, reason);
+    return layout::LoadPicture(memory, "picture", layout::DeepSamples::AsTheyAre, picture, reason);
   }
 
   MemoryPlatform memory;
@@ -121,13 +121,14 @@ TEST_F(PictureTest, ARowIsCountedInSixteenBits) {
 TEST_F(PictureTest, AFileThatCannotBeLoadedLeavesThePictureAsItWas) {
   picture.width = 77;
   picture.samples = {1, 2};
-  EXPECT_FALSE(layout::LoadPicture(memory, "/no/such/file", picture, reason));
+  EXPECT_FALSE(layout::LoadPicture(memory, "/no/such/file", layout::DeepSamples::AsTheyAre, picture,
+                                   reason));
   EXPECT_EQ(reason, "No such file or directory");
   EXPECT_EQ(picture.width, 77);
   EXPECT_EQ(picture.samples.size(), 2U);
   HalfPlatform half;
   half.PutFile("a.bmp", PlainBmp(2, 2));
-  EXPECT_FALSE(layout::LoadPicture(half, "a.bmp", picture, reason));
+  EXPECT_FALSE(layout::LoadPicture(half, "a.bmp", layout::DeepSamples::AsTheyAre, picture, reason));
   EXPECT_EQ(picture.width, 77);
 }
 

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+//
+// PictureData: the samples of a picture as the data of a stream, in whichever page language.
+//
+//     const PictureData data = EncodePicture(picture, EncodingConstants::Flate, oddities);
+//     lines.Append("/Filter ", FilterName(data.filter));
+//
+// In a classic document the samples go through the filter that was asked for. In a conforming one
+// run-length data end as the filter wants; Flate takes the PNG predictors if that is smaller; and
+// Original is the JPG file itself, or Flate for a picture that has no such file.
+#pragma once
+
+#include <string>
+
+#include <vellumark/enumerations.h>
+
+#include "document/oddities.h"
+#include "layout/picture.h"
+
+namespace vellumark::document {
+
+struct PictureData {
+  EncodingConstants filter = EncodingConstants::ASCII85;  ///< Original: the filter of JPG data
+  bool predicted = false;                                 ///< each row begins with its predictor
+  std::string bytes;  ///< end marker included; room for a line end behind them
+};
+
+[[nodiscard]] PictureData EncodePicture(const layout::Picture& picture, EncodingConstants encoding,
+                                        const Oddities& oddities);
+
+}  // namespace vellumark::document
