@@ -57,7 +57,7 @@ void PsWriter::WriteHeaderComments(const LocalTime& now) {
   lines_.Append("%%EndComments");
 }
 
-/// The whole page, margins included, filled and outlined in the page colour.
+/// The whole page, margins included, filled and outlined in the page color.
 void PsWriter::PaintBackground() {
   RectanglePath({0, state_.page.height}, state_.page.width, state_.page.height);
   Fill(state_.page_color.view());

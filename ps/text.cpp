@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// A text run: font, colour, place and string.
+// A text run: font, color, place and string.
 #include "layout/font.h"
 #include "ps/oddities.h"
 #include "ps/ps_writer.h"
