@@ -12,6 +12,7 @@
 // A line of moved words is one operator, in which numbers (1/1000 em) take the place of gaps:
 //
 //     0 -14 Td[(moved )-250(words)]TJ
+#include "document/font_resource.h"
 #include "document/pasted_string.h"
 #include "layout/font.h"
 #include "layout/rounding.h"
@@ -23,19 +24,6 @@ namespace vellumark::pdf {
 
 using document::PagePoint;
 using layout::EncodedRun;
-
-namespace {
-
-/// Appends a part of a line to a text.
-template <class Part>
-void AppendTo(std::string& text, const Part& part) {
-  const std::size_t size = text.size();
-  text.resize(size + part.MaxSize());
-  const char* const end = part.Write(text.data() + size);
-  text.resize(static_cast<std::size_t>(end - text.data()));
-}
-
-}  // namespace
 
 void PdfWriter::ShowText(std::span<const EncodedRun> runs, PagePoint baseline) {
   if (state_.oddities.EachMarkIsAStream()) {
@@ -54,7 +42,7 @@ void PdfWriter::ShowText(std::span<const EncodedRun> runs, PagePoint baseline) {
     SetFillColor(state_.color);
     MoveText(baseline);
     for (const EncodedRun& run : runs) {
-      SetTextFont(FontResource(run.encoding));
+      SetTextFont(document::FontResource(state_.font, run.encoding));
       page_.Append(EscapedString{run.bytes}, "Tj");
     }
   });
@@ -94,11 +82,11 @@ void PdfWriter::ShowWords(std::span<const document::PlacedWord> words, PagePoint
       std::int64_t gap = start - reached;
       reached = start;
       for (const EncodedRun& run : word.runs) {
-        const int resource = FontResource(run.encoding);
+        const int resource = document::FontResource(state_.font, run.encoding);
         if (graphics_.font != resource || graphics_.font_height != state_.font.height) show();
         SetTextFont(resource);
         if (gap != 0) array_.append(std::to_string(-gap));
-        AppendTo(array_, EscapedString{run.bytes});
+        document::AppendTo(array_, EscapedString{run.bytes});
         reached += run.width;
         gap = 0;
       }
