@@ -26,7 +26,7 @@ Vellumark begin
 /q{0 v .552285 mul u .447715 mul v u v rcurveto u .552285 mul 0 u v .447715 mul neg u v neg rcurveto}bd
 /E{/v exch def/u exch def newpath exch u sub exch moveto q/u u neg def/v v neg def q closepath}bd
 /A{newpath 4 index 4 index moveto arc closepath}bd
-/f/selectfont load def
+/f{scalefont setfont}bd
 /T{moveto show}bd
 /t/show load def
 /J{/y exch def{dup type/stringtype eq{show}{y moveto}ifelse}forall}bd
