@@ -24,7 +24,7 @@ struct Enumeration {
   std::span<const EnumerationMember> members;  ///< in the order that editors list them
 };
 
-/// The member with that value; null where there is none.
+/// The member with that value; null if there is none.
 [[nodiscard]] const EnumerationMember* FindMember(const Enumeration& enumeration,
                                                   std::int32_t value) noexcept;
 
@@ -33,7 +33,7 @@ struct Enumeration {
 
 namespace detail {
 
-/// The place of `E` among the types `All`; -1 where it is none of them.
+/// The place of `E` among the types `All`; -1 if it is not one of them.
 template <class E, class... All>
 constexpr int PlaceAmong() noexcept {
   int place = 0;
@@ -54,7 +54,7 @@ extern const Enumeration enumerations[8];
 /// The description of the C++ enumeration `E`.
 template <class E>
 [[nodiscard]] constexpr const Enumeration* Describe() noexcept {
-  static_assert(detail::kPlace<E> >= 0, "no public enumeration");
+  static_assert(detail::kPlace<E> >= 0, "not a public enumeration");
   return &detail::enumerations[detail::kPlace<E>];
 }
 

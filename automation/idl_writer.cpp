@@ -49,7 +49,7 @@ std::string TypeName(const ValueType& type) {
   return std::string("enum ").append(type.enumeration->name);
 }
 
-/// No typedef: widl would give the members to a nameless enumeration beside an alias.
+/// No typedef: widl would give the members to a nameless enumeration and add an alias of the name.
 void WriteEnumeration(IdlText& idl, const Enumeration& enumeration) {
   idl << "  [helpstring(";
   idl.Quote(enumeration.help) << ")]\n  enum " << enumeration.name << " {\n";

@@ -27,10 +27,10 @@ value shown.
 | String | String | `str` | |
 | ...Constants | Long, 32 bits | `int` or `IntEnum` | any; see each member |
 
-`out` marks a parameter that receives an answer: a variable on Windows, an element of the result in
-Python. What the variable held before is not looked at.
+`out` marks a parameter that returns a value: through a variable on Windows, as an element of the
+result in Python. What the variable held before is ignored.
 
-A drawing or writing method answers True when it wrote something, and False when it refused an
+A drawing or writing method returns True when it wrote something, and False when it refused an
 argument or met a run-time error; `LastRefusal` then says why.
 )";
 
@@ -95,13 +95,13 @@ std::string Signature(const Member& member) {
   return text;
 }
 
-/// The classes that have a row, where not both do.
+/// The class that has a row, if only one does.
 std::string_view OnlyClass(const Member& member) {
   if (member.of_pdf && member.of_ps) return "";
   return member.of_pdf ? "PDF: " : "PS: ";
 }
 
-/// The rows of one name, all of which say the same in words.
+/// The rows of one name, which have the same help and remarks.
 void AppendEntry(std::string& page, std::span<const Member> rows) {
   page += "\n### ";
   page += rows.front().name;

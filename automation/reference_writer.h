@@ -2,7 +2,7 @@
 //
 // Writes docs/reference.md: every member and every enumeration, for hosts of any language.
 //
-// The page is kept in the tree so that it can be read there; a test fails where it is no longer
+// The page is kept in the tree so that it can be read there. A test fails when it no longer says
 // what the tables say, and `./dev reference` writes it anew.
 #pragma once
 

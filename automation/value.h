@@ -13,7 +13,7 @@
 //     Boolean      bool            Boolean
 //     Single       float           Single           degrees
 //     String       std::string     String           UTF-8
-//     Enumeration  std::int32_t    Long             any value, members of the enumeration or not
+//     Enumeration  std::int32_t    Long             any value, a member of the enumeration or not
 #pragma once
 
 #include <cstdint>
@@ -26,7 +26,7 @@ struct Enumeration;  // automation/enumeration_table.h
 
 enum class Type : std::uint8_t { None, Integer, Byte, Boolean, Single, String, Enumeration };
 
-/// The alternatives stand in the order of Type: `value.index()` is the type that it holds.
+/// The alternatives are in the order of Type: `value.index()` is the type that it holds.
 using Value = std::variant<std::monostate, std::int16_t, std::uint8_t, bool, float, std::string,
                            std::int32_t>;
 

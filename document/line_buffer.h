@@ -36,15 +36,6 @@ concept SyntaxPart = requires(const Part& part, char* to) {
   { part.Write(to) } -> std::same_as<char*>;
 };
 
-/// Appends a part of a line to a text that becomes one.
-template <SyntaxPart Part>
-void AppendTo(std::string& text, const Part& part) {
-  const std::size_t size = text.size();
-  text.resize(size + part.MaxSize());
-  const char* const end = part.Write(text.data() + size);
-  text.resize(static_cast<std::size_t>(end - text.data()));
-}
-
 /// The end of every line.
 enum class LineEnd : std::uint8_t { CrLf, Lf };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// DecodeBase85: base-85 text back into bytes, as readers do it. The tests and the fuzz target
-// compare the encoder with it.
+// DecodeBase85: base-85 text back into bytes, as readers do it. The tests and the fuzz target check
+// the encoder with it.
 #pragma once
 
 #include <algorithm>
@@ -14,9 +14,9 @@
 
 namespace vellumark::fuzz {
 
-/// Nothing for a text without its end marker "~>", with a character that is not a digit or a
-/// group whose value exceeds 32 bits. A short group is filled up with the greatest digit and gives
-/// one byte less than it has digits.
+/// Returns nothing for a text without its end marker "~>", with a character that is not a digit, or
+/// with a group whose value exceeds 32 bits. A short group is filled up with the greatest digit and
+/// gives one byte less than it has digits.
 inline std::optional<std::vector<std::uint8_t>> DecodeBase85(std::string_view text) {
   if (!text.ends_with("~>")) return std::nullopt;
   text.remove_suffix(2);

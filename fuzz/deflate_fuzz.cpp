@@ -4,8 +4,7 @@
 //
 //     input = level:1 repeats:1 bytes
 //
-// The bytes are taken several times over, each time with one of them changed, so that small inputs
-// fill the window.
+// The bytes are repeated, each time with one of them changed, so that small inputs fill the window.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

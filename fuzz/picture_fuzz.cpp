@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Any bytes as a picture file, all the way to samples.
+// Reads any bytes as a picture file, all the way to samples.
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -13,7 +13,7 @@
 using vellumark::layout::Picture;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  constexpr std::int32_t kGreatest = 1 << 22;  // larger ones take time and find nothing more
+  constexpr std::int32_t kGreatest = 1 << 22;  // larger ones take longer and find nothing more
   vellumark::MemoryPlatform memory;
   memory.SetGreatestPicture(kGreatest);
   memory.PutFile("picture", std::string(reinterpret_cast<const char*>(data), size));
@@ -28,7 +28,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   } catch (const vellumark::RunTimeError&) {
     return 0;  // a row that is too long
   }
-  // Reads every byte, so that one that was never written is found where that is looked for.
+  // Reads every byte, so that a sanitizer finds one that was never written.
   std::uint32_t sum = 0;
   for (const std::uint8_t sample : picture.samples) sum = sum * 31 + sample;
   for (const std::uint8_t part : picture.palette) sum = sum * 31 + part;

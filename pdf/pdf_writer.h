@@ -189,7 +189,11 @@ class PdfWriter final : public document::Writer {
 
   // text.cpp
   void SetTextFont(int resource);
-  void MoveText(document::PagePoint baseline);
+  struct TextMove {
+    layout::Points x;
+    layout::Points y;
+  };
+  TextMove MoveText(document::PagePoint baseline);
 
   const document::State& state_;
   document::LineBuffer& lines_;

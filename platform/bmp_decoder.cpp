@@ -136,7 +136,7 @@ std::size_t TakeMasks(const LittleEndianBytes& file, std::uint32_t compression, 
   return std::max(header_end, kMasksAt + (has_alpha ? 16 : 12));
 }
 
-/// The palette ends where the pixels begin, however many entries the header promises.
+/// The palette ends where the pixels begin, even if the header promises more entries.
 void PlacePalette(const LittleEndianBytes& file, std::uint32_t size, BmpHeader& header) {
   const std::size_t most = header.bits <= 8 ? std::size_t{1} << header.bits : 0;
   const std::uint32_t used = size >= kInfoSize ? file.At32(46) : 0;
@@ -202,7 +202,7 @@ class Channel {
   int surplus_;  // bits more than wanted: the lowest are dropped
 };
 
-/// Brings the pixels to 5-5-5 at 16 bits, and to 8-8-8-8 at 32, where a missing alpha is 0.
+/// Brings the pixels to 5-5-5 at 16 bits, and to 8-8-8-8 at 32, with a missing alpha as 0.
 void UnifyBitFields(const BmpHeader& header, Bitmap& bitmap) {
   const bool deep = header.bits == 32;
   const int bits = deep ? 8 : 5;

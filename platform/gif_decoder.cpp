@@ -19,7 +19,7 @@
 namespace vellumark::platform {
 namespace {
 
-/// What the GIF library has read of the file so far.
+/// The part of the file that the GIF library has yet to read.
 struct Source {
   std::span<const std::uint8_t> left;
 
@@ -73,7 +73,7 @@ void TakePalette(const GifFileType& gif, Bitmap& bitmap) {
   }
 }
 
-/// Puts row `y` of the frame where it lies on the screen.
+/// Puts row `y` of the frame at its place on the screen.
 void TakeRow(const GifImageDesc& frame, const std::vector<GifPixelType>& row, int y,
              Bitmap& bitmap) {
   const int screen_y = frame.Top + y;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The names under which the library introduces itself on every platform, UTF-8. The build reads
-// them from here for the version information of a Windows module: each stays on one line.
+// them from here for the version information of a Windows module: each must stay on one line.
 #pragma once
 
 #include <string_view>

@@ -71,7 +71,7 @@ bool MemoryPlatform::ReadPicture(std::string_view file, std::vector<std::uint8_t
   return true;
 }
 
-/// Decodes a file in memory where it lies, without a copy.
+/// Decodes a file in memory without copying it.
 bool MemoryPlatform::DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) {
   const std::string* const bytes = File(file);
   if (bytes == nullptr) return PortablePlatform::DecodePicture(file, bitmap, reason);

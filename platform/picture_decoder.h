@@ -6,7 +6,7 @@
 //     const std::string_view why_not = DecodePicture(bytes, kGreatestPicture, bitmap);
 //     if (!why_not.empty()) ...                      // "the pixel data is cut off"
 //
-// The kind is told by the first bytes. Nothing else is opened, nothing is written to standard
+// The kind is recognized by the first bytes. Nothing else is opened, nothing is written to standard
 // error, and a file that lacks pixels is refused as a whole.
 //
 //     BMP   1, 4, 8, 16, 24, 32 bits at their own depth                      bmp_decoder.cpp

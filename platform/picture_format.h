@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Which picture files are read at all: their kinds, told by the first bytes and never by the name,
+// Which picture files are read: their kinds, recognized by the first bytes and never by the name,
 // and their sizes.
 //
 // Widths and heights are 16 bits wide in a document, and samples are counted in 32 bits. A file
@@ -20,7 +20,7 @@ inline constexpr std::int64_t kGreatestSide = std::numeric_limits<std::int16_t>:
 inline constexpr std::int64_t kGreatestPicture = std::numeric_limits<std::int32_t>::max();
 inline constexpr std::int64_t kGreatestFile = std::numeric_limits<std::int32_t>::max();
 
-/// Why a picture is refused, where more than one file says so.
+/// Reasons that more than one decoder or platform gives.
 inline constexpr std::string_view kUnknownPicture = "not a BMP, GIF or JPG file";
 inline constexpr std::string_view kNotRegular = "not a regular file";
 inline constexpr std::string_view kLargerThan2Gb = "the file is larger than 2 GB";

@@ -40,8 +40,8 @@ class Descriptor {
   int fd_;
 };
 
-/// Reads until `bytes` is full or the file ends, where `bytes` ends too; interrupted reads are
-/// repeated.
+/// Reads until `bytes` is full or the file ends, and cuts `bytes` to what was read; interrupted
+/// reads are repeated.
 bool ReadAll(int fd, std::vector<std::uint8_t>& bytes) {
   std::size_t done = 0;
   while (done < bytes.size()) {

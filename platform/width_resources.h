@@ -16,8 +16,8 @@
 //     const int width_of_a = bytes[2 * 'A'] | (bytes[2 * 'A' + 1] << 8);   // 667
 //
 // The bytes are constants of the library: they live as long as the program, and any thread may
-// read them. The tables behind them are the text files in layout/widths/, where each number and
-// each departure from the fonts' published metrics is on record; the build turns them into bytes.
+// read them. They are made from the text files in layout/widths/, which record each number and each
+// departure from the fonts' published metrics.
 #pragma once
 
 #include <cstdint>

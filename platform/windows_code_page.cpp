@@ -15,8 +15,8 @@ bool IsSingleByte(unsigned code_page) {
   return GetCPInfo(code_page, &info) != 0 && info.MaxCharSize == 1;
 }
 
-/// Appends `count` characters, each of one UTF-16 unit, as one byte each. False where the code page
-/// cannot do that.
+/// Appends `count` characters, each of one UTF-16 unit, as one byte each. Returns false if the code
+/// page cannot do that.
 bool AppendBytes(unsigned code_page, const wchar_t* characters, int count, std::string& bytes) {
   std::array<char, 256> piece{};
   const int size = WideCharToMultiByte(code_page, WC_NO_BEST_FIT_CHARS, characters, count,

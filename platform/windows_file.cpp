@@ -44,7 +44,7 @@ ReadableFile OpenForReading(const std::string& name) {
   return ReadableFile(handle != INVALID_HANDLE_VALUE ? handle : nullptr);
 }
 
-/// Reads until `bytes` is full or the file ends, where `bytes` ends too.
+/// Reads until `bytes` is full or the file ends, and cuts `bytes` to what was read.
 bool ReadAll(void* file, std::vector<std::uint8_t>& bytes) {
   std::size_t done = 0;
   while (done < bytes.size()) {

@@ -118,7 +118,7 @@ std::string_view LoadWindowsPicture(std::span<const std::uint8_t> file, std::int
 
 std::string_view CopyWindowsBitmap(void* handle, std::int64_t greatest, Bitmap& bitmap) {
   bitmap = {};
-  // As many bytes as the process's own BITMAP: 24 in a 32-bit one, 32 where addresses have 64 bits.
+  // As many bytes as the process's own BITMAP: 24 with addresses of 32 bits, 32 with 64.
   BITMAP description{};
   if (GetObjectA(handle, sizeof description, &description) == 0)
     return "the system's picture loader made no bitmap of it";

@@ -25,6 +25,17 @@ using document::FontResource;
 using document::PagePoint;
 using layout::EncodedRun;
 
+namespace {
+
+void AppendTo(std::string& text, const EscapedString& string) {
+  const std::size_t size = text.size();
+  text.resize(size + string.MaxSize());
+  const char* const end = string.Write(text.data() + size);
+  text.resize(static_cast<std::size_t>(end - text.data()));
+}
+
+}  // namespace
+
 void PsWriter::ShowText(std::span<const EncodedRun> runs, PagePoint baseline) {
   if (state_.oddities.MarksAreSpelledOut()) {
     lines_.Append('/', layout::FontName(state_.font), " findfont");
@@ -83,7 +94,7 @@ void PsWriter::ShowWords(std::span<const document::PlacedWord> words, PagePoint 
       if (!text.Plain()) fonts_.AddCodes(resource, run.bytes);
       BreakWords(text.Plain() ? run.bytes.size() + 2 : EscapedString::kLongestLine);
       if (first) words_ += std::to_string((baseline.x + word.x).value());
-      document::AppendTo(words_, text);
+      AppendTo(words_, text);
       first = false;
     }
   }

@@ -2,17 +2,17 @@
 #include "tools/conversion.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <ostream>
 #include <utility>
 
+#include "tools/notes.h"
 #include "tools/pdf_output.h"
 #include "tools/picture_platform.h"
 #include "tools/progress_line.h"
 #include "tools/ps_output.h"
+#include "tools/typesetter.h"
 
 namespace vellumark::tools {
 namespace {
@@ -20,37 +20,11 @@ namespace {
 constexpr const char* kFile = "document";
 
 /// The first title of the text, as the Title property.
-std::string FirstTitle(const std::vector<Block>& blocks) {
-  for (const Block& block : blocks) {
-    if (block.kind == BlockKind::Title) return PlainText(ParseInline(block.text));
+std::string FirstTitle(const MarkdownTree& tree) {
+  for (NodeWalk walk(tree.root()); walk.Next();) {
+    if (KindOf(walk.node()) == NodeKind::Heading) return PlainText(ReadInlines(walk.node()));
   }
   return {};
-}
-
-std::string Utf8Name(char32_t character) {
-  std::array<char, 12> text{};
-  const int size =
-      std::snprintf(text.data(), text.size(), "U+%04X", static_cast<unsigned>(character));
-  return {text.data(), static_cast<std::size_t>(std::max(size, 0))};
-}
-
-void ReportMissing(const TypesetResult& result, std::ostream& notes) {
-  if (result.missing == 0) return;
-  const bool one = result.missing == 1;
-  notes << "vellumark: " << result.missing << (one ? " character is" : " characters are")
-        << " not in the fonts and " << (one ? "was" : "were")
-        << " set as \"?\"; first: " << Utf8Name(result.first_missing) << " at line "
-        << result.first_missing_place.line << ", column " << result.first_missing_place.column
-        << '\n';
-}
-
-/// The names come from the text, so control characters, which a terminal would obey, become "?".
-void ReportLost(const TypesetResult& result, std::ostream& notes) {
-  for (std::string line : result.lost_pictures) {
-    std::replace_if(
-        line.begin(), line.end(), [](char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }, '?');
-    notes << "vellumark: picture " << line << '\n';
-  }
 }
 
 /// The folder that relative names of pictures start from.
@@ -67,10 +41,11 @@ std::unique_ptr<OutputFormat> MakeOutput(Format format, std::shared_ptr<Platform
 class Conversion {
  public:
   Conversion(const std::string& text, const Options& options)
-      : blocks_(ParseBlocks(text)),
+      : text_(text),
+        tree_(text),
         options_(options),
         progress_(static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'))) {
-    if (!options.title_given) options_.properties.title = FirstTitle(blocks_);
+    if (!options.title_given) options_.properties.title = FirstTitle(tree_);
   }
 
   Converted Run(std::ostream& notes) {
@@ -82,8 +57,7 @@ class Conversion {
       bytes = RunRagged(notes);
     }
     progress_.Clear();
-    ReportMissing(result_, notes);
-    ReportLost(result_, notes);
+    WriteNotes(result_, text_, notes);
     return {std::move(bytes), result_.lost_pictures.empty()};
   }
 
@@ -111,7 +85,7 @@ class Conversion {
     if (!document.Create(kFile)) throw Failure(document.LastRefusal().sentence);
     result_ = {};
     Typesetter(*output, measure_, *platform, style)
-        .Typeset(blocks_, result_,
+        .Typeset(tree_, result_,
                  [this](int pages, std::size_t line) { progress_.Show(pages, line); });
     document.Flush();
     const Refusal refusal = document.LastRefusal();
@@ -125,7 +99,8 @@ class Conversion {
                   std::to_string(result_.pages) + " pages; split the input there");
   }
 
-  std::vector<Block> blocks_;
+  std::string_view text_;
+  MarkdownTree tree_;
   Options options_;
   ProgressLine progress_;
   GlyphMeasure measure_;

@@ -13,7 +13,7 @@ constexpr int kWidestGap = 1;  // in ems, the most that is added to a blank of a
 void AppendRuns(const Word& word, int x, Line& line) {
   std::int64_t offset = 0;
   for (const Piece& piece : word.pieces) {
-    line.runs.push_back({x + ToPoints(offset), piece.face, piece.glyphs, piece.link});
+    line.runs.push_back({x + ToPoints(offset), piece.face, piece.glyphs, piece.link, piece.struck});
     offset += piece.width;
   }
 }
@@ -42,14 +42,30 @@ std::int64_t LineComposer::Gap(const Word& before, const Word& behind) const {
 
 void LineComposer::Add(Word word) {
   if (!draft_.words.empty() && !Takes(word)) EndLine(true);
-  if (!draft_.words.empty()) {
-    const Word& last = draft_.words.back();
+  Extend(draft_, std::move(word));
+}
+
+void LineComposer::Extend(Draft& draft, Word word) const {
+  if (!draft.words.empty()) {
+    const Word& last = draft.words.back();
     const std::int64_t gap = Gap(last, word);
-    draft_.exact += gap;
-    draft_.rounded += ToPoints(last.width + gap);
+    draft.exact += gap;
+    draft.rounded += ToPoints(last.width + gap);
   }
-  draft_.exact += word.width;
-  draft_.words.push_back(std::move(word));
+  draft.exact += word.width;
+  draft.words.push_back(std::move(word));
+}
+
+int LineComposer::WidthOf(const std::vector<Word>& words) const {
+  int widest = 0;
+  Draft draft;
+  for (const Word& word : words) {
+    Extend(draft, word);
+    const int rounded = draft.rounded + ToPoints(word.width);
+    widest = std::max({widest, rounded, ToPoints(draft.exact)});
+    if (word.ends_line) draft = {};
+  }
+  return widest;
 }
 
 bool LineComposer::Takes(const Word& word) const {
@@ -86,7 +102,7 @@ Word LineComposer::BreakOff(Word& word) const {
   std::size_t count = FittingGlyphs(rest, room - head.width);
   if (count == 0 && head.pieces.empty()) count = 1;
   if (count == 0) return head;
-  Piece taken{rest.face, rest.glyphs.Part(0, count), rest.link, 0};
+  Piece taken{rest.face, rest.glyphs.Part(0, count), rest.link, rest.struck, 0};
   taken.width = measure_.Width(taken.face, taken.glyphs.codes);
   rest.glyphs = rest.glyphs.Part(count, std::string::npos);
   rest.width -= taken.width;
@@ -131,11 +147,12 @@ Line LineComposer::Natural() const {
     if (before != nullptr) offset += Gap(*before, word);
     for (const Piece& piece : word.pieces) {
       Run* const last = line.runs.empty() ? nullptr : &line.runs.back();
-      if (last != nullptr && last->face == piece.face && last->link == piece.link) {
+      if (last != nullptr && last->face == piece.face && last->link == piece.link &&
+          last->struck == piece.struck) {
         if (before != nullptr && &piece == &word.pieces.front()) last->glyphs.codes += ' ';
         last->glyphs.Append(piece.glyphs);
       } else {
-        line.runs.push_back({ToPoints(offset), piece.face, piece.glyphs, piece.link});
+        line.runs.push_back({ToPoints(offset), piece.face, piece.glyphs, piece.link, piece.struck});
       }
       offset += piece.width;
     }

@@ -26,6 +26,7 @@ struct Run {
   Face face;
   GlyphRun glyphs;
   std::size_t link = 0;
+  bool struck = false;
 };
 
 struct Line {
@@ -40,6 +41,9 @@ class LineComposer {
 
   [[nodiscard]] std::vector<Line> Compose(std::vector<Word> words);
 
+  /// The width in points at which `words` are not broken into more lines than their text asks for.
+  [[nodiscard]] int WidthOf(const std::vector<Word>& words) const;
+
  private:
   /// The words of a line, and how wide they are side by side.
   struct Draft {
@@ -48,6 +52,7 @@ class LineComposer {
     int rounded = 0;         // in points; each word is rounded together with the blank behind it
   };
 
+  void Extend(Draft& draft, Word word) const;
   [[nodiscard]] std::int64_t Gap(const Word& before, const Word& behind) const;
   [[nodiscard]] bool Takes(const Word& word) const;
   [[nodiscard]] Word BreakOff(Word& word) const;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// vellumark INPUT -o OUTPUT.pdf: typesets a text file with light Markdown.
+// vellumark INPUT -o OUTPUT.pdf: typesets a text file in Markdown.
 //
 // It reads, converts and then writes, so the output does not appear until the document is finished.
 // The exit status is 0, 1 or 2; see docs/command-line.md.

@@ -161,8 +161,7 @@ std::optional<Options> ParseOptions(int argc, const char* const* argv) {
   options.properties.creator = "vellumark";
   options.properties.producer = "Vellumark " VELLUMARK_VERSION_STRING;
   RawOptions raw;
-  CLI::App app("Typesets a text file with light Markdown as a PDF or PostScript document.",
-               "vellumark");
+  CLI::App app("Typesets a text file in Markdown as a PDF or PostScript document.", "vellumark");
   app.footer(std::string(kFooter));
   app.set_version_flag("--version", "vellumark " VELLUMARK_VERSION_STRING,
                        "Print the version and exit");

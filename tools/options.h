@@ -12,7 +12,7 @@
 #include <string>
 
 #include "tools/output_format.h"
-#include "tools/typesetter.h"
+#include "tools/text_style.h"
 
 namespace vellumark::tools {
 

@@ -14,7 +14,6 @@ constexpr int kLinesPerPage = 3;   // of the largest text, at least
 constexpr int kGlyphsPerLine = 6;  // of the largest text, at least
 constexpr Rgb kTextColor{0, 0, 0};
 constexpr Rgb kLinkColor{0, 0, 176};
-constexpr Rgb kRuleColor{128, 128, 128};
 
 std::int16_t Coordinate(int value) { return static_cast<std::int16_t>(value); }
 
@@ -87,7 +86,7 @@ void PageWriter::WriteTitleLine(const Line& line, const std::vector<std::string>
     Stroke placed = stroke;
     if (opening) placed.x = x + inset_x_;
     Place(placed, first, size - first.face.size);
-    const std::string_view stroke_link = stroke.linked ? link : std::string_view();
+    const std::string_view stroke_link = stroke.accent ? std::string_view() : link;
     Check(opening ? output_.WriteTitle(stroke.codes, bullet, stroke_link)
                   : output_.WriteText(stroke.codes, stroke_link));
   }
@@ -95,11 +94,26 @@ void PageWriter::WriteTitleLine(const Line& line, const std::vector<std::string>
   WriteLine(rest, links, x + behind_bullet, size);
 }
 
-void PageWriter::WriteRule(int x, int below) {
+void PageWriter::DrawLine(Point from, Point to, int thickness, Rgb color) {
   Document& document = output_.document();
-  SetColor(document, kRuleColor);
-  const std::int16_t y = Coordinate(inset_y_ + y_ + below);
-  Check(document.DrawLine(Coordinate(inset_x_ + x), y, Coordinate(inset_x_ + width_), y));
+  SetColor(document, color);
+  document.SetThickness(static_cast<std::uint8_t>(thickness));
+  const auto y = [this](Point point) { return Coordinate(inset_y_ + y_ + point.y); };
+  Check(document.DrawLine(Coordinate(inset_x_ + from.x), y(from), Coordinate(inset_x_ + to.x),
+                          y(to)));
+  document.SetThickness(1);
+}
+
+void PageWriter::FillRectangle(Point corner, int width, int height, Rgb color) {
+  Document& document = output_.document();
+  SetColor(document, color);
+  document.SetFillColor(color.red, color.green, color.blue);
+  document.SetFillStyle(true);
+  // Half of the outline, which has the same color, is outside of the rectangle.
+  Check(document.DrawRectangle(Coordinate(inset_x_ + corner.x),
+                               Coordinate(inset_y_ + y_ + corner.y), Coordinate(width),
+                               Coordinate(height)));
+  document.SetFillStyle(false);
 }
 
 bool PageWriter::DrawPicture(const std::string& file, EncodingConstants encoding,
@@ -117,15 +131,16 @@ void PageWriter::WriteRun(const Run& run, std::string_view link, int x, int belo
   SetColor(output_.document(), run.link == 0 ? kTextColor : kLinkColor);
   for (const Stroke& stroke : Split(run, x)) {
     Place(stroke, run, below);
-    Check(output_.WriteText(stroke.codes, stroke.linked ? link : std::string_view()));
+    Check(output_.WriteText(stroke.codes, stroke.accent ? std::string_view() : link));
   }
 }
 
 /// Sets font and position for a stroke; its x is measured from the margin of the library.
 void PageWriter::Place(const Stroke& stroke, const Run& run, int below) {
+  using enum FontEffectConstants;
   Document& document = output_.document();
   document.SetFont(run.face.family, run.face.size, run.face.style,
-                   FontEffectConstants::NoFontEffect);
+                   run.struck && !stroke.accent ? Strikethrough : NoFontEffect);
   const int y = std::max(inset_y_ + y_ + below - stroke.rise, 0);
   document.SetPosition(Coordinate(stroke.x), Coordinate(y));
 }

@@ -18,6 +18,9 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "tools/failure.h"
 #include "tools/line_composer.h"
@@ -37,6 +40,12 @@ struct Rgb {
   std::uint8_t red = 0;
   std::uint8_t green = 0;
   std::uint8_t blue = 0;
+};
+
+/// In points, from the left and down.
+struct Point {
+  int x = 0;
+  int y = 0;
 };
 
 /// In points.
@@ -64,6 +73,8 @@ class PageWriter {
   [[nodiscard]] int pages() const { return pages_; }
 
   void NewPage();
+  /// The position on the page, from its top.
+  [[nodiscard]] int y() const { return y_; }
   [[nodiscard]] bool AtTop() const { return y_ == 0; }
   [[nodiscard]] bool Fits(int height) const { return y_ + height <= height_; }
   void Advance(int height) { y_ += height; }
@@ -80,8 +91,11 @@ class PageWriter {
   [[nodiscard]] bool DrawPicture(const std::string& file, EncodingConstants encoding,
                                  const std::string& link, int x, const PictureSize& box);
 
-  /// A line from `x` to the right margin, `below` points under the current position.
-  void WriteRule(int x, int below);
+  /// A line of `thickness` points; y counts down from the current position.
+  void DrawLine(Point from, Point to, int thickness, Rgb color);
+
+  /// A filled rectangle by its top left corner; y counts down from the current position.
+  void FillRectangle(Point corner, int width, int height, Rgb color);
 
  private:
   void WriteRun(const Run& run, std::string_view link, int x, int below);

@@ -44,7 +44,7 @@ class RunSplitter {
   void AddStroke(std::string_view codes) {
     const std::size_t blanks = strokes_.empty() ? 0 : BlanksInFront();
     const std::int64_t start = pen_ - static_cast<std::int64_t>(blanks) * Blank();
-    strokes_.push_back({ToPoints(start), 0, std::string(blanks, ' ').append(codes), true});
+    strokes_.push_back({ToPoints(start), 0, std::string(blanks, ' ').append(codes), false});
     pen_ += measure_.Width(run_.face, codes);
   }
 
@@ -57,7 +57,7 @@ class RunSplitter {
         pen_ - measure_.Width(run_.face, letter) + (mark.accent == kOgonek ? beside : beside / 2);
     const int rise = mark.raised ? (run_.face.size + 2) / 5 : 0;
     const int x = std::max(ToPoints(start), room_.left);
-    strokes_.push_back({x, rise, std::string(accent), false});
+    strokes_.push_back({x, rise, std::string(accent), true});
   }
 
   /// How many blanks to put in front of a text that continues a word. Texts start at whole points,

@@ -20,7 +20,7 @@ struct Stroke {
   int x = 0;
   int rise = 0;  ///< in points above the top of the run
   std::string codes;
-  bool linked = true;  ///< false for an accent
+  bool accent = false;  ///< without a link and a line of its own
 };
 
 /// The room for the strokes of a run, in points.

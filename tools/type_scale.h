@@ -35,7 +35,8 @@ inline constexpr std::array<int, 6> kTitlePercent = {175, 140, 120, 110, 100, 10
 [[nodiscard]] constexpr int SpaceAboveTitle(int title_size) { return title_size; }
 [[nodiscard]] constexpr int SpaceBelowTitle(int title_size) { return title_size * 2 / 5; }
 [[nodiscard]] constexpr int IndentOfALevel(int size) { return size * 8 / 5; }
-[[nodiscard]] constexpr int CodeIndent(int size) { return size; }
+/// Between code and the edge of its background.
+[[nodiscard]] constexpr int CodePadding(int size) { return size / 2; }
 
 /// Between a list item's marker and its text.
 [[nodiscard]] constexpr int MarkerGap(int size) { return std::max(size * 2 / 5, 3); }

@@ -28,13 +28,14 @@ class WordMaker {
     piece_.face = span.code ? faces_.code : faces_.text;
     piece_.face.style = Combine(piece_.face.style, span);
     piece_.link = span.link;
+    piece_.struck = span.struck;
     for (std::size_t at = 0; at < span.text.size();) {
-      const char* const where = span.text.data() + at;
+      const std::size_t index = at;
       const char32_t character = NextCharacter(span.text, at);
       if (character == '\n' || IsBreakingBlank(character)) {
         EndWord(character == '\n');
       } else if (!AppendCharacter(character, piece_.glyphs)) {
-        missing_(where, character);
+        missing_(span, index, character);
       }
       if (piece_.glyphs.codes.size() >= kLongestPiece) EndPiece();
     }

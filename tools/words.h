@@ -11,11 +11,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <string_view>
 #include <vector>
 
 #include "tools/glyph_codes.h"
-#include "tools/markdown_inline.h"
+#include "tools/inline_text.h"
 #include "tools/text_measure.h"
 
 namespace vellumark::tools {
@@ -24,6 +23,7 @@ struct Piece {
   Face face;
   GlyphRun glyphs;
   std::size_t link = 0;    ///< see Span
+  bool struck = false;     ///< with a line through it
   std::int64_t width = 0;  ///< in 1/1000 point
 };
 
@@ -39,8 +39,9 @@ struct BlockFaces {
   Face code;  ///< its style is combined with that of the span
 };
 
-/// Called for each character that the fonts lack, with its place in the text of the spans.
-using MissingCharacter = std::function<void(const char* where, char32_t character)>;
+/// Called for each character that the fonts lack, with its index in the text of its span.
+using MissingCharacter =
+    std::function<void(const Span& span, std::size_t index, char32_t character)>;
 
 [[nodiscard]] std::vector<Word> MakeWords(const InlineText& text, const BlockFaces& faces,
                                           GlyphMeasure& measure, const MissingCharacter& missing);

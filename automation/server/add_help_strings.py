@@ -7,17 +7,16 @@ usage: add_help_strings.py LIBRARY.tlb
 The IDL compiler drops help strings of enumeration values. This adds them to the file that it wrote;
 all numbers are little-endian and 32 bits wide:
 
-    file      = header [help-file:4] (type-at:4)* segment-entry{15} segment* members*
-    header    = "MSFT" ... flags:4 (at 20) ... type-count:4 (at 32) ...        84 bytes; help-file is
-                                                                              there with flag 0x100
-    segment-entry = offset:4 length:4 0xFFFFFFFF 15                           offset in the file
-    segment 0 = types: kind:4 (low 4 bits; 0 is an enumeration) members-at:4 ... counts:4 (at 24;
-                functions low, variables high) ...                            100 bytes each
-    segment 7 = names: 8 bytes, length in the low 8 bits of 4 bytes, text, padding
-    segment 8 = strings: length:2 text, padded with "W" to 4 bytes and to 8 in all
-    members   = size:4 records id{count} name{count} record-at{count}         count: functions first
-    record    = number:2 size:2 (size low) type:4 flags:4 kind:4 value:4 [help-context:4 [help:4
-                ...]]                                                         help: place in segment 8
+    file      = header [help-file] type-at* entry{15} segment* members*
+    header    = 84 bytes: "MSFT", flags at 20 (0x100: help-file is there), count of types at 32
+    entry     = offset length 0xFFFFFFFF 15             of a segment in the file
+    segment 0 = types of 100 bytes: kind in the low 4 bits (0 is an enumeration), place of the
+                members in the file at 4, count of functions (low) and variables (high) at 24
+    segment 7 = names: 8 bytes, length in the low 8 bits of a number, text, padding
+    segment 8 = strings: length in 16 bits, text, padded with "W" to 4 bytes and to 8 in all
+    members   = size record* id* name* record-at*       size of all records; functions come first
+    record    = number-and-size type flags kind value [help-context [help ...]]
+                                                        size in the low 16 bits, help in segment 8
 
 Offsets in segments stay as they are; those in the file are written anew.
 """
@@ -50,7 +49,8 @@ class TypeLibrary:
         front = HEADER_SIZE + (4 if number(data, 20) & HELP_FILE_FLAG else 0)
         self.directory = front + 4 * number(data, 32)
         self.front = bytearray(data[:self.directory + 16 * SEGMENTS])
-        entries = [struct.unpack_from("<II", data, self.directory + 16 * i) for i in range(SEGMENTS)]
+        entries = [struct.unpack_from("<II", data, self.directory + 16 * i)
+                   for i in range(SEGMENTS)]
         self.segments = [bytearray(data[at:at + length] if length else b"")
                          for at, length in entries]
         self.order = sorted((i for i in range(SEGMENTS) if entries[i][1]),
@@ -58,7 +58,7 @@ class TypeLibrary:
         end = len(self.front)
         for i in self.order:
             if entries[i][0] != end:
-                raise ValueError(f"segment {i} does not stand where the one before it ends")
+                raise ValueError(f"segment {i} does not begin at the end of the one before")
             end += entries[i][1]
         self.members = [bytearray(self.read_members(data, at)) for at in self.types()]
         if end + sum(map(len, self.members)) != len(data):

@@ -47,7 +47,7 @@ HRESULT ArgumentBinding::CheckOmitted(const Member& member, const DISPPARAMS& ar
     const Parameter& parameter = parameters[place];
     if (IsGiven(place)) {
       VARIANT& argument = arguments.rgvarg[index_of_[place]];
-      // What a variable for an answer holds does not matter, not even this.
+      // What the variable of an in/out parameter holds does not matter, not even this.
       if (!IsOmitted(parameter.in_out ? argument : Dereference(argument))) continue;
       wrong = index_of_[place];
       index_of_[place] = kOmitted;

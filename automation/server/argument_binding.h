@@ -6,13 +6,13 @@
 //
 // A client passes its arguments in one array, backwards: first the named ones, in any order, with
 // the place of their parameter, then the positional ones from last to first. An optional parameter
-// may be left out at the end, or anywhere as an error variant (VariantValue's IsOmitted).
+// may be left out at the end, or anywhere by an error variant (IsOmitted in variant_value.h).
 //
 //     refused with                 when
 //     DISP_E_BADPARAMCOUNT         too many arguments, or fewer than required parameters
-//     DISP_E_PARAMNOTFOUND         a name without parameter, or a parameter given twice
+//     DISP_E_PARAMNOTFOUND         a name without a parameter, or a parameter given twice
 //     DISP_E_PARAMNOTOPTIONAL      a required parameter is left out
-//     E_INVALIDARG                 the arrays are not sound (the caller asks IsSound)
+//     E_INVALIDARG                 the arrays do not agree with their counts (IsSound)
 #pragma once
 
 #include <array>

@@ -24,7 +24,7 @@ class ComPointer {
   }
   ~ComPointer() { Reset(); }
 
-  /// Where a function stores a reference that it hands out.
+  /// The place for a reference that a function hands out.
   T** Receive() noexcept {
     Reset();
     return &pointer_;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// CountedObject: a component object that deletes itself with its last reference. It has one when it
-// is made, and keeps the DLL loaded as long as it lives.
+// CountedObject: a component object that deletes itself with its last reference. It starts with
+// one, and keeps the DLL loaded as long as it lives.
 //
 //     class ClassFactory final : public CountedObject<IClassFactory> { ... };
 //

@@ -29,10 +29,10 @@ HRESULT HandOutTypeInfo(std::string_view id, ITypeInfo** type) noexcept {
   return Guarded([&] { return LoadTypeInfo(id, type); });
 }
 
-/// FACILITY_CONTROL, where automation has the numbers of run-time errors.
+/// FACILITY_CONTROL, the facility of automation's run-time errors.
 constexpr unsigned kRunTimeErrors = 0x800A0000;
 
-/// Null if there is no memory for it: the number alone then has to do.
+/// Null if there is no memory for it: the client then learns the number only.
 BSTR Sentence(std::string_view text) noexcept {
   try {
     std::string sentence(text);
@@ -144,7 +144,7 @@ HRESULT DispatchObject::Invoke(DISPID id, REFIID riid, LCID lcid, WORD flags, DI
   if (member == nullptr) return DISP_E_MEMBERNOTFOUND;
   if (arguments == nullptr || !IsSound(*arguments)) return E_INVALIDARG;
 
-  // A client may let go of the object while it waits for an argument's default property.
+  // A client may release the object while it is asked for an argument's default property.
   AddRef();
   UINT wrong = 0;
   HRESULT invoked = S_OK;

@@ -5,15 +5,15 @@
 
 namespace vellumark::automation::server {
 
-HRESULT Invocation::Call(const DISPPARAMS& arguments, VARIANT* answer, UINT& wrong) {
+HRESULT Invocation::Call(const DISPPARAMS& arguments, VARIANT* returned, UINT& wrong) {
   HRESULT result = binding_.Bind(member_, arguments, wrong);
   if (SUCCEEDED(result)) result = TakeArguments(arguments, wrong);
   if (FAILED(result)) return result;
 
   OwnedVariant given;
   GiveValue(member_.call(document_, {values_.data(), member_.parameter_count}), given);
-  result = GiveAnswers(wrong);
-  if (SUCCEEDED(result) && answer != nullptr) *answer = given.Take();
+  result = StoreOutArguments(wrong);
+  if (SUCCEEDED(result) && returned != nullptr) *returned = given.Take();
   return result;
 }
 
@@ -37,18 +37,18 @@ HRESULT Invocation::TakeArgument(std::size_t place, VARIANT& argument) {
   const Parameter& parameter = member_.parameters()[place];
   if (!parameter.in_out) return TakeValue(argument, parameter.type.type, lcid_, values_[place]);
   values_[place] = ZeroOf(parameter.type.type);
-  return targets_[place].Find(argument);
+  return out_arguments_[place].Find(argument);
 }
 
-HRESULT Invocation::GiveAnswers(UINT& wrong) {
+HRESULT Invocation::StoreOutArguments(UINT& wrong) {
   for (std::size_t place = 0; place < member_.parameter_count; ++place) {
-    const HRESULT prepared = targets_[place].Prepare(values_[place], lcid_);
+    const HRESULT prepared = out_arguments_[place].Prepare(values_[place], lcid_);
     if (FAILED(prepared)) {
       wrong = binding_.IndexOf(place);
       return prepared;
     }
   }
-  for (AnswerTarget& target : targets_) target.Store();
+  for (OutArgument& out : out_arguments_) out.Store();
   return S_OK;
 }
 

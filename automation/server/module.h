@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// The DLL itself: where its file is, what its type library says, whether anybody still needs it,
-// and the edge that no C++ exception crosses.
+// The DLL itself: its file, its type library, whether anybody still uses it, and what keeps C++
+// exceptions inside it.
 #pragma once
 
 #include <new>

@@ -115,7 +115,7 @@ std::wstring LibraryKey() { return Path(L"TypeLib", Braced(kLibraryId)); }
 std::wstring LibraryVersionKey() { return Path(LibraryKey(), LibraryVersion()); }
 std::wstring LibraryLanguageKey() { return Path(LibraryVersionKey(), L"0"); }
 
-/// Writes keys until one fails, and then no more.
+/// Writes keys until one fails; after that, none.
 class RegistryWriter {
  public:
   explicit RegistryWriter(HKEY root) noexcept : root_(root) {}
@@ -188,7 +188,7 @@ LSTATUS WriteAll(HKEY root, const std::wstring& module) {
   return writer.Status();
 }
 
-/// Deletes keys, also after one that failed, whose error it keeps.
+/// Deletes keys. Goes on past one that failed, and keeps the first error.
 class RegistryEraser {
  public:
   explicit RegistryEraser(RegistryKey& root) noexcept : root_(root) {}

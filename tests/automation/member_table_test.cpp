@@ -133,7 +133,7 @@ TEST_F(MemberTable, EnumerationsHaveTheirValuesAndOrder) {
   EXPECT_EQ(all,
             "AlignmentConstants: NoAlignment=0 LeftAlign=1 Center=2 RightAlign=3\n"
             "BulletConstants: Disc=1 Square=2\n"
-            "EncodingConstants: ASCII85=1 ASCIIHex=2 RunLength=3 Flate=4\n"
+            "EncodingConstants: ASCII85=1 ASCIIHex=2 RunLength=3 Flate=4 Original=5\n"
             "FontEffectConstants: NoFontEffect=0 Strikethrough=1 Underline=2\n"
             "FontNumberConstants: Courier=1 Helvetica=2 Times=3 Symbol=4 ZapfDingbats=5\n"
             "FontStyleConstants: Regular=1 Bold=2 Italic=3 BoldItalic=4\n"

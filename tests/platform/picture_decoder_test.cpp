@@ -70,7 +70,7 @@ TEST(BmpDecoder, EveryDepthAndOrderKeepsItsPixels) {
       {"red first becomes blue first, without alpha",
        {.bits = 32, .compression = 3, .masks = {0xFF, 0xFF00, 0xFF0000}, .pixels = {1, 2, 3, 4}},
        {3, 2, 1, 0}},
-      {"ten bits a colour, and alpha",
+      {"ten bits a color, and alpha",
        {.bits = 32,
         .compression = 3,
         .header_size = 56,
@@ -120,7 +120,7 @@ TEST(BmpDecoder, PaletteEntriesThatAreMissingAreBlack) {
   EXPECT_EQ(PaletteOf(bitmap), (std::vector<std::uint32_t>{1, 2}));
 }
 
-TEST(PictureDecoder, RefusesWhatIsNoWholePictureAndSaysWhy) {
+TEST(PictureDecoder, RefusesWhatIsNotAWholePictureAndSaysWhy) {
   std::string header_alone = PlainBmp(4, 4).substr(0, 40);
   std::string cut = PlainBmp(4, 4);
   cut.pop_back();
@@ -180,7 +180,7 @@ TEST(PictureDecoder, EveryPrefixOfAFileIsRefusedOrWhole) {
   }
 }
 
-/// Root of the mean squared difference of two pictures' colours, 0 to 255.
+/// Root of the mean squared difference of two pictures' colors, 0 to 255.
 double Difference(const Bitmap& one, const Bitmap& other) {
   const auto color = [](const Bitmap& bitmap, std::size_t x, std::size_t y) -> Bitmap::Color {
     const std::uint8_t* const row = bitmap.pixels.data() + y * bitmap.RowSize();
@@ -217,15 +217,15 @@ TEST(PictureDecoder, EveryFormatShowsTheSamePicture) {
     EXPECT_EQ(bitmap.palette.size(), c.bits == 8 ? 256U : 0U) << c.name;
     EXPECT_LT(Difference(source, bitmap), c.greatest_difference) << c.name;
   }
-  Bitmap grey;
-  ASSERT_EQ(Decode(Sample("landscape_grey.jpg"), grey), "");
-  ASSERT_EQ(grey.bits_per_pixel, 24);
-  for (std::size_t x = 0; x < 94; ++x) EXPECT_EQ(grey.pixels[3 * x], grey.pixels[3 * x + 2]);
+  Bitmap gray;
+  ASSERT_EQ(Decode(Sample("landscape_grey.jpg"), gray), "");
+  ASSERT_EQ(gray.bits_per_pixel, 24);
+  for (std::size_t x = 0; x < 94; ++x) EXPECT_EQ(gray.pixels[3 * x], gray.pixels[3 * x + 2]);
 }
 
 TEST(GifDecoder, TheFrameIsClippedToItsScreenOnTheBackground) {
   const std::string screen("GIF89a\x03\0\x02\0\x80\x01\0",
-                           13);  // 3 by 2, two colours, background 1
+                           13);  // 3 by 2, two colors, background 1
   const std::string colors("\x10\x20\x30\x40\x50\x60", 6);
   const std::string comment("\x21\xFE\x02hi\0", 6);
   const std::string frame(",\x02\0\x01\0\x02\0\x02\0\0", 10);  // 2 by 2, at (2, 1)

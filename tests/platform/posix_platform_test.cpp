@@ -92,7 +92,7 @@ TEST_F(PosixFiles, WhatCannotBeCreatedIsRefusedAtOnce) {
   }
 }
 
-TEST_F(PosixFiles, AFullDiskIsReportedAtTheLatestByClose) {
+TEST_F(PosixFiles, AFullDiskIsReportedByCloseAtTheLatest) {
   const FileHandle file = Create("/dev/full");
   ASSERT_NE(file, FileHandle::Invalid);
   EXPECT_FALSE(platform.WriteOutput(file, "held back"));
@@ -121,7 +121,7 @@ TEST_F(PosixFiles, AFileDoesNotTakeThePlaceOfAClosedStandardError) {
   EXPECT_EQ(Content(Path("a.pdf")), "");
 }
 
-TEST(PosixClock, HonoursSourceDateEpochInUtc) {
+TEST(PosixClock, HonorsSourceDateEpochInUtc) {
   ::setenv("SOURCE_DATE_EPOCH", "1700000000", 1);
   const LocalTime fixed = PosixPlatform().Now();
   EXPECT_EQ(std::tuple(fixed.year, fixed.month, fixed.day, fixed.hour, fixed.minute, fixed.second,
@@ -142,7 +142,7 @@ TEST(Windows1252, HasOneByteForEachCharacter) {
   EXPECT_EQ(bytes("日𝄞\u0100"), "???");
   EXPECT_EQ(bytes(std::string_view("\0é", 3)), std::string("\0\xE9", 2));
   EXPECT_EQ(bytes("a\xC0\xAF\xED\xA0\x80\xF4\x90z\xE9"), "a???????z?")
-      << "overlong, surrogate, too high, cut off: one for each part that is no UTF-8";
+      << "overlong, surrogate, too high, cut off: one for each part that is not UTF-8";
 }
 
 }  // namespace

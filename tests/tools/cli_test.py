@@ -109,7 +109,7 @@ class CommandLine(unittest.TestCase):
         self.assertIn(b"1 0 0 rg", self.expanded())
 
     def test_long_words_titles_and_backslashes_are_not_lost(self):
-        self.typeset("# " + "title " * 300 + "\n\n" + "x" * 5000 + "\n\n" + "\\" * 700 + "\n",
+        self.typeset("# " + "title " * 300 + "\n\n" + "x" * 5000 + "\n\n`" + "\\" * 700 + "`\n",
                      "--size", "30", "--margins", "0")
         text = self.text()
         self.assertEqual((text.count("title"), text.count("x"), text.count("\\")),
@@ -121,10 +121,97 @@ class CommandLine(unittest.TestCase):
             for page in self.text().split("\f"):
                 self.assertEqual("Title" in page, "below" in page)
 
+    def pages(self):
+        return self.reader("pdftotext", "-raw", "out.pdf", "-").decode().split("\f")[:-1]
+
+    def boxes(self):
+        """Word, left, top and right of every word on every page, from the top of the page."""
+        page, found = -1, []
+        for line in self.reader("pdftotext", "-bbox", "out.pdf", "-").decode().splitlines():
+            page += "<page " in line
+            word = re.search(r'xMin="(.*?)" yMin="(.*?)" xMax="(.*?)" .*>(.*)</word>', line)
+            if word:
+                found.append((word[4], page, float(word[1]), float(word[2]), float(word[3])))
+        return found
+
+    def test_a_table_repeats_its_header_and_loses_no_row(self):
+        rows = "".join(f"|row{i}|text of row {i}|\n" for i in range(200))
+        self.assertEqual(self.typeset("|Head|Other|\n|-|-|\n" + rows), "")
+        pages = self.pages()
+        self.assertGreater(len(pages), 4)
+        for page in pages:
+            self.assertTrue(page.startswith("Head Other\nrow"), page[:40])
+        self.assertEqual(re.findall(r"^row(\d+)", "".join(pages), re.M), list(map(str, range(200))))
+
+    def test_columns_are_aligned(self):
+        self.typeset("|a|a|a|\n|:-|:-:|-:|\n|longword|longword|longword|\n")
+        (_, _, left1, _, _), (_, _, left2, _, right2), (_, _, _, _, right3) = self.boxes()[:3]
+        words = self.boxes()[3:6]
+        self.assertAlmostEqual(left1, words[0][2], delta=1)
+        self.assertAlmostEqual(left2 + right2, words[1][2] + words[1][4], delta=2)
+        self.assertAlmostEqual(right3, words[2][4], delta=1)
+
+    def test_a_wide_table_is_wrapped_then_smaller_then_broken(self):
+        prose = "word " * 30
+        columns = "|".join(["unbreakableword"] * 7)
+        address = "https://example.org/" + "x" * 100
+        for cells, smaller in ((f"a|{prose}|b", False), (columns, True), (f"{address}|{address}", True)):
+            with self.subTest(cells=cells):
+                rule = "|".join("-" * (cells.count("|") + 1))
+                self.typeset(f"|{cells}|\n|{rule}|\n|{cells}|\n")
+                boxes = [box for box in self.boxes() if box[0] not in "Copyright (c) 2026 Vellumark".split()]
+                self.assertLessEqual(max(box[4] for box in boxes), 595 - 64 + 1)
+                self.assertEqual(b" 11 Tf" not in self.expanded(), smaller)
+                shown = "".join(sorted("".join(box[0] for box in boxes)))
+                self.assertEqual(shown, "".join(sorted(2 * re.sub(r"[| ]", "", cells))))
+
+    def test_lists_are_loose_or_tight_and_numbered(self):
+        self.typeset("9. nine\n10. ten\n    - [x] done\n    - [ ] open\n\n        second\n\ntext\n")
+        self.assertEqual(self.text().split()[:7], ["9.", "nine", "10.", "ten", "done", "open", "second"])
+        y = {word: top for word, _, _, top, _ in self.boxes()}
+        pitch = 14
+        self.assertLess(y["ten"] - y["nine"], pitch + 3)
+        self.assertGreater(y["open"] - y["done"], pitch + 4)
+        self.assertGreater(y["second"] - y["open"], pitch + 4)
+
+    def test_a_quote_has_a_bar_on_every_page(self):
+        self.typeset("> " + "word " * 900 + "\n>\n> end\n\nout\n", "--paper", "a5")
+        content = self.expanded().split(b"/Type /Page\n")
+        self.assertGreaterEqual(len(content), 3)
+        strokes = re.findall(rb"\n2 w[^w]*?\n(\d+) (\d+) m\n(\d+) (\d+) l", self.expanded())
+        self.assertEqual(len(strokes), int(self.info("Pages")))
+        for x1, y1, x2, y2 in strokes:
+            self.assertEqual(x1, x2)
+            self.assertGreater(abs(int(y1) - int(y2)), 20)
+
+    def test_code_on_two_pages_has_two_lines_on_each(self):
+        for before in range(40, 56):
+            self.typeset("x\n\n" * before + "```\nc1\nc2\nc3\nc4\n```\n", "--paper", "a5", "--size", "8")
+            counts = [len(re.findall(r"^c\d$", page, re.M)) for page in self.pages()]
+            self.assertEqual(sum(counts), 4)
+            self.assertNotIn(1, counts)
+
+    def test_html_is_left_out_except_its_text_and_told_once(self):
+        said = self.typeset("<!-- gone -->\n<div>\nin<br>block &amp; more</div>\n\na <kbd>b</kbd> c<!-- x -->\n")
+        self.assertEqual(self.pages()[0].split()[:8], ["in", "block", "&", "more", "a", "b", "c", "Copyright"])
+        self.assertEqual(said, "vellumark: 2 HTML tags were left out, and the text inside was kept; "
+                               "first: <div> at line 2, column 1\n")
+
+    def test_a_remote_picture_is_a_link(self):
+        said = self.typeset("[![Build](https://a.b/c.svg)](https://d.e) ![](https://f.g/h.png)\n")
+        self.assertEqual(said, "vellumark: 2 remote pictures are represented by a link\n")
+        self.assertEqual(self.text().split()[:2], ["Build", "h.png"])
+        self.assertEqual(re.findall(rb"/URI \(([^\n]*)\)\n", self.expanded()),
+                         [b"https://d.e", b"https://f.g/h.png"])
+
     def test_missing_characters_are_reported_once(self):
         said = self.typeset("abc\n\n- é 日本\n- 日\n")
         self.assertEqual(said, 'vellumark: 3 characters are not in the fonts and were set as "?"; '
                                "first: U+65E5 at line 3, column 5\n")
+        for text, place in (("> a\n> `b&日`", "2, column 6"), ("a &copy; \\* 日", "1, column 13"),
+                            ("```\na\n\t日", "3, column 2"), ("|a|\n|-|\n|b|\n|日|", "4, column 2"),
+                            ("<p>\nx &amp; 日", "2, column 9")):
+            self.assertIn(f"at line {place}\n", self.typeset(text), text)
 
     def test_a_text_too_long_to_be_justified_is_set_ragged(self):
         said = self.typeset("word " * 20000)
@@ -367,8 +454,9 @@ class CommandLine(unittest.TestCase):
                              "-o", "out.pdf")
         self.assertEqual(done.returncode, 1)
         self.assertEqual(done.stderr.decode(),
-                         "vellumark: picture p.png: not a BMP, GIF or JPG file\n"
-                         "vellumark: picture no?ne.jpg: No such file or directory\n")
+                         "vellumark: picture p.png at line 1, column 1: not a BMP, GIF or JPG file\n"
+                         "vellumark: picture no?ne.jpg at line 3, column 1: "
+                         "No such file or directory\n")
         self.assertEqual(self.text().split()[:3], ["first", "second", "end"])
         self.assertIn(b"/Times-Italic", self.expanded())
 

@@ -14,8 +14,10 @@ using TextRun = Run;  // the fixture has a Run of its own
 class LineComposition : public ::testing::Test {
  protected:
   std::vector<Line> Compose(std::string_view text, int width, bool justify) {
+    const MarkdownTree tree(text);
     const std::vector<Word> words =
-        MakeWords(ParseInline(text), faces_, measure_, [](const char*, char32_t) {});
+        MakeWords(ReadInlines(cmark_node_first_child(tree.root())), faces_, measure_,
+                  [](const Span&, std::size_t, char32_t) {});
     return LineComposer(measure_, width, justify).Compose(words);
   }
 

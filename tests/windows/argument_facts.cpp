@@ -117,7 +117,7 @@ void CheckArguments(Facts& facts, IDispatch* pdf) {
   Invoke(pdf, IdOf(pdf, L"Flush"));
 }
 
-void CheckAnswers(Facts& facts, IDispatch* pdf) {
+void CheckOutArguments(Facts& facts, IDispatch* pdf) {
   const DISPID get = IdOf(pdf, L"GetColor");
   Invoke(pdf, IdOf(pdf, L"SetColor"), {Number(1), Number(20), Number(200)});
 
@@ -127,7 +127,7 @@ void CheckAnswers(Facts& facts, IDispatch* pdf) {
   Outcome got = Invoke(
       pdf, get,
       {Reference(VT_BOOL, &yes), Reference(VT_I4, &wide), Reference(VT_BSTR, &text.bstrVal)});
-  facts.Check("typed references receive converted answers",
+  facts.Check("typed references receive converted values",
               got.result == S_OK && std::wstring_view(text.bstrVal) == L"200" && wide == 20 &&
                   yes == VARIANT_TRUE,
               Hexadecimal(got.result));
@@ -138,7 +138,7 @@ void CheckAnswers(Facts& facts, IDispatch* pdf) {
   wide = -1;
   const Outcome variants =
       Invoke(pdf, get, {Reference(VT_VARIANT, &null), Reference(VT_VARIANT, &text), Number(5)});
-  facts.Check("variables receive them whatever they held; a value receives nothing",
+  facts.Check("variables receive them whatever they held; an argument by value receives nothing",
               variants.result == S_OK && V_VT(&null) == VT_UI1 && V_UI1(&null) == 1 &&
                   V_VT(&text) == VT_UI1 && V_UI1(&text) == 20,
               Hexadecimal(variants.result));
@@ -150,7 +150,7 @@ void CheckAnswers(Facts& facts, IDispatch* pdf) {
   wide = -1;
   const Outcome mixed = Invoke(
       pdf, get, {Reference(VT_I4, &wide), Reference(VT_VARIANT, &null), Reference(VT_I1, &narrow)});
-  facts.Check("one that cannot hold its answer keeps all from being written",
+  facts.Check("if one cannot hold its value, none is written",
               mixed.result == DISP_E_TYPEMISMATCH && mixed.wrong == 2 && narrow == 7 &&
                   wide == -1 && V_UI1(&null) == 1,
               Hexadecimal(mixed.result));

@@ -17,7 +17,7 @@
 namespace vellumark::tests {
 namespace {
 
-/// Answers the notices in the user's place, and counts them.
+/// Closes the notices in place of the user, and counts them.
 class NoticeCloser {
  public:
   [[nodiscard]] int Closed() const noexcept { return closed_; }
@@ -31,7 +31,7 @@ class NoticeCloser {
       const HWND notice = FindWindowA(nullptr, "Vellumark");
       if (notice == nullptr) continue;
       ++closed_;
-      Sleep(100);  // a box that is seen may lack its text still
+      Sleep(100);  // a box that has just appeared may still lack its text
       if (FindWindowExA(notice, nullptr, "Static", "Initialize()") != nullptr) ++worded_;
       for (; IsWindow(notice); Sleep(20)) PostMessageA(notice, WM_COMMAND, IDOK, 0);
     }
@@ -111,7 +111,7 @@ void CheckMembers(Facts& facts, IDispatch* object, const automation::ClassInfo& 
   CheckRunTimeErrors(facts, object);
   if (info.members == automation::Class::PS) return;  // dispatch is the same
   CheckArguments(facts, object);
-  CheckAnswers(facts, object);
+  CheckOutArguments(facts, object);
   CheckRefusals(facts, object);
 }
 

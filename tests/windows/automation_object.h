@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// An automation client as small as can be: it sends what script hosts cannot.
+// A minimal automation client, which sends what script hosts cannot.
 //
 //     Outcome set = Invoke(pdf, id, {Number(3), Number(2), Number(1)}, {2, 1});
 //
@@ -45,7 +45,7 @@ struct Number : ClientVariant {
   }
 };
 
-/// A value whose type says it all, such as VT_NULL.
+/// A variant that has a type and no value, such as VT_NULL.
 struct Bare : ClientVariant {
   explicit Bare(VARTYPE type) { vt = type; }
 };
@@ -65,7 +65,7 @@ struct Reference : ClientVariant {
   }
 };
 
-/// What comes of one call.
+/// The outcome of one call.
 struct Outcome {
   static constexpr UINT kNone = 99;
 
@@ -104,7 +104,7 @@ inline Outcome Get(IDispatch* object, DISPID id) {
   return Invoke(object, id, {}, {}, DISPATCH_PROPERTYGET);
 }
 
-/// The dispatch id of a member; DISPID_UNKNOWN where there is none.
+/// The dispatch id of a member; DISPID_UNKNOWN if there is none.
 inline DISPID IdOf(IDispatch* object, const wchar_t* name) {
   DISPID id = DISPID_UNKNOWN;
   auto* text = const_cast<wchar_t*>(name);
@@ -121,7 +121,7 @@ inline std::string Hexadecimal(HRESULT result) {
 class Facts;
 
 void CheckArguments(Facts& facts, IDispatch* pdf);
-void CheckAnswers(Facts& facts, IDispatch* pdf);
+void CheckOutArguments(Facts& facts, IDispatch* pdf);
 void CheckRefusals(Facts& facts, IDispatch* pdf);
 void CheckRunTimeErrors(Facts& facts, IDispatch* new_document);
 void CheckTypes(Facts& facts, IDispatch* object, const automation::ClassInfo& info);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Writes jscript.pdf, jscript.ps, jscript_picture.pdf and jscript_picture.ps with the calls of
-// reference_document.cpp. JScript has no variables that receive answers.
+// reference_document.cpp. JScript has no variables that receive values.
 
 function describe(doc, pdf) {
   doc.Title = "Pages of a script";

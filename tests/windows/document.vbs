@@ -1,7 +1,7 @@
 ' SPDX-License-Identifier: MIT
 '
 ' Writes vbscript.pdf, vbscript.ps, vbscript_picture.pdf and vbscript_picture.ps with the calls of
-' reference_document.cpp, in VBScript's own ways: variables that receive answers, omitted arguments,
+' reference_document.cpp, in VBScript's own ways: variables that receive values, omitted arguments,
 ' texts and fractions where numbers belong. Chr knows the code page only (Wine's VBScript has no
 ' ChrW), so that the characters beyond it are written as what becomes of them.
 Option Explicit

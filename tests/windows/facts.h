@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// Facts: what a program of this folder finds to hold or not, one line each on standard output.
+// Facts: what a program of this folder checks, one line each on standard output.
 //
-//     facts.Check("a folder is no picture", !reason.empty(), reason);
+//     facts.Check("a folder is not a picture", !reason.empty(), reason);
 #pragma once
 
 #include <cstdio>

@@ -49,7 +49,7 @@ void CheckFailures(Facts& facts) {
     facts.Check(std::string("a name with ").append(what).append(" is refused"),
                 handle == FileHandle::Invalid && error, error.message());
   }
-  facts.Check("no other file came of them", !std::filesystem::exists(cut.Name()));
+  facts.Check("no other file was made", !std::filesystem::exists(cut.Name()));
 
   HANDLE reader = nullptr;
   HANDLE writer = nullptr;
@@ -57,7 +57,7 @@ void CheckFailures(Facts& facts) {
   platform::WindowsFile pipe(writer);
   CloseHandle(reader);
   const std::error_code error = pipe.Write(std::string(70000, 'x'));  // more than is held back
-  facts.Check("a failed write is told, and told again by the close",
+  facts.Check("a failed write is reported, and reported again by the close",
               error && pipe.Write("") == error && pipe.Close() == error, error.message());
 }
 

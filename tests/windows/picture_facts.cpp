@@ -69,7 +69,7 @@ void CheckSamples(Facts& facts, const std::string& pictures) {
       alike =
           IsNear(ColorAt(bitmap, kPlaces[i][0], kPlaces[i][1]), sample.colors[i], sample.tolerance);
     }
-    facts.Check(std::string(sample.file).append(" has its colours"), alike);
+    facts.Check(std::string(sample.file).append(" has its colors"), alike);
   }
 }
 
@@ -81,10 +81,10 @@ void CheckRefused(Facts& facts, const std::string& what, const std::string& name
   std::string reason;
   const bool decoded = platform.DecodePicture(name, bitmap, reason);
   const bool empty = bitmap.width == 0 && bitmap.pixels.empty();
-  const bool told = !reason.empty() && reason.find_last_of(".\r\n ") != reason.size() - 1 &&
-                    (expected.empty() || reason == expected);
-  facts.Check(std::string("no picture: ").append(what).append(" (").append(reason).append(")"),
-              !decoded && empty && told);
+  const bool explained = !reason.empty() && reason.find_last_of(".\r\n ") != reason.size() - 1 &&
+                         (expected.empty() || reason == expected);
+  facts.Check(std::string("not a picture: ").append(what).append(" (").append(reason).append(")"),
+              !decoded && empty && explained);
 }
 
 void CheckHostile(Facts& facts, const std::string& pictures) {

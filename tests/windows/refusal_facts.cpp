@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// How the server refuses a call, and what it tells about a run-time error.
+// How the server refuses a call, and what it says about a run-time error.
 #include <cstdio>
 #include <limits>
 #include <vector>
@@ -16,7 +16,7 @@ struct Refusal {
   const wchar_t* member;
   int flags;
   HRESULT result;
-  UINT wrong;  ///< kNone where the client is not told
+  UINT wrong;  ///< kNone if the client is not told
 };
 
 void CheckRefusal(Facts& facts, IDispatch* pdf, const Refusal& expected,
@@ -77,7 +77,7 @@ void CheckKinds(Facts& facts, IDispatch* pdf) {
 void CheckMismatches(Facts& facts, IDispatch* pdf) {
   constexpr int kCall = DISPATCH_METHOD;
   const Number one(1);
-  CheckRefusal(facts, pdf, {"no number", L"SetColor", kCall, DISP_E_TYPEMISMATCH, 1},
+  CheckRefusal(facts, pdf, {"not a number at all", L"SetColor", kCall, DISP_E_TYPEMISMATCH, 1},
                {one, Text(L"red"), one});
   CheckRefusal(facts, pdf, {"Null", L"SetColor", kCall, DISP_E_TYPEMISMATCH, 2},
                {one, one, Bare(VT_NULL)});
@@ -92,7 +92,7 @@ void CheckMismatches(Facts& facts, IDispatch* pdf) {
   std::uint16_t great = 40000;
   CheckRefusal(facts, pdf, {"too great in as many bits", L"SetPosition", kCall, DISP_E_OVERFLOW, 1},
                {one, Reference(VT_UI2, &great)});
-  CheckRefusal(facts, pdf, {"not a number", L"SetColor", kCall, DISP_E_OVERFLOW, 0},
+  CheckRefusal(facts, pdf, {"NaN", L"SetColor", kCall, DISP_E_OVERFLOW, 0},
                {Number(std::numeric_limits<double>::quiet_NaN()), one, one});
   ClientVariant endless;
   endless.vt = VT_BYREF | VT_VARIANT;
@@ -120,15 +120,15 @@ void CheckRefusals(Facts& facts, IDispatch* pdf) {
                        nullptr);
   };
   facts.Check("an interface", get(IID_IDispatch, &none) == DISP_E_UNKNOWNINTERFACE);
-  facts.Check("arguments that are none", get(IID_NULL, &unsound) == E_INVALIDARG);
-  facts.Check("null pointers for answers are fine", get(IID_NULL, &none) == S_OK);
+  facts.Check("arguments without an array", get(IID_NULL, &unsound) == E_INVALIDARG);
+  facts.Check("null pointers for what comes back are fine", get(IID_NULL, &none) == S_OK);
 }
 
 void CheckRunTimeErrors(Facts& facts, IDispatch* new_document) {
   std::int32_t red = -1;
   const DISPID get = IdOf(new_document, L"GetColor");
   const Outcome got = Invoke(new_document, get, {Number(0), Number(0), Reference(VT_I4, &red)});
-  facts.Check("a run-time error is told with number, source and description",
+  facts.Check("a run-time error has a number, a source and a description",
               got.result == DISP_E_EXCEPTION && got.exception.wCode == 0 &&
                   got.exception.scode == static_cast<SCODE>(0x800A0009) &&
                   got.exception.bstrSource != nullptr &&
@@ -139,7 +139,7 @@ void CheckRunTimeErrors(Facts& facts, IDispatch* new_document) {
   facts.Check("and writes nothing", red == -1);
   std::vector<VARIANT> arguments(3);
   DISPPARAMS list{arguments.data(), nullptr, 3, 0};
-  facts.Check("also to a client that does not want to know",
+  facts.Check("a client that passes no place for them learns of the error too",
               new_document->Invoke(get, IID_NULL, 0, DISPATCH_METHOD, &list, nullptr, nullptr,
                                    nullptr) == DISP_E_EXCEPTION);
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// What the type library says about a class agrees with what the server answers and does.
+// What the type library says about a class agrees with what the server returns and does.
 #include <windows.h>
 #include <ocidl.h>
 

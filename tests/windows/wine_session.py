@@ -16,8 +16,8 @@ from message_boxes import MessageBoxes
 
 
 def loader():
-    """The command that starts Windows programs, 64-bit ones where their name alone is given: "wine"
-    would choose 32-bit ones on a machine that has both."""
+    """Returns the command that starts Windows programs, 64-bit ones if their name alone is given:
+    "wine" would choose 32-bit ones on a machine that has both."""
     debian = "/usr/lib/wine/wine64"
     return debian if os.access(debian, os.X_OK) else shutil.which("wine64") or "wine"
 

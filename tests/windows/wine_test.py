@@ -62,10 +62,10 @@ def skip_without_wine_of(bits):
 
 
 def run_script(script, boxes, cwd=OUT, bits=64):
-    """What a script printed; its last line tells that nothing stopped it on its way."""
+    """Returns what a script printed; its last line shows that nothing stopped it."""
     text = wine.run(SYSTEM[bits] + r"\cscript.exe", "//nologo", windows_path(script), cwd=cwd,
                     boxes=boxes)
-    assert text.endswith("end of script\n"), f"{script} stopped on its way:\n{text}"
+    assert text.endswith("end of script\n"), f"{script} stopped before its end:\n{text}"
     return text
 
 

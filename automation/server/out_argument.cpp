@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "automation/server/answer_target.h"
+#include "automation/server/out_argument.h"
 
 #include <utility>
 
@@ -23,7 +23,7 @@ bool CanReceive(VARTYPE type) noexcept {
   }
 }
 
-/// A variant whose array somebody is walking through cannot be replaced.
+/// A variant whose array somebody is iterating over cannot be replaced.
 bool IsLocked(const VARIANT& variant) noexcept {
   return V_ISARRAY(&variant) && V_ARRAY(&variant) != nullptr && V_ARRAY(&variant)->cLocks != 0;
 }
@@ -49,7 +49,7 @@ void StoreTyped(VARIANT& reference, OwnedVariant& value) noexcept {
     case VT_BSTR: std::swap(*V_BSTRREF(&reference), V_BSTR(&*value)); break;
     case VT_DECIMAL:
       *V_DECIMALREF(&reference) = V_DECIMAL(&*value);
-      V_DECIMALREF(&reference)->wReserved = 0;  // where a variant has its type
+      V_DECIMALREF(&reference)->wReserved = 0;  // a variant keeps its type there
       break;
     default: break;
   }
@@ -57,7 +57,7 @@ void StoreTyped(VARIANT& reference, OwnedVariant& value) noexcept {
 
 }  // namespace
 
-HRESULT AnswerTarget::Find(VARIANT& argument) noexcept {
+HRESULT OutArgument::Find(VARIANT& argument) noexcept {
   VARIANT& found = Dereference(argument);
   if (V_ISBYREF(&found)) {
     if (V_BYREF(&found) == nullptr || !CanReceive(ReferredType(found))) return DISP_E_TYPEMISMATCH;
@@ -69,20 +69,21 @@ HRESULT AnswerTarget::Find(VARIANT& argument) noexcept {
   return S_OK;
 }
 
-HRESULT AnswerTarget::Prepare(const Value& answer, LCID lcid) {
+HRESULT OutArgument::Prepare(const Value& value, LCID lcid) {
   if (reference_ == nullptr) {
-    if (variant_ != nullptr) GiveValue(answer, answer_);
+    if (variant_ != nullptr) GiveValue(value, prepared_);
     return S_OK;
   }
   OwnedVariant given;
-  GiveValue(answer, given);
-  const HRESULT coerced = Coerce(*given, ReferredType(*reference_), lcid, answer_);
+  GiveValue(value, given);
+  const HRESULT coerced = Coerce(*given, ReferredType(*reference_), lcid, prepared_);
   return SUCCEEDED(coerced) ? S_OK : DISP_E_TYPEMISMATCH;
 }
 
-void AnswerTarget::Store() noexcept {
-  if (reference_ != nullptr) StoreTyped(*reference_, answer_);
-  if (variant_ != nullptr) std::swap(*variant_, *answer_);  // the old content is freed with this
+void OutArgument::Store() noexcept {
+  if (reference_ != nullptr) StoreTyped(*reference_, prepared_);
+  if (variant_ != nullptr)
+    std::swap(*variant_, *prepared_);  // the old content is freed with this object
 }
 
 }  // namespace vellumark::automation::server

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "tools/notes.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <ostream>
+#include <string>
+
+namespace vellumark::tools {
+namespace {
+
+std::string Utf8Name(char32_t character) {
+  std::array<char, 12> text{};
+  const int size =
+      std::snprintf(text.data(), text.size(), "U+%04X", static_cast<unsigned>(character));
+  return {text.data(), static_cast<std::size_t>(std::max(size, 0))};
+}
+
+std::string PlaceText(const Place& place) {
+  return "line " + std::to_string(place.line) + ", column " + std::to_string(place.column);
+}
+
+/// "1 character is" or "3 characters are".
+std::string Count(std::size_t number, const std::string& one, const std::string& more) {
+  return std::to_string(number) + " " + (number == 1 ? one : more);
+}
+
+/// Names come from the text, so control characters, which a terminal would obey, become "?". The
+/// middle of a very long name is left out.
+std::string Shown(std::string name) {
+  constexpr std::size_t kLongest = 200;
+  std::replace_if(
+      name.begin(), name.end(), [](char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }, '?');
+  if (name.size() <= kLongest) return name;
+  std::size_t end = kLongest;
+  while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0U) == 0x80U) --end;
+  return name.substr(0, end) + "...";
+}
+
+class Notes {
+ public:
+  Notes(const TypesetResult& result, std::string_view text, std::ostream& stream)
+      : result_(result), source_(text), stream_(stream) {}
+
+  void Write() {
+    if (result_.missing > 0) {
+      const bool one = result_.missing == 1;
+      Line(Count(result_.missing, "character is", "characters are") + " not in the fonts and " +
+           (one ? "was" : "were") + " set as \"?\"; first: " + Utf8Name(result_.first_missing) +
+           " at " + PlaceText(source_.PlaceOf(result_.missing_position, result_.first_missing)));
+    }
+    if (result_.omitted.count > 0) {
+      Line(Count(result_.omitted.count, "HTML tag was", "HTML tags were") +
+           " left out, and the text inside was kept; first: <" + Shown(result_.omitted.first) +
+           "> at " + PlaceText(source_.PlaceOf(result_.omitted.position)));
+    }
+    if (result_.remote_pictures > 0) {
+      Line(Count(result_.remote_pictures, "remote picture is", "remote pictures are") +
+           " represented by a link");
+    }
+    for (const LostPicture& picture : result_.lost_pictures) {
+      Line("picture " + Shown(picture.file) + " at " +
+           PlaceText(source_.PlaceOf(picture.position)) + ": " + Shown(picture.reason));
+    }
+  }
+
+ private:
+  void Line(const std::string& text) { stream_ << "vellumark: " << text << '\n'; }
+
+  const TypesetResult& result_;
+  SourceText source_;
+  std::ostream& stream_;
+};
+
+}  // namespace
+
+void WriteNotes(const TypesetResult& result, std::string_view text, std::ostream& stream) {
+  Notes(result, text, stream).Write();
+}
+
+}  // namespace vellumark::tools

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+//
+// SetTable: a table with a rule below its header and thin rules between its rows.
+//
+// Cells are wrapped and aligned as the table says. If it is too wide, it is set smaller, down to
+// the smallest size of the fonts; then its words are broken; and if there are too many columns even
+// for that, the columns that have no room follow below. A row stays on one page if a page is high
+// enough for it. The header is repeated on every page.
+#pragma once
+
+#include <functional>
+
+#include "tools/block_setting.h"
+#include "tools/markdown_tree.h"
+
+namespace vellumark::tools {
+
+/// `note` is called with the text of each cell.
+void SetTable(cmark_node* table, const BlockSetting& setting,
+              const std::function<void(const InlineText&)>& note);
+
+}  // namespace vellumark::tools
