@@ -5,9 +5,15 @@
 
 namespace vellumark::document {
 
+RefusalNote DocumentModel::CheckPage() const {
+  if (state_.page_open || state_.oddities.MarksNeedNoPage()) return {};
+  return {RefusalReason::NoPage};
+}
+
 template <class Check, class Draw>
 RefusalNote DocumentModel::DrawShape(const Check& check, const Draw& draw) noexcept {
   return Attempt([&]() -> RefusalNote {
+    if (const RefusalNote refused = CheckPage()) return refused;
     if (const RefusalNote refused = check(Box())) return refused;
     if (const RefusalNote refused = writer_.RoomFor({.marks = 1})) return refused;
     draw();
@@ -24,6 +30,7 @@ RefusalNote DocumentModel::DrawLine(Points x1, Points y1, Points x2, Points y2) 
 }
 
 RefusalNote DocumentModel::TryDrawRectangle(Points x, Points y, Points width, Points height) {
+  if (const RefusalNote refused = CheckPage()) return refused;
   if (const RefusalNote refused = Box().CheckRectangle({x, y}, width, height)) return refused;
   if (const RefusalNote refused = writer_.RoomFor({.marks = 1})) return refused;
   writer_.DrawRectangle(OnPage(x, y), width, height);
@@ -44,6 +51,7 @@ RefusalNote DocumentModel::DrawCurve(Points x1, Points y1, Points x2, Points y2,
 }
 
 RefusalNote DocumentModel::TryDrawCircle(Points x, Points y, Points r) {
+  if (const RefusalNote refused = CheckPage()) return refused;
   if (const RefusalNote refused = Box().CheckEllipse({x, y}, r, r)) return refused;
   if (const RefusalNote refused = writer_.RoomFor({.marks = 1})) return refused;
   writer_.DrawCircle(OnPage(x, y), r);

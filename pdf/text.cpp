@@ -16,6 +16,7 @@
 #include <cstring>
 #include <utility>
 
+#include "document/font_resource.h"
 #include "document/pasted_string.h"
 #include "layout/font.h"
 #include "pdf/content_stream.h"
@@ -94,11 +95,11 @@ void PdfWriter::ShowText(std::span<const EncodedRun> runs, PagePoint baseline) {
   WriteMark(MarkKind::Text, [&] {
     BeginText();
     SetFillColor(state_.color);
-    SetTextFont(FontResource(runs.front().encoding));
+    SetTextFont(document::FontResource(state_.font, runs.front().encoding));
     const auto [x, y] = MoveText(baseline);
     page_.Append(x, ' ', y, " Td", EscapedString{runs.front().bytes}, "Tj");
     for (const EncodedRun& run : runs.subspan(1)) {
-      SetTextFont(FontResource(run.encoding));
+      SetTextFont(document::FontResource(state_.font, run.encoding));
       page_.Append(EscapedString{run.bytes}, "Tj");
     }
   });
@@ -131,7 +132,7 @@ void PdfWriter::ShowWords(std::span<const document::PlacedWord> words, PagePoint
     for (const document::PlacedWord& word : words) {
       moved.BeginWord(word.x);
       for (const EncodedRun& run : word.runs) {
-        const int resource = FontResource(run.encoding);
+        const int resource = document::FontResource(state_.font, run.encoding);
         if (graphics_.font != resource || graphics_.font_height != state_.font.height) {
           AppendUnlessEmpty(page_, moved.Taken(array_));
           SetTextFont(resource);

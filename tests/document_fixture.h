@@ -21,12 +21,12 @@ inline constexpr LocalTime kMoment{2026, 11, 15, 16, 5, 9, 0};
 
 using Lines = std::vector<std::string>;
 
-/// The lines of a file, every one of which must end with CR LF.
-inline Lines SplitLines(const std::string& file) {
+/// The lines of a file, every one of which must end with `line_end`.
+inline Lines SplitLines(const std::string& file, std::string_view line_end = "\r\n") {
   Lines lines;
   std::size_t begin = 0;
-  for (std::size_t end = 0; (end = file.find("\r\n", begin)) != std::string::npos;
-       begin = end + 2) {
+  for (std::size_t end = 0; (end = file.find(line_end, begin)) != std::string::npos;
+       begin = end + line_end.size()) {
     lines.push_back(file.substr(begin, end - begin));
   }
   EXPECT_EQ(begin, file.size()) << "the file does not end with a line end";
@@ -81,7 +81,7 @@ class DocumentTest : public testing::Test {
 
   Lines FlushedLines() {
     doc.Flush();
-    return SplitLines(*memory->File("doc"));
+    return SplitLines(*memory->File("doc"), doc.Conforming() ? "\n" : "\r\n");
   }
 
   static bool Has(const Lines& lines, std::string_view line) {
