@@ -42,7 +42,8 @@ void PdfWriter::Mark() noexcept {
            .page = page_.Here(),
            .in_text = graphics_.in_text,
            .text_x = graphics_.text_x,
-           .text_y = graphics_.text_y};
+           .text_y = graphics_.text_y,
+           .least_version = least_version_};
 }
 
 void PdfWriter::BackToMark() noexcept {
@@ -63,6 +64,7 @@ void PdfWriter::BackToMark() noexcept {
   graphics_.in_text = mark_.in_text;
   graphics_.text_x = mark_.text_x;
   graphics_.text_y = mark_.text_y;
+  least_version_ = mark_.least_version;
 }
 
 /// Opens an object with the next number.
