@@ -119,7 +119,8 @@ class DocumentModel {
   /// what the call had written is taken back. The page's state is the caller's to change last.
   template <class Steps>
   auto Attempt(const Steps& steps) noexcept -> decltype(steps()) {
-    const LineBuffer::Mark lines = lines_.Here();
+    LineBuffer::Mark lines;
+    lines_.Here(lines);
     writer_.Mark();
     try {
       return steps();
@@ -135,7 +136,8 @@ class DocumentModel {
   template <class Steps>
   RefusalNote AllOrNothing(const Steps& steps) noexcept {
     const PageState page = state_;
-    const LineBuffer::Mark lines = lines_.Here();
+    LineBuffer::Mark lines;
+    lines_.Here(lines);
     const RefusalNote outcome = Attempt(steps);
     if (outcome) {
       lines_.RollBack(lines);

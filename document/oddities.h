@@ -123,7 +123,7 @@ class Oddities {
   [[nodiscard]] constexpr bool CurvesHaveWholePoints() const noexcept { return classic_; }
 
   /// Classic: the control points of an ellipse's quarter are its start and the corner of the
-  /// bounding box, so that it bulges towards the corners and is less round than a circle.
+  /// bounding box, so that it bulges toward the corners and is less round than a circle.
   /// Conforming: as round as a circle.
   [[nodiscard]] constexpr bool EllipsesBulge() const noexcept { return classic_; }
 

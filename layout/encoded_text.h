@@ -17,7 +17,7 @@
 //     zero-width spaces and joiners, direction marks,        nothing
 //       variation selectors, byte order mark
 //     other characters that the font lacks, controls,        "?", and the character is in Lost;
-//       bytes that are no UTF-8 (they are U+FFFD)            in ZapfDingbats a blank
+//       bytes that are not UTF-8 (they are U+FFFD)           in ZapfDingbats a blank
 //
 // In Symbol and ZapfDingbats the characters U+0020 to U+00FF are the codes of that value where the
 // font has one: "a" is alpha. Other characters, such as U+03B1 itself, are looked up.
