@@ -4,8 +4,8 @@
 //
 //     lines.Append("/Title ", PastedString{title});    // /Title (...)
 //
-// Both PDF and PostScript put strings between parentheses. Nothing is escaped: document/oddities.h
-// says why, and what a host must do.
+// Both PDF and PostScript put strings between parentheses. Nothing is escaped: where that happens
+// on purpose, document/oddities.h says what a host must do.
 #pragma once
 
 #include <cstddef>
