@@ -71,6 +71,7 @@ std::string TypeName(const ValueType& type) {
     case Type::Single: return "float";
     case Type::String: return "str";
     case Type::Enumeration: {
+      if (type.enumeration == nullptr) return "int";
       std::string name(type.enumeration->name);
       return name += " | int";
     }

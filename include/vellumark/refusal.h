@@ -46,6 +46,9 @@ enum class RefusalReason : std::int32_t {
   NoPage,               ///< a text or picture before the first NewPage
   PictureTooWide,       ///< a picture reaches over the right margin
   PictureTooHigh,       ///< a picture reaches over the bottom margin
+  InvalidLevel,         ///< WriteBookmark: the level is below 1, or jumps over one
+  InvalidAnchor,        ///< SetAnchor: the name is empty
+  AnchorMissing,        ///< Flush: a link leads to an anchor that was never set; the file is whole
   DocumentNotWhole,     ///< Flush: a run-time error stopped the end of a page or of the document;
                         ///< the file was written, but something is missing in it
 };
