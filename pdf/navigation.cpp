@@ -38,7 +38,7 @@ void PdfWriter::SetAnchor(std::string_view name, document::PagePoint place) {
 }
 
 std::string PdfWriter::MissingAnchor() const {
-  for (const std::string& name : linked_names_) {
+  for (const auto& [name, link] : linked_names_) {
     if (anchors_.find(name) == anchors_.end()) return name;
   }
   return {};
@@ -101,13 +101,15 @@ int PdfWriter::WriteOutlines() {
   return root;
 }
 
-/// The named places that links lead to, in the order of their bytes as the format asks.
+/// The named places that links lead to, in the order of their bytes as the format asks. A link
+/// whose anchor never came leads to itself: readers complain of a name without a place.
 void PdfWriter::WriteAnchors() {
   if (linked_names_.empty()) return;
   lines_.Append("/Names << /Dests << /Names [");
-  for (const auto& [name, destination] : anchors_) {
-    if (linked_names_.find(name) == linked_names_.end()) continue;
-    lines_.Append(EscapedString{name}, ' ', DestinationText(destination));
+  for (const auto& [name, link] : linked_names_) {
+    const auto anchor = anchors_.find(name);
+    lines_.Append(EscapedString{name}, ' ',
+                  DestinationText(anchor != anchors_.end() ? anchor->second : link));
   }
   lines_.Append("] >> >>");
 }

@@ -25,7 +25,6 @@
 #include <array>
 #include <map>
 #include <numbers>
-#include <set>
 #include <span>
 #include <string>
 #include <vector>
@@ -251,7 +250,7 @@ class PdfWriter final : public document::Writer {
 
   // Named places, and the names that links lead to.
   std::map<std::string, Destination, std::less<>> anchors_;
-  std::set<std::string, std::less<>> linked_names_;
+  std::map<std::string, Destination, std::less<>> linked_names_;  // with the last link's own place
 
   HeldPlace* filled_place_ = nullptr;  // the kept place that is being filled
   std::int64_t filled_from_ = 0;       // where its stream begins, in a classic document
