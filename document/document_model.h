@@ -159,6 +159,7 @@ class DocumentModel {
   [[nodiscard]] PagePoint OnPage(Points x, Points y) const {
     return {state_.PageX(x), state_.PageY(y)};
   }
+  [[nodiscard]] RefusalNote CheckPage() const;
   template <class Check, class Draw>
   RefusalNote DrawShape(const Check& check, const Draw& draw) noexcept;
   RefusalNote TryDrawCircle(Points x, Points y, Points r);

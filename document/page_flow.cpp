@@ -190,8 +190,11 @@ void DocumentModel::WriteFooter() {
 }
 
 FileNote DocumentModel::Flush() noexcept {
-  const RefusalNote fault =
-      ResumeNext([&] { return EndPage(); }, [&] { return writer_.EndDocument(); });
+  // A document without pages gets one.
+  const bool starts_page = CheckPage().reason == RefusalReason::NoPage;
+  const RefusalNote fault = ResumeNext(
+      [&] { return starts_page ? StartPage(state_.margins, state_.page_color) : RefusalNote{}; },
+      [&] { return EndPage(); }, [&] { return writer_.EndDocument(); });
   if (!fault_) fault_ = fault;
   try {
     FileNote written = WriteFile();

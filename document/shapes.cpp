@@ -5,9 +5,16 @@
 
 namespace vellumark::document {
 
+/// Whether there is a page to draw on, where one is needed.
+RefusalNote DocumentModel::CheckPage() const {
+  const bool none = !state_.page_open && !state_.oddities.MarksNeedNoPage();
+  return none ? RefusalNote{RefusalReason::NoPage} : RefusalNote{};
+}
+
 template <class Check, class Draw>
 RefusalNote DocumentModel::DrawShape(const Check& check, const Draw& draw) noexcept {
   return Attempt([&]() -> RefusalNote {
+    if (const RefusalNote refused = CheckPage()) return refused;
     if (const RefusalNote refused = check(Box())) return refused;
     if (const RefusalNote refused = writer_.RoomFor({.marks = 1})) return refused;
     draw();
@@ -24,6 +31,7 @@ RefusalNote DocumentModel::DrawLine(Points x1, Points y1, Points x2, Points y2) 
 }
 
 RefusalNote DocumentModel::TryDrawRectangle(Points x, Points y, Points width, Points height) {
+  if (const RefusalNote refused = CheckPage()) return refused;
   if (const RefusalNote refused = Box().CheckRectangle({x, y}, width, height)) return refused;
   if (const RefusalNote refused = writer_.RoomFor({.marks = 1})) return refused;
   writer_.DrawRectangle(OnPage(x, y), width, height);
@@ -44,6 +52,7 @@ RefusalNote DocumentModel::DrawCurve(Points x1, Points y1, Points x2, Points y2,
 }
 
 RefusalNote DocumentModel::TryDrawCircle(Points x, Points y, Points r) {
+  if (const RefusalNote refused = CheckPage()) return refused;
   if (const RefusalNote refused = Box().CheckEllipse({x, y}, r, r)) return refused;
   if (const RefusalNote refused = writer_.RoomFor({.marks = 1})) return refused;
   writer_.DrawCircle(OnPage(x, y), r);

@@ -21,12 +21,12 @@ inline constexpr LocalTime kMoment{2026, 11, 15, 16, 5, 9, 0};
 
 using Lines = std::vector<std::string>;
 
-/// The lines of a file, every one of which must end with CR LF.
-inline Lines SplitLines(const std::string& file) {
+/// The lines of a file, every one of which must end with `line_end`.
+inline Lines SplitLines(const std::string& file, std::string_view line_end = "\r\n") {
   Lines lines;
   std::size_t begin = 0;
-  for (std::size_t end = 0; (end = file.find("\r\n", begin)) != std::string::npos;
-       begin = end + 2) {
+  for (std::size_t end = 0; (end = file.find(line_end, begin)) != std::string::npos;
+       begin = end + line_end.size()) {
     lines.push_back(file.substr(begin, end - begin));
   }
   EXPECT_EQ(begin, file.size()) << "the file does not end with a line end";
@@ -81,7 +81,7 @@ class DocumentTest : public testing::Test {
 
   Lines FlushedLines() {
     doc.Flush();
-    return SplitLines(*memory->File("doc"));
+    return SplitLines(*memory->File("doc"), doc.Conforming() ? "\n" : "\r\n");
   }
 
   static bool Has(const Lines& lines, std::string_view line) {
@@ -116,6 +116,30 @@ class PdfTest : public DocumentTest<PDF> {
     streams.erase(streams.begin());
     streams.pop_back();
     return streams;
+  }
+};
+
+class ConformingPdfTest : public PdfTest {
+ protected:
+  ConformingPdfTest() {
+    doc.Conforming(true);
+    doc.Compressed(false);
+  }
+
+  /// Operators of the flushed file's last page, up to its footer.
+  Lines Marks() {
+    const Lines lines = FlushedLines();
+    const auto footer = std::find_if(lines.rbegin(), lines.rend(), [](const std::string& line) {
+      return line.starts_with("(Copyright ");
+    });
+    const auto stream = std::find(footer, lines.rend(), "stream");
+    const auto moved = std::find_if(footer, stream, [](const std::string& line) {
+      return line.ends_with(" Td");
+    });
+    Lines marks(stream.base(), moved.base() - 1);
+    if (!marks.empty() && marks.back() == "0 g") marks.pop_back();
+    if (!marks.empty() && marks.back() == "BT") marks.pop_back();
+    return marks;
   }
 };
 
