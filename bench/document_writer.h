@@ -37,9 +37,13 @@ struct DocumentWriter {
 };
 
 const DocumentWriter& Vellumark();
+const DocumentWriter& VellumarkUncompressed();  // conforming output
+const DocumentWriter& VellumarkCompressed();    // likewise
 const DocumentWriter& Haru();
+const DocumentWriter& HaruCompressed();
 const DocumentWriter& Cairo();
 const DocumentWriter& VellumarkPs();
+const DocumentWriter& VellumarkConformingPs();
 const DocumentWriter& CairoPs();
 
 // --- The measures of the pages, in points; y grows downwards from the top margin. ----------------

@@ -12,10 +12,12 @@
 //
 // All libraries write to a file in memory (/dev/shm), so that no disk is measured. Only Flush is
 // also measured with a file in the directory for temporary files (TMPDIR, otherwise /tmp).
+#include <algorithm>
 #include <array>
 #include <benchmark/benchmark.h>
 #include <cstdio>
 #include <cstdlib>
+#include <deque>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -58,6 +60,7 @@ struct Bench {
   ScratchDirectory scratch{InMemory()};
   ScratchDirectory disk{std::filesystem::temp_directory_path()};
   Report report;
+  std::deque<std::string> titles;  // of the rows; they stay where they are
 };
 
 void Play(benchmark::State& state, Contest& contest) {
@@ -103,6 +106,27 @@ void CompareLengths(benchmark::State& state, Bench& bench, const DocumentWriter&
   bench.report.Keep({title, Duration(contest.Value(0)),
                      Named("at 10 pages", Duration(contest.Value(1))), contest.Ratio(0, 1),
                      AtMost(1.2)});
+}
+
+/// Bytes of the same document, in comparison with a peer.
+void CompareSizes(benchmark::State& state, Bench& bench, const SpeedMeasure& measure,
+                  const DocumentWriter& ours, const DocumentWriter& peer, Goal goal) {
+  const auto size = [&](const DocumentWriter& writer) {
+    const std::string path = bench.scratch.File(writer.name);
+    measure.write(writer, path.c_str());
+    return static_cast<double>(std::filesystem::file_size(path));
+  };
+  double our_size = 0;
+  double peer_size = 0;
+  for ([[maybe_unused]] const auto _ : state) {
+    our_size = size(ours);
+    peer_size = size(peer);
+  }
+  const auto kilobytes = [](double bytes) {
+    return std::to_string(static_cast<int>(bytes / 1000)) + " kB";
+  };
+  bench.report.Keep({std::string(measure.title).append(", bytes"), kilobytes(our_size),
+                     Named(peer.name, kilobytes(peer_size)), our_size / peer_size, goal});
 }
 
 struct FlushMeasure {
@@ -196,6 +220,22 @@ std::vector<SpeedMeasure> SpeedMeasures(const SampleText& text) {
   };
 }
 
+/// What conforming output has to reach against libharu, without and with compression.
+struct ConformingGoals {
+  const char* name;  // of a SpeedMeasure
+  Goal speed;
+  Goal size;
+  Goal compressed_speed;
+  Goal compressed_size;
+};
+
+constexpr std::array<ConformingGoals, 4> kConformingGoals = {{
+    {"text", AtLeast(8), AtMost(1), AtLeast(1.5), AtMost(1.02)},
+    {"shapes", AtLeast(4.5), AtMost(1), AtLeast(1.5), AtMost(1.02)},
+    {"wrapped", AtLeast(4), AtMost(1), AtLeast(1.5), AtMost(1.02)},
+    {"justified", AtLeast(2), AtMost(3), AtLeast(1.5), {}},
+}};
+
 struct PostScriptMeasure {
   SpeedMeasure measure;
   const DocumentWriter* peer;
@@ -234,6 +274,31 @@ void Register(Bench& bench) {
     if (name == "justified") continue;  // cairo cannot justify
     add(name + "/cairo", [&bench, measure](auto& state) {
       CompareSpeed(state, bench, measure, Vellumark(), Cairo(), {});
+    });
+  }
+  for (const SpeedMeasure& classic : SpeedMeasures(bench.text)) {
+    const auto goals = *std::find_if(
+        kConformingGoals.begin(), kConformingGoals.end(),
+        [&](const auto& goal) { return std::string_view(goal.name) == classic.name; });
+    const auto named = [&](const char* kind) {
+      SpeedMeasure measure = classic;
+      measure.title = bench.titles.emplace_back(std::string(kind) + classic.title).c_str();
+      return measure;
+    };
+    const std::string name = classic.name;
+    add("conforming_" + name, [&bench, goals, measure = named("conforming ")](auto& state) {
+      CompareSpeed(state, bench, measure, VellumarkUncompressed(), Haru(), goals.speed);
+    });
+    add("conforming_size_" + name, [&bench, goals, measure = named("conforming ")](auto& state) {
+      CompareSizes(state, bench, measure, VellumarkUncompressed(), Haru(), goals.size);
+    });
+    add("compressed_" + name, [&bench, goals, measure = named("compressed ")](auto& state) {
+      CompareSpeed(state, bench, measure, VellumarkCompressed(), HaruCompressed(),
+                   goals.compressed_speed);
+    });
+    add("compressed_size_" + name, [&bench, goals, measure = named("compressed ")](auto& state) {
+      CompareSizes(state, bench, measure, VellumarkCompressed(), HaruCompressed(),
+                   goals.compressed_size);
     });
   }
   for (const auto& [measure, peer, goal] : PostScriptMeasures(bench.text)) {

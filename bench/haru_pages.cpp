@@ -27,10 +27,13 @@ void SetStroke(HPDF_Page page, Shade shade) {
   HPDF_Page_SetRGBStroke(page, Fraction(shade.red), Fraction(shade.green), Fraction(shade.blue));
 }
 
+enum class Streams { Plain, Compressed };
+
 class HaruDocument {
  public:
-  HaruDocument() : pdf_(HPDF_New(OnError, nullptr)) {
+  explicit HaruDocument(Streams streams) : pdf_(HPDF_New(OnError, nullptr)) {
     if (pdf_ == nullptr) Fail(kName, "no document");
+    if (streams == Streams::Compressed) HPDF_SetCompressionMode(pdf_, HPDF_COMP_ALL);
   }
   HaruDocument(const HaruDocument&) = delete;
   HaruDocument& operator=(const HaruDocument&) = delete;
@@ -57,8 +60,9 @@ class HaruDocument {
   HPDF_Doc pdf_;
 };
 
+template <Streams kStreams>
 void WriteText(const SampleText& text, int pages, const char* path) {
-  HaruDocument document;
+  HaruDocument document(kStreams);
   HPDF_Font helvetica = document.Font("Helvetica");
   HPDF_Font times = document.Font("Times-Roman");
   for (int number = 0; number < pages; ++number) {
@@ -95,8 +99,9 @@ void DrawShapes(HPDF_Page page, int number) {
   HPDF_Page_FillStroke(page);
 }
 
+template <Streams kStreams>
 void WriteShapes(int of_each_kind, const char* path) {
-  HaruDocument document;
+  HaruDocument document(kStreams);
   HPDF_Page page = nullptr;
   for (int i = 0; i < of_each_kind; ++i) {
     if (i % kShapesPerPage == 0) page = document.NewPage();
@@ -114,9 +119,10 @@ void WriteParagraph(HPDF_Page page, std::string_view text, int top, HPDF_TextAli
   if (length != text.size()) Fail(kName, "a paragraph does not fit");
 }
 
+template <Streams kStreams>
 void WriteParagraphs(const SampleText& text, int paragraphs, HPDF_TextAlignment alignment,
                      const char* path) {
-  HaruDocument document;
+  HaruDocument document(kStreams);
   HPDF_Font times = document.Font("Times-Roman");
   HPDF_Page page = nullptr;
   for (int i = 0; i < paragraphs; ++i) {
@@ -130,20 +136,26 @@ void WriteParagraphs(const SampleText& text, int paragraphs, HPDF_TextAlignment 
   document.Save(path);
 }
 
+template <Streams kStreams>
 void WriteWrapped(const SampleText& text, int paragraphs, const char* path) {
-  WriteParagraphs(text, paragraphs, HPDF_TALIGN_LEFT, path);
+  WriteParagraphs<kStreams>(text, paragraphs, HPDF_TALIGN_LEFT, path);
 }
 
+template <Streams kStreams>
 void WriteJustified(const SampleText& text, int paragraphs, const char* path) {
-  WriteParagraphs(text, paragraphs, HPDF_TALIGN_JUSTIFY, path);
+  WriteParagraphs<kStreams>(text, paragraphs, HPDF_TALIGN_JUSTIFY, path);
+}
+
+template <Streams kStreams>
+const DocumentWriter& Writer() {
+  static constexpr DocumentWriter kWriter = {kName, WriteText<kStreams>, WriteShapes<kStreams>,
+                                             WriteWrapped<kStreams>, WriteJustified<kStreams>};
+  return kWriter;
 }
 
 }  // namespace
 
-const DocumentWriter& Haru() {
-  static constexpr DocumentWriter kWriter = {kName, WriteText, WriteShapes, WriteWrapped,
-                                             WriteJustified};
-  return kWriter;
-}
+const DocumentWriter& Haru() { return Writer<Streams::Plain>(); }
+const DocumentWriter& HaruCompressed() { return Writer<Streams::Compressed>(); }
 
 }  // namespace vellumark::bench

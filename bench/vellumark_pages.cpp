@@ -11,6 +11,23 @@ namespace {
 
 constexpr const char* kName = "vellumark";
 
+/// Conforming documents, as large and as small as they get.
+class UncompressedPdf : public PDF {
+ public:
+  UncompressedPdf() {
+    Conforming(true);
+    Compressed(false);
+  }
+};
+class CompressedPdf : public PDF {
+ public:
+  CompressedPdf() { Conforming(true); }
+};
+class ConformingPs : public PS {
+ public:
+  ConformingPs() { Conforming(true); }
+};
+
 /// A document that ends the program if it refuses a call.
 template <class AnyDocument>
 class CheckedDocument {
@@ -117,6 +134,27 @@ void WriteJustified(const SampleText& text, int paragraphs, const char* path) {
 const DocumentWriter& Vellumark() {
   static constexpr DocumentWriter kWriter = {kName, WriteText<PDF>, WriteShapes<PDF>,
                                              WriteWrapped<PDF>, WriteJustified<PDF>};
+  return kWriter;
+}
+
+const DocumentWriter& VellumarkUncompressed() {
+  using Pdf = UncompressedPdf;
+  static constexpr DocumentWriter kWriter = {kName, WriteText<Pdf>, WriteShapes<Pdf>,
+                                             WriteWrapped<Pdf>, WriteJustified<Pdf>};
+  return kWriter;
+}
+
+const DocumentWriter& VellumarkCompressed() {
+  using Pdf = CompressedPdf;
+  static constexpr DocumentWriter kWriter = {kName, WriteText<Pdf>, WriteShapes<Pdf>,
+                                             WriteWrapped<Pdf>, WriteJustified<Pdf>};
+  return kWriter;
+}
+
+const DocumentWriter& VellumarkConformingPs() {
+  using Ps = ConformingPs;
+  static constexpr DocumentWriter kWriter = {kName, WriteText<Ps>, WriteShapes<Ps>,
+                                             WriteWrapped<Ps>, WriteJustified<Ps>};
   return kWriter;
 }
 

@@ -5,7 +5,7 @@
 #     cmake -DTABLES=folder -DOUTPUT=file -P GlyphTables.cmake
 #
 # `folder` has latin.txt, symbol.txt, zapfdingbats.txt and composed.txt; each tells in its head what
-# its lines are. What the rows become is declared in layout/glyph_rows.h. A line that is no line of
+# its lines are. What the rows become is declared in layout/glyph_rows.h. A line that is not a line of
 # its table, and a number outside its range or given twice, stops the build with file and line.
 cmake_minimum_required(VERSION 3.21)
 
@@ -22,7 +22,7 @@ macro(check_limit what number limit)
   endif()
 endmacro()
 
-# A code in one of the two encodings: "-" becomes 0, which is no character's code.
+# A code in one of the two encodings: "-" becomes 0, which is not a character's code.
 macro(read_code encoding code out)
   set(${out} 0)
   if(NOT "${code}" STREQUAL "-")
@@ -50,7 +50,7 @@ function(read_latin file rows_out)
     endif()
     # CMake remembers nine groups of a match: the widths are a match of their own.
     if(NOT text MATCHES "^${kCharacter} +${kName} +(-|[1-9][0-9]*) +(-|[1-9][0-9]*)( [ 0-9]*)$")
-      refuse("${file}" ${line} "'${text}' is no line of this table")
+      refuse("${file}" ${line} "'${text}' is not a line of this table")
     endif()
     set(character ${CMAKE_MATCH_1})
     set(name ${CMAKE_MATCH_2})
@@ -91,7 +91,7 @@ function(read_built_in file rows_out)
     if(text MATCHES "^ *$")
       continue()
     elseif(NOT text MATCHES "^ *${kNumber} +${kNumber} +${kCharacter} +${kName}$")
-      refuse("${file}" ${line} "'${text}' is no line of this table")
+      refuse("${file}" ${line} "'${text}' is not a line of this table")
     endif()
     check_limit("code" ${CMAKE_MATCH_1} 255)
     check_limit("width" ${CMAKE_MATCH_2} 65535)
@@ -116,7 +116,7 @@ function(read_composed file rows_out)
     if(text MATCHES "^ *$")
       continue()
     elseif(NOT text MATCHES "^${kCharacter} +${kCharacter} +${kCharacter} *$")
-      refuse("${file}" ${line} "'${text}' is no line of this table")
+      refuse("${file}" ${line} "'${text}' is not a line of this table")
     elseif(NOT "${CMAKE_MATCH_1} ${CMAKE_MATCH_2}" STRGREATER "${last}")
       refuse("${file}" ${line} "${CMAKE_MATCH_1} ${CMAKE_MATCH_2} does not come after ${last}")
     endif()

@@ -119,7 +119,8 @@ class DocumentModel {
   /// what the call had written is taken back. The page's state is the caller's to change last.
   template <class Steps>
   auto Attempt(const Steps& steps) noexcept -> decltype(steps()) {
-    const LineBuffer::Mark lines = lines_.Here();
+    LineBuffer::Mark lines;
+    lines_.Here(lines);
     writer_.Mark();
     try {
       return steps();
@@ -135,7 +136,8 @@ class DocumentModel {
   template <class Steps>
   RefusalNote AllOrNothing(const Steps& steps) noexcept {
     const PageState page = state_;
-    const LineBuffer::Mark lines = lines_.Here();
+    LineBuffer::Mark lines;
+    lines_.Here(lines);
     const RefusalNote outcome = Attempt(steps);
     if (outcome) {
       lines_.RollBack(lines);
@@ -175,15 +177,34 @@ class DocumentModel {
   RefusalNote TryWriteTitle(const Title& title);
   RefusalNote WriteBulletAndText(const Title& title);
 
+  /// A word of the paragraph being written: where it lies in the text, and its width.
+  struct Word {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+    std::int32_t sum = 0;  // 1/1000 em
+  };
+
+  /// The words of a line: from `first` up to before `end`.
+  struct LineOfWords {
+    std::size_t first = 0;
+    std::size_t end = 0;
+    std::int32_t blank = 0;        // 1/1000 em
+    bool bytes_are_codes = false;  // of the paragraph's text
+  };
+
   // paragraph.cpp
   RefusalNote TryWriteMultiText(const Paragraph& paragraph);
   RefusalNote PlaceParagraph(const Paragraph& paragraph, Points& width);
-  RefusalNote MeasureWords(std::string_view text, Points width);
-  RefusalNote WriteLines(const Paragraph& paragraph, Points width);
+  RefusalNote MeasureWords(std::string_view text, const layout::CodeWidths* codes, Points width);
+  RefusalNote WriteLines(const Paragraph& paragraph, bool bytes_are_codes, Points width);
   [[nodiscard]] Points ParagraphHeight() const;
-  RefusalNote WriteFinishedLine(std::string_view line, const Paragraph& paragraph, Points width,
+  RefusalNote WriteFinishedLine(const Paragraph& paragraph, const LineOfWords& line, Points width,
                                 Points left);
-  RefusalNote WriteWords(const Paragraph& paragraph, Points width, Points left);
+  static std::string_view TextOfWord(std::string_view text, std::span<const Word> words,
+                                     std::size_t i);
+  RefusalNote WriteWordsAlone(const Paragraph& paragraph, std::span<const Word> words, Points left);
+  RefusalNote WriteWordsTogether(const Paragraph& paragraph, const LineOfWords& line,
+                                 std::span<const Word> words, Points width, Points left);
   RefusalNote WriteLastLine(std::string_view line, const Paragraph& paragraph, Points left);
   RefusalNote BreakPageIfFull();
 
@@ -204,15 +225,11 @@ class DocumentModel {
   layout::LostCharacters lost_;
   RefusalNote fault_;  // the first failure of a page end since Create
 
-  /// A word of the paragraph being written: where it lies in the text, and its width.
-  struct Word {
-    std::size_t begin = 0;
-    std::size_t end = 0;
-    std::int32_t sum = 0;  // 1/1000 em
-  };
   std::vector<Word> words_;                         // of one paragraph; kept for its storage
-  layout::JustifiedLine justified_;                 // likewise
+  std::vector<std::int32_t> sums_;                  // of one line
+  std::vector<Points> positions_;                   // likewise
   layout::EncodedText encoded_;                     // of the text being written
+  std::vector<layout::EncodedRun> plain_runs_;      // of the line being written
   std::vector<layout::EncodedText> encoded_words_;  // of the line being written
   std::vector<PlacedWord> placed_words_;            // likewise
 };

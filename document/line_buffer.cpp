@@ -49,10 +49,6 @@ std::string_view LineBuffer::Text(std::string& storage) const {
   return storage;
 }
 
-LineBuffer::Mark LineBuffer::Here() const noexcept {
-  return {sizes_.size(), chunks_.size(), chunks_.empty() ? 0 : chunks_.back().used, byte_count_};
-}
-
 void LineBuffer::RollBack(const Mark& mark) noexcept {
   chunks_.erase(chunks_.begin() + static_cast<std::ptrdiff_t>(mark.chunks), chunks_.end());
   if (!chunks_.empty()) chunks_.back().used = mark.used;

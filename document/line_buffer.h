@@ -99,7 +99,12 @@ class LineBuffer {
     std::int64_t byte_count = 0;
   };
 
-  [[nodiscard]] Mark Here() const noexcept;
+  void Here(Mark& mark) const noexcept {
+    mark.lines = sizes_.size();
+    mark.chunks = chunks_.size();
+    mark.used = chunks_.empty() ? 0 : chunks_.back().used;
+    mark.byte_count = byte_count_;
+  }
 
   /// Forgets every line that was appended, and every text that was replaced behind `mark`.
   void RollBack(const Mark& mark) noexcept;

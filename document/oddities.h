@@ -49,6 +49,12 @@ class Oddities {
   /// Conforming: a line is one text, its words moved to the same places.
   [[nodiscard]] constexpr bool JustifiedWordsStandAlone() const noexcept { return classic_; }
 
+  /// Classic: the width of each word of a justified line is rounded to whole points before they are
+  /// added up. Many short words can add up to more than the line has; the last one then reaches
+  /// over its edge, or is left out at the page's margin.
+  /// Conforming: they are added up first and fit.
+  [[nodiscard]] constexpr bool JustifiedWordsAreRoundedEach() const noexcept { return classic_; }
+
   /// Classic: samples of 16 and 32 bits are written as the picture file has them. At 16 bits the
   /// exchange of a pixel's first and third byte, made for three bytes a pixel, moves the first byte
   /// of every pixel to the pixel before (layout/picture.h). PDF names no color space for them, and
@@ -123,7 +129,7 @@ class Oddities {
   [[nodiscard]] constexpr bool CurvesHaveWholePoints() const noexcept { return classic_; }
 
   /// Classic: the control points of an ellipse's quarter are its start and the corner of the
-  /// bounding box, so that it bulges towards the corners and is less round than a circle.
+  /// bounding box, so that it bulges toward the corners and is less round than a circle.
   /// Conforming: as round as a circle.
   [[nodiscard]] constexpr bool EllipsesBulge() const noexcept { return classic_; }
 
@@ -135,6 +141,13 @@ class Oddities {
   [[nodiscard]] constexpr bool BackgroundsHaveAnOutline() const noexcept { return classic_; }
 
   // --- Of PostScript (ps/). ---
+
+  /// Classic: a file has header comments and pages, and nothing between them: no prolog, no setup,
+  /// no fonts or language level to be told, the paper's name instead of a request for it. Programs
+  /// that print parts of a file find nothing to keep in front of each part.
+  /// Conforming: prolog, setup and pages, each within its comments; the file is clean 7-bit text
+  /// with lines of at most 255 bytes.
+  [[nodiscard]] constexpr bool FilesAreWithoutSetup() const noexcept { return classic_; }
 
   /// Classic: a page comment has the number of pages first and the page's own number second, where
   /// the structuring conventions have the page's label and its number. Viewers show the count as
@@ -160,6 +173,11 @@ class Oddities {
   /// Conforming: a text is literal, a comment stays one, and a dash is a list of numbers.
   [[nodiscard]] constexpr bool TextIsPasted() const noexcept { return classic_; }
 
+  /// Classic: every mark spells out its path and sets its whole pen, or finds its font anew, in the
+  /// font's own encoding. Interpreters see the same page; the file is several times larger.
+  /// Conforming: a mark is its numbers and a short procedure, and sets what has changed.
+  [[nodiscard]] constexpr bool MarksAreSpelledOut() const noexcept { return classic_; }
+
   /// Classic: a line's path is closed: it is stroked there and back.
   /// Conforming: it is open.
   [[nodiscard]] constexpr bool LinesAreClosed() const noexcept { return classic_; }
@@ -167,6 +185,16 @@ class Oddities {
   /// Classic: a solid line writes no dash: a dash set earlier on the page stays in force.
   /// Conforming: a solid line is solid.
   [[nodiscard]] constexpr bool DashesStayInForce() const noexcept { return classic_; }
+
+  /// Classic: the angles of an arc are written as given, with all their turns: interpreters take
+  /// minutes for the turns of a thousand million degrees.
+  /// Conforming: the same arc with at most one turn more than it needs.
+  [[nodiscard]] constexpr bool ArcsTurnAsOftenAsTold() const noexcept { return classic_; }
+
+  /// Classic: a picture's data is one line, binary under RunLength and Flate, which transfer
+  /// programs change; what the image does not use of it is executed, and stops the document.
+  /// Conforming: lines of base-85 or hexadecimal text, read to their end.
+  [[nodiscard]] constexpr bool PictureDataIsOneLine() const noexcept { return classic_; }
 
   /// Classic: a Create whose file cannot be created forgets the file that was open before, which
   /// stays empty. A PDF goes on with it, in both outputs.

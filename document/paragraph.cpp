@@ -38,8 +38,9 @@ RefusalNote DocumentModel::TryWriteMultiText(const Paragraph& given) {
   }
   Points width = paragraph.width;
   if (const RefusalNote refused = PlaceParagraph(paragraph, width)) return refused;
-  if (const RefusalNote refused = MeasureWords(paragraph.text, width)) return refused;
-  return AllOrNothing([&] { return WriteLines(paragraph, width); });
+  const layout::CodeWidths* const codes = Setter().ByteWidths(paragraph.text, state_.font);
+  if (const RefusalNote refused = MeasureWords(paragraph.text, codes, width)) return refused;
+  return AllOrNothing([&] { return WriteLines(paragraph, codes != nullptr, width); });
 }
 
 /// Settles the width of the lines and sets the position to their left edge.
@@ -63,14 +64,26 @@ RefusalNote DocumentModel::PlaceParagraph(const Paragraph& paragraph, Points& wi
   return {};
 }
 
-/// Splits the text at every single blank; a word wider than the line refuses the paragraph.
-RefusalNote DocumentModel::MeasureWords(std::string_view text, Points width) {
+/// Splits the text at every single blank; a word wider than the line refuses the paragraph. `codes`
+/// are the widths of its bytes, if each is a code by itself.
+RefusalNote DocumentModel::MeasureWords(std::string_view text, const layout::CodeWidths* codes,
+                                        Points width) {
   const std::int32_t widest = layout::FontWidths::LargestSum(state_.font.height, width);
   words_.clear();
   std::size_t begin = 0;
   for (;;) {
-    const std::size_t end = std::min(text.find(' ', begin), text.size());
-    const std::int32_t sum = Setter().Measure(text.substr(begin, end - begin), state_.font);
+    std::size_t end = begin;
+    std::int32_t sum = 0;
+    if (codes != nullptr) {
+      // A word that is wider than the line ends the loop before its sum can leave 32 bits.
+      for (; end < text.size() && text[end] != ' ' && sum <= widest; ++end) {
+        sum += (*codes)[static_cast<std::uint8_t>(text[end])];
+      }
+    }
+    if (codes == nullptr || sum > widest) {
+      end = std::min(text.find(' ', begin), text.size());
+      sum = Setter().Measure(text.substr(begin, end - begin), state_.font);
+    }
     if (sum > widest) {
       const Points word_width = layout::FontWidths::InPoints(state_.font.height, sum);
       return {RefusalReason::WordTooWide, word_width.value(), width.value()};
@@ -81,65 +94,101 @@ RefusalNote DocumentModel::MeasureWords(std::string_view text, Points width) {
   }
 }
 
-RefusalNote DocumentModel::WriteLines(const Paragraph& paragraph, Points width) {
+RefusalNote DocumentModel::WriteLines(const Paragraph& paragraph, bool bytes_are_codes,
+                                      Points width) {
   const Points left = state_.position_x;
   const std::int32_t widest = layout::FontWidths::LargestSum(state_.font.height, width);
   const std::int32_t blank = Setter().Measure(" ", state_.font);
-  std::size_t line_begin = 0;
+  std::size_t first = 0;
   std::int32_t line_sum = 0;
-  for (const Word& word : words_) {
-    const std::int32_t with_blank = word.sum + blank;  // a blank always follows a word
+  for (std::size_t i = 0; i < words_.size(); ++i) {
+    const std::int32_t with_blank = words_[i].sum + blank;  // a blank always follows a word
     if (line_sum + with_blank > widest) {
-      const auto line = paragraph.text.substr(line_begin, word.begin - line_begin);
       const RefusalNote refused =
-          WriteFinishedLine(WithoutTrailingBlanks(line), paragraph, width, left);
+          WriteFinishedLine(paragraph, {first, i, blank, bytes_are_codes}, width, left);
       if (refused) return refused;
-      line_begin = word.begin;
+      first = i;
       line_sum = 0;
     }
     line_sum += with_blank;
   }
-  return WriteLastLine(paragraph.text.substr(line_begin), paragraph, left);
+  return WriteLastLine(paragraph.text.substr(words_[first].begin), paragraph, left);
 }
 
-RefusalNote DocumentModel::WriteFinishedLine(std::string_view line, const Paragraph& paragraph,
+RefusalNote DocumentModel::WriteFinishedLine(const Paragraph& paragraph, const LineOfWords& line,
                                              Points width, Points left) {
   if (const RefusalNote refused = BreakPageIfFull()) return refused;
-  if (paragraph.justified) {
-    // A line of one word cannot be stretched; it is written where it stands.
-    JustifyText(line, width, Setter(), state_.font, justified_);
-  } else {
-    justified_.words.assign(1, line);
-    justified_.positions.assign(1, 0);
+  // Blanks at the end are not written, and the words between them are empty.
+  std::size_t end = line.end;
+  while (end > line.first + 1 && words_[end - 1].begin == words_[end - 1].end) --end;
+  const std::size_t begins_at = end > line.first ? words_[line.first].begin : 0;
+  const std::size_t ends_at = end > line.first ? words_[end - 1].end : 0;
+  if (!paragraph.justified || end - line.first < 2) {
+    // A line of one word cannot be stretched.
+    state_.position_x = left;
+    const RefusalNote refused =
+        TryWriteText({.text = paragraph.text.substr(begins_at, ends_at - begins_at),
+                      .carriage_return = true,
+                      .dy = paragraph.dy});
+    return refused.reason == RefusalReason::NoObjectNumbersLeft ? refused : RefusalNote{};
   }
-  const std::size_t count = justified_.words.size();
-  if (count > 1 && !state_.oddities.JustifiedWordsStandAlone()) {
-    return WriteWords(paragraph, width, left);
-  }
-  for (std::size_t j = 0; j < count; ++j) {
-    state_.position_x = left + justified_.positions[j];
-    const RefusalNote refused = TryWriteText(
-        {.text = justified_.words[j], .carriage_return = j + 1 == count, .dy = paragraph.dy});
+  sums_.clear();
+  for (std::size_t i = line.first; i < end; ++i) sums_.push_back(words_[i].sum + line.blank);
+  sums_.back() -= line.blank;
+  const auto rounding = state_.oddities.JustifiedWordsAreRoundedEach() ? layout::Rounding::Words
+                                                                       : layout::Rounding::Sums;
+  layout::JustifyWords(sums_, width, state_.font.height, rounding, positions_);
+  const std::span<const Word> words(&words_[line.first], end - line.first);
+  return state_.oddities.JustifiedWordsStandAlone()
+             ? WriteWordsAlone(paragraph, words, left)
+             : WriteWordsTogether(paragraph, line, words, width, left);
+}
+
+/// A word of a justified line with the blank behind it, if it is not the last.
+std::string_view DocumentModel::TextOfWord(std::string_view text, std::span<const Word> words,
+                                           std::size_t i) {
+  const std::size_t end = i + 1 < words.size() ? words[i + 1].begin : words[i].end;
+  return text.substr(words[i].begin, end - words[i].begin);
+}
+
+RefusalNote DocumentModel::WriteWordsAlone(const Paragraph& paragraph, std::span<const Word> words,
+                                           Points left) {
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    state_.position_x = left + positions_[i];
+    const RefusalNote refused = TryWriteText({.text = TextOfWord(paragraph.text, words, i),
+                                              .carriage_return = i + 1 == words.size(),
+                                              .dy = paragraph.dy});
     if (refused.reason == RefusalReason::NoObjectNumbersLeft) return refused;
   }
   return {};
 }
 
-/// The words of a justified line as one text.
-RefusalNote DocumentModel::WriteWords(const Paragraph& paragraph, Points width, Points left) {
-  const std::size_t count = justified_.words.size();
-  if (encoded_words_.size() < count) encoded_words_.resize(count);
+RefusalNote DocumentModel::WriteWordsTogether(const Paragraph& paragraph, const LineOfWords& line,
+                                              std::span<const Word> words, Points width,
+                                              Points left) {
+  const std::size_t count = words.size();
   placed_words_.clear();
-  for (std::size_t j = 0; j < count; ++j) {
-    Setter().Encode(justified_.words[j], state_.font, encoded_words_[j]);
-    placed_words_.push_back({encoded_words_[j].Runs(), justified_.positions[j]});
+  if (line.bytes_are_codes) {
+    plain_runs_.clear();
+    plain_runs_.reserve(count);
+    for (std::size_t i = 0; i < count; ++i) {
+      plain_runs_.push_back(
+          {.bytes = TextOfWord(paragraph.text, words, i), .width = sums_[i], .fits_both = true});
+      placed_words_.push_back({std::span(&plain_runs_[i], 1), positions_[i]});
+    }
+  } else {
+    if (encoded_words_.size() < count) encoded_words_.resize(count);
+    for (std::size_t i = 0; i < count; ++i) {
+      Setter().Encode(TextOfWord(paragraph.text, words, i), state_.font, encoded_words_[i]);
+      placed_words_.push_back({encoded_words_[i].Runs(), positions_[i]});
+    }
   }
   state_.position_x = left;
   const RefusalNote refused =
       PlaceText({.text = {}, .carriage_return = true, .dy = paragraph.dy, .words = placed_words_},
                 width, Numbers::Free);
-  if (refused) return refused;
-  for (std::size_t j = 0; j < count; ++j) lost_.Add(encoded_words_[j].Lost());
+  if (refused || line.bytes_are_codes) return refused;
+  for (std::size_t i = 0; i < count; ++i) lost_.Add(encoded_words_[i].Lost());
   return {};
 }
 

@@ -5,7 +5,7 @@
 //     lines.Append("/Title ", PastedString{title});    // /Title (...)
 //
 // Both PDF and PostScript put strings between parentheses. Nothing is escaped: where that happens
-// on purpose, the writer's oddities.h says what a host must do.
+// on purpose, document/oddities.h says what a host must do.
 #pragma once
 
 #include <cstddef>

@@ -7,8 +7,8 @@ namespace vellumark::document {
 
 /// Whether there is a page to draw on, where one is needed.
 RefusalNote DocumentModel::CheckPage() const {
-  const bool none = !state_.page_open && !state_.oddities.MarksNeedNoPage();
-  return none ? RefusalNote{RefusalReason::NoPage} : RefusalNote{};
+  if (state_.page_open || state_.oddities.MarksNeedNoPage()) return {};
+  return {RefusalReason::NoPage};
 }
 
 template <class Check, class Draw>

@@ -4,7 +4,7 @@
 //
 // Coordinates count from its top left corner, y downwards. A shape is accepted as a whole or
 // refused as a whole; the edges belong to the box. A circle, ellipse or slice must also keep its
-// radius within its centre's distance to the left and top edges.
+// radius within its center's distance to the left and top edges.
 #pragma once
 
 #include <initializer_list>
@@ -30,7 +30,7 @@ struct UsableBox {
   /// A rectangle by its top left corner.
   [[nodiscard]] RefusalNote CheckRectangle(Point corner, layout::Points w, layout::Points h) const;
 
-  /// An ellipse by its centre; a circle has equal radii.
+  /// An ellipse by its center; a circle has equal radii.
   [[nodiscard]] RefusalNote CheckEllipse(Point center, layout::Points rx, layout::Points ry) const;
 
   /// The right and bottom edge alone.

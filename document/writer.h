@@ -94,7 +94,7 @@ class Writer {
   virtual void DrawCircle(PagePoint center, layout::Points radius) = 0;
   virtual void DrawEllipse(PagePoint center, layout::Points rx, layout::Points ry) = 0;
 
-  /// A slice from the centre, angles in degrees from the positive x axis, as the caller gave them.
+  /// A slice from the center, angles in degrees from the positive x axis, as the caller gave them.
   virtual void DrawArc(PagePoint center, layout::Points radius, float th1, float th2) = 0;
 
   /// A text in the font and color of the State, as runs of codes one behind the other; `baseline`

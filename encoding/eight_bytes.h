@@ -35,7 +35,7 @@ constexpr bool HasParenthesis(std::uint64_t eight) noexcept {
   return HasByte(eight | kEachOfEight, ')');
 }
 
-/// Whether a byte is no printable ASCII character.
+/// Whether a byte is not a printable ASCII character.
 constexpr bool HasUnprintable(std::uint64_t eight) noexcept {
   return HasBelow(eight, ' ') || ((eight | (eight + kEachOfEight)) & kHighBits) != 0;
 }

@@ -59,7 +59,7 @@ void FormatsPage(AnyDocument& doc, const std::string& folder) {
                                  {"landscape_interlaced.gif", "GIF, interlaced"},
                                  {"landscape.jpg", "JPG"},
                                  {"landscape_progressive.jpg", "JPG, progressive"},
-                                 {"landscape_grey.jpg", "JPG, grey"},
+                                 {"landscape_gray.jpg", "JPG, grey"},
                                  {"landscape_cmyk.jpg", "JPG, four inks"}};
   PictureTable(doc, folder, 60, kSamples);
 }

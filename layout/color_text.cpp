@@ -58,6 +58,7 @@ ColorText FormatColor(std::uint8_t red, std::uint8_t green, std::uint8_t blue) n
   *end++ = ' ';
   append(blue);
   color.size_ = static_cast<std::uint8_t>(end - color.text_.data());
+  color.gray_ = red == green && green == blue;
   return color;
 }
 

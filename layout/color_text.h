@@ -10,7 +10,9 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 namespace vellumark::layout {
@@ -30,22 +32,30 @@ class ColorText {
   [[nodiscard]] std::string_view view() const noexcept { return {text_.data(), size_}; }
 
   /// The first operand.
-  [[nodiscard]] std::string_view First() const noexcept { return view().substr(0, size_ / 3); }
+  [[nodiscard]] std::string_view First() const noexcept { return view().substr(0, size_ / 3U); }
 
   /// Whether the three operands are the same.
-  [[nodiscard]] bool IsGray() const noexcept {
-    const std::size_t step = First().size() + 1;
-    return size_ == 3 * step - 1 && view().substr(step, step - 1) == First() &&
-           view().substr(2 * step) == First();
+  [[nodiscard]] bool IsGray() const noexcept { return gray_; }
+
+  // A part of a LineBuffer line.
+  [[nodiscard]] static constexpr std::size_t MaxSize() noexcept { return kMostSize; }
+  char* Write(char* to) const noexcept {
+    std::memcpy(to, text_.data(), kMostSize);  // a fixed size costs no call
+    return to + size_;
   }
 
-  friend bool operator==(const ColorText&, const ColorText&) = default;
+  friend bool operator==(const ColorText& a, const ColorText& b) noexcept {
+    return a.size_ == b.size_ && std::memcmp(a.text_.data(), b.text_.data(), a.size_) == 0;
+  }
 
  private:
   friend ColorText FormatColor(std::uint8_t red, std::uint8_t green, std::uint8_t blue) noexcept;
 
-  std::array<char, 17> text_{};
+  static constexpr std::size_t kMostSize = 17;
+
+  std::array<char, kMostSize> text_{};
   std::uint8_t size_ = 0;
+  bool gray_ = false;
 };
 
 [[nodiscard]] ColorText FormatColor(std::uint8_t red, std::uint8_t green,

@@ -223,7 +223,16 @@ class TextEncoder {
   bool run_fits_both_ = true;
 };
 
+const CodeWidths* PlainWidths(std::string_view utf8, const Font& font) {
+  if (IsBuiltIn(font) || CountPlain(utf8) != utf8.size()) return nullptr;
+  return &WidthsOf(font, TextEncoding::WinAnsi);
+}
+
 void EncodeText(std::string_view utf8, const Font& font, EncodedText& text) {
+  if (const CodeWidths* const widths = utf8.empty() ? nullptr : PlainWidths(utf8, font)) {
+    text.Borrow(utf8, Checked(SumOfWidths(utf8, *widths)));
+    return;
+  }
   TextEncoder encoder(utf8, font, text);
   ShownCharacters characters(utf8);
   if (IsBuiltIn(font)) {
@@ -238,6 +247,9 @@ void EncodeText(std::string_view utf8, const Font& font, EncodedText& text) {
 }
 
 std::int32_t MeasureText(std::string_view utf8, const Font& font) {
+  if (const CodeWidths* const widths = PlainWidths(utf8, font)) {
+    return Checked(SumOfWidths(utf8, *widths));
+  }
   // A character is as wide in one Latin encoding as in the other.
   const CodeWidths& widths = WidthsOf(font, FirstEncodingOf(font));
   const bool built_in = IsBuiltIn(font);

@@ -17,7 +17,7 @@
 //     zero-width spaces and joiners, direction marks,        nothing
 //       variation selectors, byte order mark
 //     other characters that the font lacks, controls,        "?", and the character is in Lost;
-//       bytes that are no UTF-8 (they are U+FFFD)            in ZapfDingbats a blank
+//       bytes that are not UTF-8 (they are U+FFFD)           in ZapfDingbats a blank
 //
 // In Symbol and ZapfDingbats the characters U+0020 to U+00FF are the codes of that value where the
 // font has one: "a" is alpha. Other characters, such as U+03B1 itself, are looked up.
@@ -50,13 +50,15 @@ class EncodedText {
   /// Takes `codes` as they are for one run, without a copy; they must outlive it.
   void Borrow(std::string_view codes, std::int32_t width) {
     lost_.clear();
-    runs_.assign(1, {.bytes = codes, .width = width});
+    runs_.assign(1, {.bytes = codes, .width = width, .fits_both = true});
     width_ = width;
-    size_ = 0;
+    size_ = codes.size();
   }
 
-  /// All codes, one behind the other; none after Borrow.
-  [[nodiscard]] std::string_view Bytes() const noexcept { return {storage_.get(), size_}; }
+  /// All codes, one behind the other.
+  [[nodiscard]] std::string_view Bytes() const noexcept {
+    return runs_.empty() ? std::string_view() : std::string_view(runs_.front().bytes.data(), size_);
+  }
 
   /// The runs in order; none for a text that shows nothing.
   [[nodiscard]] std::span<const EncodedRun> Runs() const noexcept { return runs_; }
@@ -81,6 +83,10 @@ class EncodedText {
 /// Puts `utf8` into the codes of `font`. A font of no family or face has no widths and takes
 /// WinAnsi and Extended.
 void EncodeText(std::string_view utf8, const Font& font, EncodedText& text);
+
+/// The widths of the codes, if `utf8` is printable ASCII and the font a Latin one, so that each
+/// byte is its own code; null if not.
+[[nodiscard]] const CodeWidths* PlainWidths(std::string_view utf8, const Font& font);
 
 /// The width of the same in 1/1000 em, without the codes.
 [[nodiscard]] std::int32_t MeasureText(std::string_view utf8, const Font& font);

@@ -1,36 +1,28 @@
 // SPDX-License-Identifier: MIT
 #include "layout/justification.h"
 
+#include "layout/text_width.h"
+
 namespace vellumark::layout {
-namespace {
 
-void SplitWithBlanks(std::string_view text, std::vector<std::string_view>& words) {
-  words.clear();
-  for (;;) {
-    const std::size_t blank = text.find(' ');
-    if (blank == std::string_view::npos) break;
-    words.push_back(text.substr(0, blank + 1));
-    text.remove_prefix(blank + 1);
-  }
-  words.push_back(text);
-}
-
-}  // namespace
-
-bool JustifyText(std::string_view text, Points width, const TextSetter& setter, const Font& font,
-                 JustifiedLine& line) {
-  SplitWithBlanks(text, line.words);
-  const std::size_t count = line.words.size();
-  auto& positions = line.positions;
-  positions.assign(count + 1, 0);
-  if (count == 1) return false;  // there is no gap to stretch
+bool JustifyWords(std::span<const std::int32_t> sums, Points width, std::uint8_t height,
+                  Rounding rounding, std::vector<Points>& positions) {
+  const std::size_t count = sums.size();
+  positions.assign(count, 0);
+  if (count < 2) return false;
   try {
-    for (std::size_t i = 1; i < count; ++i) {
-      positions[i] = positions[i - 1] + setter.WidthInPoints(line.words[i - 1], font);
+    Points end = 0;  // of the words so far
+    std::int32_t sum = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+      positions[i] = end;
+      sum += sums[i];
+      end = rounding == Rounding::Sums ? FontWidths::InPoints(height, sum)
+                                       : end + FontWidths::InPoints(height, sums[i]);
     }
-    const Points last_width = setter.WidthInPoints(line.words.back(), font);
+    const Points last_width = end - positions[count - 1];
     const Points spare = width - positions[count - 1] - last_width;
-    const int gap = spare.value() / (static_cast<int>(count) - 1);
+    const int gaps = static_cast<int>(count) - 1;
+    const int gap = spare.value() / gaps;
     if (gap > 0) {
       for (std::size_t i = 1; i < count; ++i) {
         positions[i] = positions[i].value() + gap * static_cast<int>(i);
@@ -38,7 +30,7 @@ bool JustifyText(std::string_view text, Points width, const TextSetter& setter, 
     }
     // What the truncating division left over goes to the first gaps, a point each.
     const int rest = (width - positions[count - 1] - last_width).value();
-    for (int i = 1; i < static_cast<int>(count) && rest > 0; ++i) {
+    for (int i = 1; i <= gaps && rest > 0; ++i) {
       auto& position = positions[static_cast<std::size_t>(i)];
       position = position + (i < rest ? i : rest);
     }

@@ -1,38 +1,34 @@
 // SPDX-License-Identifier: MIT
 //
-// JustifyText: where the words of one line start so that the line fills its width to the point.
+// JustifyWords: where the words of one line start so that the line fills its width to the point.
 //
-// The caller has cut the line from a paragraph; JustifyText splits it at every single blank and
-// hands the spare width out between the words: the same whole number of points to each gap, then
-// one point more to the first gaps until nothing is left.
+// The caller has cut the line from a paragraph at its blanks. The spare width goes between the
+// words: the same whole number of points to each gap, then one point more to the first gaps until
+// nothing is left.
 //
-//     JustifiedLine line;                       // kept by the caller, its storage is used again
-//     JustifyText("aaa bbb cc", 100, setter, font, line);
-//     // line.words: "aaa ", "bbb ", "cc"       positions: 0, 33, 75 for widths 20, 30, 25
+//     std::vector<Points> positions;            // kept by the caller, its storage is used again
+//     JustifyWords(sums, 100, 10, Rounding::Sums, positions);
+//                                               // {0, 33, 75} for words of 20, 30 and 25 points
 #pragma once
 
-#include <string_view>
+#include <cstdint>
+#include <span>
 #include <vector>
 
-#include "layout/font.h"
 #include "layout/points.h"
-#include "layout/text_setter.h"
 
 namespace vellumark::layout {
 
-struct JustifiedLine {
-  /// The words, views of the line that was passed; each but the last ends with its blank. Blanks in
-  /// a row make empty words, which are kept.
-  std::vector<std::string_view> words;
-  /// For each word the points from the line's start to its own; one unused entry, 0, at the end.
-  std::vector<Points> positions;
-};
+/// What is rounded to whole points: the width of each word, or the sum of those up to a word.
+enum class Rounding : std::uint8_t { Words, Sums };
 
-/// Fills `line` and returns true. A line of one word is never stretched: like any run-time error
-/// (an overflow of a position) its missing gap stops the work at once; the result is false, and
-/// `line` keeps all words and the positions found so far, the others being 0. Words that are wider
-/// than `width` together keep their natural positions, and the line overflows.
-bool JustifyText(std::string_view text, Points width, const TextSetter& setter, const Font& font,
-                 JustifiedLine& line);
+/// `sums` are the widths of the words in 1/1000 em, each but the last with its blank, in a font of
+/// `height` points. Fills `positions`, from the start of the line, and returns true. A line of one
+/// word has no gap to stretch: the result is false, and its position 0. A run-time error (an
+/// overflow of a position) stops the work; the result is false, and `positions` has those found so
+/// far, the others being 0. Words that are wider than `width` together, which the rounding of many
+/// words can make them, keep their natural positions, and the line overflows.
+bool JustifyWords(std::span<const std::int32_t> sums, Points width, std::uint8_t height,
+                  Rounding rounding, std::vector<Points>& positions);
 
 }  // namespace vellumark::layout

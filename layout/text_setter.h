@@ -34,6 +34,11 @@ class TextSetter {
   /// The width in 1/1000 em.
   [[nodiscard]] virtual std::int32_t Measure(std::string_view text, const Font& font) const = 0;
 
+  /// The widths of the codes if each byte of `text` is a code that is measured by itself; null if
+  /// it is not. They save a call for each word of a long text.
+  [[nodiscard]] virtual const CodeWidths* ByteWidths(std::string_view text,
+                                                     const Font& font) const = 0;
+
   /// The codes, and the same width. `encoded` may point into `text`.
   virtual void Encode(std::string_view text, const Font& font, EncodedText& encoded) const = 0;
 
@@ -52,6 +57,10 @@ class ByteSetter final : public TextSetter {
   [[nodiscard]] std::int32_t Measure(std::string_view text, const Font& font) const override {
     return widths_.Sum(text, font);
   }
+  [[nodiscard]] const CodeWidths* ByteWidths(std::string_view /*text*/,
+                                             const Font& font) const override {
+    return &widths_.Codes(font);
+  }
   void Encode(std::string_view text, const Font& font, EncodedText& encoded) const override {
     encoded.Borrow(text, widths_.Sum(text, font));
   }
@@ -65,6 +74,10 @@ class UnicodeSetter final : public TextSetter {
  public:
   [[nodiscard]] std::int32_t Measure(std::string_view text, const Font& font) const override {
     return MeasureText(text, font);
+  }
+  [[nodiscard]] const CodeWidths* ByteWidths(std::string_view text,
+                                             const Font& font) const override {
+    return PlainWidths(text, font);
   }
   void Encode(std::string_view text, const Font& font, EncodedText& encoded) const override {
     EncodeText(text, font, encoded);

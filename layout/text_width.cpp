@@ -10,7 +10,12 @@ namespace vellumark::layout {
 namespace {
 
 constexpr int kFirstResource = 101;
-constexpr std::int64_t kCourierWidth = 600;
+constexpr CodeWidths kNoCodes{};
+constexpr CodeWidths kCourierCodes = [] {
+  CodeWidths widths{};
+  widths.fill(600);
+  return widths;
+}();
 
 std::int32_t Checked(std::int64_t sum) {
   if (sum > std::numeric_limits<std::int32_t>::max()) throw RunTimeError(RunTimeError::Overflow);
@@ -31,14 +36,7 @@ FontWidths::FontWidths(Platform& platform) : tables_{} {
 }
 
 std::int32_t FontWidths::Sum(std::string_view text, const Font& font) const {
-  if (font.number == FontNumberConstants::Courier) {
-    return Checked(kCourierWidth * static_cast<std::int64_t>(text.size()));
-  }
-  const Table* const table = TableOf(font);
-  if (table == nullptr) return 0;
-  std::int64_t sum = 0;
-  for (const char c : text) sum += (*table)[static_cast<unsigned char>(c)];
-  return Checked(sum);
+  return Checked(SumOfWidths(text, Codes(font)));
 }
 
 Points FontWidths::InPoints(std::uint8_t height, std::int32_t sum) {
@@ -53,18 +51,19 @@ std::int32_t FontWidths::LargestSum(std::uint8_t height, Points width) {
   return sum;
 }
 
-const FontWidths::Table* FontWidths::TableOf(const Font& font) const noexcept {
+const CodeWidths& FontWidths::Codes(const Font& font) const noexcept {
   switch (font.number) {
-    case FontNumberConstants::Symbol: return &tables_[8];
-    case FontNumberConstants::ZapfDingbats: return &tables_[9];
+    case FontNumberConstants::Courier: return kCourierCodes;
+    case FontNumberConstants::Symbol: return tables_[8];
+    case FontNumberConstants::ZapfDingbats: return tables_[9];
     case FontNumberConstants::Helvetica:
     case FontNumberConstants::Times: break;
-    default: return nullptr;
+    default: return kNoCodes;
   }
   const auto style = static_cast<std::int32_t>(font.style);
-  if (style < 1 || style > 4) return nullptr;
+  if (style < 1 || style > 4) return kNoCodes;
   const int family = font.number == FontNumberConstants::Helvetica ? 0 : 4;
-  return &tables_[static_cast<std::size_t>(family + style - 1)];
+  return tables_[static_cast<std::size_t>(family + style - 1)];
 }
 
 }  // namespace vellumark::layout

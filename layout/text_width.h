@@ -23,6 +23,7 @@
 
 #include "layout/font.h"
 #include "layout/points.h"
+#include "layout/text_encoding.h"
 
 namespace vellumark::layout {
 
@@ -47,12 +48,11 @@ class FontWidths {
     return InPoints(font.height, Sum(text, font));
   }
 
+  /// The widths of all codes; zeros for a family or style that does not exist.
+  [[nodiscard]] const CodeWidths& Codes(const Font& font) const noexcept;
+
  private:
-  using Table = std::array<std::uint16_t, 256>;
-
-  [[nodiscard]] const Table* TableOf(const Font& font) const noexcept;
-
-  std::array<Table, 10> tables_;  // resources 101 to 110
+  std::array<CodeWidths, 10> tables_;  // resources 101 to 110
 };
 
 }  // namespace vellumark::layout

@@ -33,7 +33,7 @@ struct ArcPath {
   std::vector<ArcSegment> segments;
 };
 
-/// The arc of a slice whose angles (degrees) are normalised. Where th2 lies below th1 the arc runs
+/// The arc of a slice whose angles (degrees) are normalized. Where th2 lies below th1 the arc runs
 /// through 0 degrees. A span above 180 degrees is built in two parts, split at th1 + 180; each part
 /// has the fewest equal segments. Full turns beyond the second, which negative angles can ask for,
 /// would only repeat the path and are left out. Raises run-time error 6 for angles that are no

@@ -28,22 +28,24 @@ RefusalNote PdfWriter::RoomFor(const Pieces& pieces) const {
   return {RefusalReason::NoObjectNumbersLeft, 0, static_cast<std::int32_t>(left)};
 }
 
+// Called for every mark: member by member, since a Place that is put together first and copied then
+// waits for its own stores.
 void PdfWriter::Mark() noexcept {
-  const Objects& now = objects_;
-  mark_ = {.table = now.table.Here(),
-           .pages = now.pages.size(),
-           .page_nodes = now.page_nodes.size(),
-           .contents = now.contents.size(),
-           .page_contents = now.page_contents,
-           .annotations = now.annotations.size(),
-           .page_annotations = now.page_annotations,
-           .images = now.images.size(),
-           .state_saved = now.state_saved,
-           .page = page_.Here(),
-           .in_text = graphics_.in_text,
-           .text_x = graphics_.text_x,
-           .text_y = graphics_.text_y,
-           .least_version = least_version_};
+  mark_.table = objects_.table.Here();
+  mark_.pages = objects_.pages.size();
+  mark_.page_nodes = objects_.page_nodes.size();
+  mark_.contents = objects_.contents.size();
+  mark_.page_contents = objects_.page_contents;
+  mark_.annotations = objects_.annotations.size();
+  mark_.page_annotations = objects_.page_annotations;
+  mark_.images = objects_.images.size();
+  mark_.state_saved = objects_.state_saved;
+  page_.Here(mark_.page);
+  mark_.in_text = graphics_.in_text;
+  mark_.text_x = graphics_.text_x;
+  mark_.text_y = graphics_.text_y;
+  mark_.page_ended = false;
+  mark_.least_version = least_version_;
 }
 
 void PdfWriter::BackToMark() noexcept {

@@ -7,7 +7,7 @@
 //
 // At most `kPlaces` places, rounded to the nearest (ties away from zero), no trailing zeros, no
 // exponent, never "-0", a point whatever the locale. Values beyond a thousand million either way
-// are written as that, and what is no number as 0: a path stays a path.
+// are written as that, and NaN as 0: a path stays a path.
 #pragma once
 
 #include <charconv>

@@ -16,6 +16,7 @@
 //                                                 endobj
 #include <array>
 
+#include "document/font_resource.h"
 #include "layout/font.h"
 #include "pdf/content_stream.h"
 #include "pdf/decimal.h"
@@ -36,13 +37,6 @@ bool NeedsWidths(std::size_t font, layout::TextEncoding encoding) {
 
 }  // namespace
 
-/// The number of the current font under `encoding`: of its name "/F4", and in fonts_used.
-int PdfWriter::FontResource(layout::TextEncoding encoding) const {
-  const int font = layout::FontIndex(state_.font);
-  const bool extended = encoding == layout::TextEncoding::Extended;
-  return extended ? font + static_cast<int>(kFonts) : font;
-}
-
 void PdfWriter::WriteClassicFonts() {
   objects_.fonts.clear();
   for (const std::string_view name : layout::kFontNames) {
@@ -61,25 +55,22 @@ void PdfWriter::WriteClassicFonts() {
 
 /// Returns what the resources name: "/F4 7 0 R /F18 9 0 R ".
 std::string PdfWriter::WriteUsedFonts() {
-  using enum layout::TextEncoding;
+  constexpr auto kWinAnsi = layout::TextEncoding::WinAnsi;
   std::string named;
   std::array<int, 4> encodings{};  // the object of each, once it is written
-  for (std::size_t resource = 0; resource < kFontResources; ++resource) {
+  for (std::size_t resource = 0; resource < document::kFontResources; ++resource) {
     if (!objects_.fonts_used[resource]) continue;
     const std::size_t font = resource % kFonts;
     const std::string_view name = layout::kFontNames[font];
-    const layout::TextEncoding encoding = name == "Symbol"         ? Symbol
-                                          : name == "ZapfDingbats" ? ZapfDingbats
-                                          : resource >= kFonts     ? Extended
-                                                                   : WinAnsi;
+    const layout::TextEncoding encoding = document::EncodingOf(resource);
     int& object = encodings[static_cast<std::size_t>(encoding)];
-    if (encoding != WinAnsi && object == 0) object = WriteEncoding(encoding);
+    if (encoding != kWinAnsi && object == 0) object = WriteEncoding(encoding);
     const int number = BeginObject();
     lines_.Append("<<");
     lines_.Append("/Type /Font");
     lines_.Append("/Subtype /Type1");
     lines_.Append("/BaseFont /", name);
-    if (encoding == WinAnsi) {
+    if (encoding == kWinAnsi) {
       lines_.Append("/Encoding /WinAnsiEncoding");
     } else {
       lines_.Append("/Encoding ", Reference{object});

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string>
 
+#include "document/changes.h"
 #include "layout/color_text.h"
 #include "layout/points.h"
 
@@ -52,12 +53,6 @@ struct GraphicsState {
   }
 };
 
-/// Whether `wanted` is not in force yet; from now on it is.
-template <class Value>
-bool Changes(Value& in_force, const Value& wanted) {
-  if (in_force == wanted) return false;
-  in_force = wanted;
-  return true;
-}
+using document::Changes;
 
 }  // namespace vellumark::pdf

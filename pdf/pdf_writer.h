@@ -29,6 +29,7 @@
 #include <string>
 #include <vector>
 
+#include "document/font_resource.h"
 #include "document/line_buffer.h"
 #include "document/picture_data.h"
 #include "document/state.h"
@@ -92,9 +93,6 @@ class PdfWriter final : public document::Writer {
   /// What a mark does with the graphics state of its stream, if it has one of its own.
   enum class MarkKind { Shape, Text, Image };
 
-  /// Two encodings for each of the fourteen fonts (fonts.cpp).
-  static constexpr std::size_t kFontResources = 28;
-
   /// Everything that counts objects.
   struct Objects {
     ObjectTable table;
@@ -110,7 +108,7 @@ class PdfWriter final : public document::Writer {
     std::vector<int> images;           // of the whole document
     std::vector<ImageKey> image_keys;  // likewise, of a conforming document
     bool state_saved = false;          // a "q" is open
-    std::array<bool, kFontResources> fonts_used{};
+    std::array<bool, document::kFontResources> fonts_used{};
   };
 
   /// How far the lists of Objects reached.
@@ -143,7 +141,6 @@ class PdfWriter final : public document::Writer {
   void WriteVersion();
 
   // fonts.cpp
-  [[nodiscard]] int FontResource(layout::TextEncoding encoding) const;
   void WriteClassicFonts();
   [[nodiscard]] std::string WriteUsedFonts();
   int WriteEncoding(layout::TextEncoding encoding);
@@ -196,7 +193,11 @@ class PdfWriter final : public document::Writer {
 
   // text.cpp
   void SetTextFont(int resource);
-  void MoveText(document::PagePoint baseline);
+  struct TextMove {
+    layout::Points x;
+    layout::Points y;
+  };
+  TextMove MoveText(document::PagePoint baseline);
 
   const document::State& state_;
   document::LineBuffer& lines_;

@@ -17,7 +17,7 @@ void PdfWriter::WriteColor(const layout::ColorText& color, std::string_view rgb,
   if (!state_.oddities.EachMarkIsAStream() && color.IsGray()) {
     Content().Append(color.First(), gray);
   } else {
-    Content().Append(color.view(), rgb);
+    Content().Append(color, rgb);
   }
 }
 
@@ -101,24 +101,29 @@ void PdfWriter::DrawEllipse(PagePoint center, Points rx, Points ry) {
 
 /// Four Bézier segments, clockwise from the leftmost point.
 void PdfWriter::DrawQuarters(PagePoint center, Points rx, Points ry, QuarterControl control) {
-  const double x = center.x.value();
-  const double y = center.y.value();
-  const double w = rx.value();
-  const double h = ry.value();
-  const auto place = [this](double value) { return Decimal{Placed(value)}; };
-  PaintClosedShape("b", [&] {
-    // From (x + a, y + b), which lies on one axis, to (x + c, y + d) on the other.
-    const auto quarter = [&](double a, double b, double c, double d) {
-      Content().Append(place(x + a + c * control.of_start), ' ',
-                       place(y + b + d * control.of_start), ' ', place(x + a * control.of_end + c),
-                       ' ', place(y + b * control.of_end + d), ' ', place(x + c), ' ', place(y + d),
-                       " c");
-    };
-    Content().Append(place(x - w), ' ', center.y, " m");
-    quarter(-w, 0, 0, h);
-    quarter(0, h, w, 0);
-    quarter(w, 0, 0, -h);
-    quarter(0, -h, -w, 0);
+  const auto [x, y] = center;
+  const Points left = x - rx;
+  const Points right = x + rx;
+  const Points top = y + ry;
+  const Points bottom = y - ry;
+  const double from_start_x = rx.value() * control.of_start;
+  const double from_start_y = ry.value() * control.of_start;
+  const double from_end_x = rx.value() * control.of_end;
+  const double from_end_y = ry.value() * control.of_end;
+  const auto place = [this](Points at, double distance) {
+    return Decimal{Placed(at.value() + distance)};
+  };
+  PaintClosedShape("b", [&, x = x, y = y] {
+    auto& lines = Content();
+    lines.Append(left, ' ', y, " m");
+    lines.Append(left, ' ', place(y, from_start_y), ' ', place(x, -from_end_x), ' ', top, ' ', x,
+                 ' ', top, " c");
+    lines.Append(place(x, from_start_x), ' ', top, ' ', right, ' ', place(y, from_end_y), ' ',
+                 right, ' ', y, " c");
+    lines.Append(right, ' ', place(y, -from_start_y), ' ', place(x, from_end_x), ' ', bottom, ' ',
+                 x, ' ', bottom, " c");
+    lines.Append(place(x, -from_start_x), ' ', bottom, ' ', left, ' ', place(y, -from_end_y), ' ',
+                 left, ' ', y, " c");
   });
 }
 

@@ -12,9 +12,13 @@
 // A line of moved words is one operator, in which numbers (1/1000 em) take the place of gaps:
 //
 //     0 -14 Td[(moved )-250(words)]TJ
+#include <charconv>
+#include <cstring>
+#include <utility>
+
+#include "document/font_resource.h"
 #include "document/pasted_string.h"
 #include "layout/font.h"
-#include "layout/rounding.h"
 #include "pdf/content_stream.h"
 #include "pdf/syntax.h"
 #include "pdf/text_string.h"
@@ -23,16 +27,55 @@ namespace vellumark::pdf {
 
 using document::PagePoint;
 using layout::EncodedRun;
+using layout::Points;
 
 namespace {
 
-/// Appends a part of a line to a text.
-template <class Part>
-void AppendTo(std::string& text, const Part& part) {
-  const std::size_t size = text.size();
-  text.resize(size + part.MaxSize());
-  const char* const end = part.Write(text.data() + size);
-  text.resize(static_cast<std::size_t>(end - text.data()));
+/// The words of a justified line as the operand of TJ: strings, and numbers in 1/1000 em that take
+/// the difference between where one word ends and the next one starts.
+class MovedWords {
+ public:
+  explicit MovedWords(std::uint8_t height) : height_(height) {}
+
+  /// The next word starts at `x` points from the start of the line.
+  void BeginWord(Points x) {
+    const int start = (2000 * x.value() + height_) / (2 * height_);
+    gap_ = start - reached_;
+    reached_ = start;
+  }
+
+  void Add(const EncodedRun& run, std::string& array) {
+    const EscapedString string{run.bytes};
+    if (array.size() < used_ + string.MaxSize() + kMostAround) {
+      array.resize(2 * (used_ + string.MaxSize() + kMostAround));
+    }
+    char* to = array.data() + used_;
+    if (used_ == 0) *to++ = '[';
+    if (gap_ != 0) to = std::to_chars(to, to + kMostAround, -gap_).ptr;
+    gap_ = 0;
+    to = string.Write(to);
+    used_ = static_cast<std::size_t>(to - array.data());
+    reached_ += run.width;
+  }
+
+  /// The operator for what was added since the last call; nothing was if it is empty.
+  [[nodiscard]] std::string_view Taken(std::string& array) {
+    if (used_ == 0) return {};
+    std::memcpy(array.data() + used_, "]TJ", 3);
+    return {array.data(), std::exchange(used_, 0) + 3};
+  }
+
+ private:
+  static constexpr std::size_t kMostAround = 16;  // the bracket, a number, and the operator
+
+  std::uint8_t height_;
+  std::size_t used_ = 0;
+  int gap_ = 0;
+  int reached_ = 0;
+};
+
+void AppendUnlessEmpty(document::LineBuffer& lines, std::string_view line) {
+  if (!line.empty()) lines.Append(line);
 }
 
 }  // namespace
@@ -52,9 +95,11 @@ void PdfWriter::ShowText(std::span<const EncodedRun> runs, PagePoint baseline) {
   WriteMark(MarkKind::Text, [&] {
     BeginText();
     SetFillColor(state_.color);
-    MoveText(baseline);
-    for (const EncodedRun& run : runs) {
-      SetTextFont(FontResource(run.encoding));
+    SetTextFont(document::FontResource(state_.font, runs.front().encoding));
+    const auto [x, y] = MoveText(baseline);
+    page_.Append(x, ' ', y, " Td", EscapedString{runs.front().bytes}, "Tj");
+    for (const EncodedRun& run : runs.subspan(1)) {
+      SetTextFont(document::FontResource(state_.font, run.encoding));
       page_.Append(EscapedString{run.bytes}, "Tj");
     }
   });
@@ -69,41 +114,33 @@ void PdfWriter::SetTextFont(int resource) {
   objects_.fonts_used[static_cast<std::size_t>(resource)] = true;
 }
 
-/// Starts a line of text at `baseline`, counted from where the one before started.
-void PdfWriter::MoveText(PagePoint baseline) {
-  page_.Append(baseline.x - graphics_.text_x, ' ', baseline.y - graphics_.text_y, " Td");
+/// Where a line of text starts, counted from where the one before started.
+PdfWriter::TextMove PdfWriter::MoveText(PagePoint baseline) {
+  const TextMove move = {baseline.x - graphics_.text_x, baseline.y - graphics_.text_y};
   graphics_.text_x = baseline.x;
   graphics_.text_y = baseline.y;
+  return move;
 }
 
-/// A number takes the difference between where one word ends and the next one starts.
 void PdfWriter::ShowWords(std::span<const document::PlacedWord> words, PagePoint baseline) {
   WriteMark(MarkKind::Text, [&] {
     BeginText();
     SetFillColor(state_.color);
-    MoveText(baseline);
-    array_.clear();
-    const auto show = [this] {
-      if (!array_.empty()) page_.Append('[', array_, "]TJ");
-      array_.clear();
-    };
-    std::int64_t reached = 0;  // 1/1000 em, from the start of the line
+    const auto [x, y] = MoveText(baseline);
+    page_.Append(x, ' ', y, " Td");
+    MovedWords moved(state_.font.height);
     for (const document::PlacedWord& word : words) {
-      const std::int64_t start =
-          layout::RoundHalfEven(word.x.value() * 1000.0 / state_.font.height);
-      std::int64_t gap = start - reached;
-      reached = start;
+      moved.BeginWord(word.x);
       for (const EncodedRun& run : word.runs) {
-        const int resource = FontResource(run.encoding);
-        if (graphics_.font != resource || graphics_.font_height != state_.font.height) show();
-        SetTextFont(resource);
-        if (gap != 0) array_.append(std::to_string(-gap));
-        AppendTo(array_, EscapedString{run.bytes});
-        reached += run.width;
-        gap = 0;
+        const int resource = document::FontResource(state_.font, run.encoding);
+        if (graphics_.font != resource || graphics_.font_height != state_.font.height) {
+          AppendUnlessEmpty(page_, moved.Taken(array_));
+          SetTextFont(resource);
+        }
+        moved.Add(run, array_);
       }
     }
-    show();
+    AppendUnlessEmpty(page_, moved.Taken(array_));
   });
 }
 

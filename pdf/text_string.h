@@ -58,8 +58,8 @@ struct EscapedString {
 };
 
 /// A text of the document's properties: printable ASCII as it is, any other text in UTF-16 behind
-/// its byte order mark. Bytes that are no UTF-8 are U+FFFD, and so is U+001B, which would begin the
-/// name of a language.
+/// its byte order mark. Bytes that are not UTF-8 are U+FFFD, and so is U+001B, which would begin
+/// the name of a language.
 struct TextString {
   std::string_view utf8;
 

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kGreatestSize = 200;
 
-// ASCII for characters that are no letter with a mark.
+// ASCII for characters that are not a letter with a mark.
 struct Likeness {
   char16_t first;
   char16_t last;

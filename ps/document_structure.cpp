@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 //
-// Header, pages and trailer (DSC 3.0).
+// Header, setup, pages and trailer (DSC 3.0), and going back over them.
 #include <algorithm>
 #include <array>
 #include <string>
+#include <utility>
 
 #include "document/resume_next.h"
-#include "ps/oddities.h"
+#include "ps/comment_text.h"
+#include "ps/prolog.h"
 #include "ps/ps_writer.h"
 
 namespace vellumark::ps {
@@ -34,60 +36,175 @@ std::string DateText(const LocalTime& now) {
 
 }  // namespace
 
+void PsWriter::Mark() noexcept {
+  mark_ = {.page_comments = page_comments_.size(),
+           .fonts = fonts_.Here(),
+           .language_level = language_level_,
+           .graphics = graphics_};
+}
+
+void PsWriter::BackToMark() noexcept {
+  page_comments_.resize(mark_.page_comments);
+  fonts_.RollBack(mark_.fonts);
+  language_level_ = mark_.language_level;
+  graphics_ = mark_.graphics;
+  if (mark_.dash_changed) std::swap(dash_, marked_dash_);
+  mark_.dash_changed = false;
+}
+
 void PsWriter::BeginDocument(const LocalTime& now) {
   page_comments_.clear();
+  fonts_.Clear();
+  language_level_ = 2;
+  graphics_ = {};
+  const layout::Paper& page = state_.page;
+  const bool landscape = state_.orientation == OrientationConstants::Landscape;
+  turn_ = {(landscape ? 90 : 0) + (state_.rotated ? 90 : 0), page.width, page.height};
+  if (turn_.degrees == 90 && !state_.oddities.OnlyTheFirstPageTurns()) {
+    std::swap(turn_.paper_width, turn_.paper_height);
+  }
   lines_.Append("%!PS-Adobe-3.0");
   WriteHeaderComments(now);
-  oddities::TurnFirstPage(state_, lines_);
+  if (state_.oddities.OnlyTheFirstPageTurns()) TurnFirstPage();
+  if (!state_.oddities.FilesAreWithoutSetup()) {
+    WriteProlog();
+    WriteSetup();
+  }
 }
 
 void PsWriter::WriteHeaderComments(const LocalTime& now) {
-  const auto& page = state_.page;
-  const bool landscape = state_.orientation == OrientationConstants::Landscape;
-  lines_.Append("%%BoundingBox: 0 0 ", page.width, ' ', page.height);
+  const bool classic = state_.oddities.FilesAreWithoutSetup();
+  const bool landscape =
+      classic ? state_.orientation == OrientationConstants::Landscape : turn_.degrees == 90;
+  const layout::Points width = turn_.paper_width;
+  const layout::Points height = turn_.paper_height;
+  lines_.Append("%%BoundingBox: 0 0 ", width, ' ', height);
   lines_.Append("%%CreationDate: ", DateText(now));
-  lines_.Append("%%Creator: ", state_.creator.bytes);
-  lines_.Append("%%DocumentData: Clean8Bit");
-  lines_.Append("%%DocumentMedia: ", page.name, ' ', page.width, ' ', page.height, " 0 () ()");
-  lines_.Append("%%For: ", state_.author.bytes);
+  WriteProperty("%%Creator: ", state_.creator);
+  lines_.Append("%%DocumentData: ", classic ? "Clean8Bit" : "Clean7Bit");
+  lines_.Append("%%DocumentMedia: ", state_.page.name, ' ', width, ' ', height, " 0 () ()");
+  WriteProperty("%%For: ", state_.author);
+  if (!classic) late_.language_level = lines_.Append("%%LanguageLevel: 2");
   lines_.Append("%%Orientation: ", landscape ? "Landscape" : "Portrait");
   lines_.Append("%%PageOrder: Ascend");
-  pages_comment_ = lines_.Append("%%Pages: x");
-  lines_.Append("%%Title: ", state_.title.bytes);
-  lines_.Append("%%EndComments");
+  late_.pages = lines_.Append("%%Pages: x");
+  WriteProperty("%%Title: ", state_.title);
+  late_.end_of_comments = lines_.Append("%%EndComments");
 }
 
-/// The whole page, margins included, filled and outlined in the page colour.
+void PsWriter::WriteProperty(std::string_view comment, const document::HostText& text) {
+  if (state_.oddities.TextIsPasted()) {
+    lines_.Append(comment, text.bytes);
+  } else if (!text.utf8.empty()) {
+    lines_.Append(comment, CommentText(text.utf8));
+  }
+}
+
+void PsWriter::TurnFirstPage() {
+  if (turn_.degrees == 90) {
+    lines_.Append("90 rotate");
+    lines_.Append("0 -", state_.page.height, " translate");
+  } else if (turn_.degrees == 180) {
+    lines_.Append("180 rotate");
+    lines_.Append('-', state_.page.height, " -", state_.page.width, " translate");
+  }
+}
+
+void PsWriter::WriteProlog() {
+  lines_.Append("%%BeginProlog");
+  lines_.Append(Prolog());
+  lines_.Append("%%EndProlog");
+}
+
+/// The paper. A size that is turned is not the printer's feature of that name.
+void PsWriter::WriteSetup() {
+  lines_.Append("%%BeginSetup");
+  if (state_.rotated) {
+    lines_.Append("%%BeginNonPPDFeature: PageSize");
+  } else {
+    lines_.Append("%%BeginFeature: *PageSize ", state_.page.name);
+  }
+  lines_.Append("<</PageSize[", turn_.paper_width, ' ', turn_.paper_height, "]>>setpagedevice");
+  lines_.Append(state_.rotated ? "%%EndNonPPDFeature" : "%%EndFeature");
+  late_.end_of_setup = lines_.Append("%%EndSetup");
+}
+
+/// The whole page, margins included, filled and, in a classic document, outlined in the page color.
 void PsWriter::PaintBackground() {
-  RectanglePath({0, state_.page.height}, state_.page.width, state_.page.height);
-  Fill(state_.page_color.view());
-  lines_.Append(state_.page_color.view(), " setrgbcolor");
-  lines_.Append("stroke");
+  if (state_.oddities.BackgroundsHaveAnOutline()) {
+    RectanglePath({0, state_.page.height}, state_.page.width, state_.page.height);
+    Fill(state_.page_color);
+    lines_.Append(state_.page_color.view(), " setrgbcolor");
+    lines_.Append("stroke");
+  } else if (state_.page_color != layout::FormatColor(255, 255, 255)) {
+    SetColor(state_.page_color);
+    RectanglePath({0, state_.page.height}, state_.page.width, state_.page.height);
+    lines_.Append("fill");
+  }
 }
 
 void PsWriter::BeginPage() {
-  if (!oddities::kPageCommentFollowsBackground) WritePageComment();
+  if (state_.oddities.PageCommentsFollowTheBackground()) return;
+  WritePageComment();
+  BeginPageSetup();
 }
 
 void PsWriter::AnnouncePage() {
-  if (oddities::kPageCommentFollowsBackground) WritePageComment();
+  if (state_.oddities.PageCommentsFollowTheBackground()) WritePageComment();
 }
 
-void PsWriter::WritePageComment() { page_comments_.push_back(lines_.Append("%%Page: x y")); }
+void PsWriter::WritePageComment() {
+  const std::size_t page = page_comments_.size() + 1;
+  page_comments_.push_back(lines_.Append("%%Page: ", page, ' ', page));
+}
 
-void PsWriter::EndPage() { lines_.Append("showpage"); }
+/// A page begins with the language's defaults.
+void PsWriter::BeginPageSetup() {
+  const layout::Paper& page = state_.page;
+  lines_.Append("%%BeginPageSetup");
+  lines_.Append("Vellumark begin");
+  lines_.Append("/pgsave save def");
+  if (turn_.degrees == 90) lines_.Append("90 rotate 0 -", page.height, " translate");
+  if (turn_.degrees == 180) {
+    lines_.Append("180 rotate -", page.width, " -", page.height, " translate");
+  }
+  lines_.Append("%%EndPageSetup");
+  graphics_ = {};
+  graphics_.in_page = true;
+  ChangeDash({});
+}
+
+void PsWriter::EndPage() {
+  if (!state_.oddities.PageCommentsFollowTheBackground()) {
+    if (!graphics_.in_page) BeginPage();  // of a document without pages
+    lines_.Append("%%PageTrailer");
+    lines_.Append("pgsave restore end");
+    graphics_.in_page = false;
+  }
+  lines_.Append("showpage");
+}
 
 document::RefusalNote PsWriter::EndDocument() {
   return document::ResumeNext([&] { lines_.Append("%%Trailer"); },  //
-                              [&] { lines_.Append("%%EOF"); },
-                              [&] {
-                                const std::size_t pages = page_comments_.size();
-                                lines_.Replace(pages_comment_, "%%Pages: " + std::to_string(pages));
-                                for (std::size_t i = 0; i < pages; ++i) {
-                                  lines_.Replace(page_comments_[i],
-                                                 oddities::PageComment(pages, i + 1));
-                                }
-                              });
+                              [&] { lines_.Append("%%EOF"); },      //
+                              [&] { FillLatePlaces(); });
+}
+
+void PsWriter::FillLatePlaces() {
+  const std::size_t pages = page_comments_.size();
+  lines_.Replace(late_.pages, "%%Pages: " + std::to_string(pages));
+  if (state_.oddities.PageCommentsBeginWithTheCount()) {
+    for (std::size_t i = 0; i < pages; ++i) {
+      lines_.Replace(page_comments_[i],
+                     "%%Page: " + std::to_string(pages) + ' ' + std::to_string(i + 1));
+    }
+  }
+  if (state_.oddities.FilesAreWithoutSetup()) return;
+  lines_.Replace(late_.language_level, "%%LanguageLevel: " + std::to_string(language_level_));
+  lines_.Replace(late_.end_of_comments, fonts_.NeededResources() + "%%EndComments");
+  const std::string fonts = fonts_.Setup();
+  if (fonts.empty()) return;
+  lines_.Replace(late_.end_of_setup, "Vellumark begin\n" + fonts + "end\n%%EndSetup");
 }
 
 }  // namespace vellumark::ps

@@ -4,7 +4,7 @@
 namespace vellumark::ps {
 namespace {
 
-constexpr std::string_view kContinued = "\\\r\n";
+constexpr std::string_view kContinued = "\\\n";
 
 char* WriteOctal(unsigned char byte, char* to) {
   *to++ = '\\';
@@ -21,7 +21,7 @@ char* EscapedString::WriteEscaped(char* to) const noexcept {
   char* full = to + kLongestLine - 5;
   const char* line = to;
   *to++ = '(';
-  for (const char c : bytes) {
+  for (const char c : bytes_) {
     if (to > full) {
       std::memcpy(to, kContinued.data(), kContinued.size());
       to += kContinued.size();

@@ -130,15 +130,13 @@ class ConformingPdfTest : public PdfTest {
   Lines Marks() {
     const Lines lines = FlushedLines();
     const auto footer = std::find_if(lines.rbegin(), lines.rend(), [](const std::string& line) {
-      return line.starts_with("(Copyright ");
+      return line.find("(Copyright ") != std::string::npos;
     });
     const auto stream = std::find(footer, lines.rend(), "stream");
-    const auto moved = std::find_if(footer, stream, [](const std::string& line) {
-      return line.ends_with(" Td");
-    });
-    Lines marks(stream.base(), moved.base() - 1);
-    if (!marks.empty() && marks.back() == "0 g") marks.pop_back();
-    if (!marks.empty() && marks.back() == "BT") marks.pop_back();
+    Lines marks(stream.base(), footer.base() - 1);
+    for (const std::string_view of_footer : {"/F8 10 Tf", "0 g", "BT"}) {
+      if (!marks.empty() && marks.back() == of_footer) marks.pop_back();
+    }
     return marks;
   }
 };

@@ -102,7 +102,7 @@ void SetCode(std::string_view text, SourcePosition position, const BlockSetting&
   flow.BeginBlock(ParagraphSpace(setting.style.size));
   for (std::size_t done = 0; done < rows.size();) {
     const int free = std::max(pages.height() - pages.y() - 2 * padding, 0);
-    const std::size_t fitting = static_cast<std::size_t>(free / pitch);
+    const auto fitting = static_cast<std::size_t>(free / pitch);
     std::size_t count = RowsOnPage(rows.size() - done, fitting);
     if (count == 0 && !pages.AtTop()) {
       flow.NewPage();

@@ -91,14 +91,18 @@ class TableSetter {
 
   /// The largest size at which no word is broken, or the smallest of all.
   void ChooseSize() {
-    for (size_ = setting_.style.size; size_ >= kSmallestSize; --size_) {
+    int fitting = kSmallestSize;
+    int failing = setting_.style.size + 1;
+    for (size_ = setting_.style.size; failing - fitting > 1; size_ = (fitting + failing) / 2) {
       Measure();
-      if (FitsUnbroken(needs_, room_)) return;
+      (FitsUnbroken(needs_, room_) ? fitting : failing) = size_;
     }
-    size_ = kSmallestSize;
+    size_ = fitting;
+    Measure();
   }
 
   void Measure() {
+    if (std::exchange(measured_size_, size_) == size_) return;
     const LineComposer composer(setting_.measure, room_, false);
     const MissingCharacter ignore = [](const Span&, std::size_t, char32_t) {};
     needs_.assign(table_.columns(), {2 * padding() + 1, 2 * padding() + 1});
@@ -220,6 +224,7 @@ class TableSetter {
   TextFlow& flow_;
   int room_;
   int size_ = 0;
+  int measured_size_ = 0;  // that needs_ are for
   std::vector<ColumnNeed> needs_;
   std::size_t first_ = 0;  // of the group of columns that is set
   std::size_t count_ = 0;

@@ -76,22 +76,20 @@ void TextFlow::Leave() {
 }
 
 int TextFlow::SpaceOfParagraph() const {
-  // The innermost container that has content decides: the block follows a block in there.
-  for (auto container = containers_.rbegin(); container != containers_.rend(); ++container) {
-    if (!container->has_content) continue;
-    // In an item, and between two of them, the list decides.
-    if (container->kind == Kind::Item) continue;
-    const bool tight = container->kind == Kind::List && container->list.tight;
-    return tight ? ListItemSpace(style_.size) : ParagraphSpace(style_.size);
-  }
-  return ParagraphSpace(style_.size);
+  // The innermost container that has content decides, because the block follows a block in there.
+  // In an item, and between two of them, this is the list.
+  const auto decides = std::find_if(
+      containers_.rbegin(), containers_.rend(),
+      [](const Container& each) { return each.has_content && each.kind != Kind::Item; });
+  const bool tight =
+      decides != containers_.rend() && decides->kind == Kind::List && decides->list.tight;
+  return tight ? ListItemSpace(style_.size) : ParagraphSpace(style_.size);
 }
 
 void TextFlow::NoteContent() {
-  for (auto container = containers_.rbegin(); container != containers_.rend(); ++container) {
-    if (container->has_content) break;
-    container->has_content = true;
-    if (container->kind == Kind::Quote) container->bar_top = pages_.y();
+  for (std::size_t i = containers_.size(); i-- > 0 && !containers_[i].has_content;) {
+    containers_[i].has_content = true;
+    if (containers_[i].kind == Kind::Quote) containers_[i].bar_top = pages_.y();
   }
 }
 

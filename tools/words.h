@@ -23,7 +23,7 @@ struct Piece {
   Face face;
   GlyphRun glyphs;
   std::size_t link = 0;    ///< see Span
-  bool struck = false;     ///< through
+  bool struck = false;     ///< with a line through it
   std::int64_t width = 0;  ///< in 1/1000 point
 };
 

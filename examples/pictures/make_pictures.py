@@ -120,7 +120,7 @@ def main():
     picture.quantize(12).save(HERE / "landscape_interlaced.gif", interlace=1)
     picture.save(HERE / "landscape.jpg", quality=92)
     picture.save(HERE / "landscape_progressive.jpg", quality=92, progressive=True)
-    picture.convert("L").save(HERE / "landscape_grey.jpg", quality=92)
+    picture.convert("L").save(HERE / "landscape_gray.jpg", quality=92)
     picture.convert("CMYK").save(HERE / "landscape_cmyk.jpg", quality=95)
     logo(208).quantize(48).save(HERE / "logo.gif", interlace=0)
 

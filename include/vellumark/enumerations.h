@@ -6,8 +6,8 @@
 //
 //     doc.SetFont(static_cast<vellumark::FontNumberConstants>(9), 12, ...);
 //
-// What becomes of a value that is no member, the member that takes it says: it is ignored,
-// replaced by a default, or the call is refused.
+// The document's member that takes a value says what becomes of one outside the enumeration: it is
+// ignored, replaced by a default, or the call is refused.
 #pragma once
 
 #include <cstdint>

@@ -3,17 +3,17 @@
 // RunTimeError: what stops an operation in its middle.
 //
 // The library counts in 16-bit points and 32-bit byte positions and checks every sum. A sum that
-// leaves its range, an index outside a list, a division by zero or a text that is no number raises
-// a RunTimeError with the number that automation clients know it by:
+// leaves its range, an index outside a list, a division by zero or a text that is not a number
+// raises a RunTimeError with the number that automation clients know it by:
 //
 //     number   meaning                  example
 //     6        overflow                 a position beyond 32,767 points
 //     7        out of memory
-//     9        subscript out of range   GetColor before Create: there is no colour yet
+//     9        subscript out of range   GetColor before Create: there is no color yet
 //     11       division by zero
 //     13       type mismatch            a text where a number is needed
 //
-// Drawing and writing members catch it and answer false; accessors let it reach the caller.
+// Drawing and writing members catch it and return false; accessors let it reach the caller.
 #pragma once
 
 #include <stdexcept>

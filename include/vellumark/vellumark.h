@@ -29,9 +29,9 @@
 // Text is UTF-8. A property gives back exactly what was set; what goes into the file is converted
 // to the platform's single-byte code page, where a character that it lacks becomes "?".
 //
-// Results and errors. A drawing or writing call answers true when it wrote something, and false,
-// without a word and without throwing, when it refused an argument or met a run-time error;
-// LastRefusal then says why. NewPage and Flush report nothing and go on past a failing step. The
+// Results and errors. A drawing or writing call returns true if it wrote something, and false,
+// without throwing, if it refused an argument or met a run-time error; LastRefusal then says why.
+// NewPage and Flush return nothing and go on past a failing step; LastRefusal says what failed. The
 // other members are accessors: an argument out of range is ignored or replaced as they say, and the
 // few that can fail throw RunTimeError.
 //
@@ -74,7 +74,7 @@ class VELLUMARK_API Document {
   [[nodiscard]] std::string Title() const;
   void Title(std::string_view title);
 
-  /// Read by Create, which refuses a value that is no member. Default Portrait and A4.
+  /// Read by Create, which refuses a value that is not a member. Default Portrait and A4.
   [[nodiscard]] OrientationConstants Orientation() const;
   void Orientation(OrientationConstants orientation);
   [[nodiscard]] PaperSizeConstants PaperSize() const;
@@ -102,16 +102,16 @@ class VELLUMARK_API Document {
   // --- The document and its pages. ---
 
   /// Creates the file (always anew, for nobody else as long as it is open) and starts the document.
-  /// Pen, font, margins, colours and picture box go back to their defaults: black, solid, 1 point,
-  /// unfilled, Courier 8, no margins, white page, no box. False for an orientation or paper size
-  /// that is none, or when the file cannot be created.
+  /// Pen, font, margins, colors and picture box go back to their defaults: black, solid, 1 point,
+  /// unfilled, Courier 8, no margins, white page, no box. Returns false if the orientation or
+  /// the paper size is not a member of its enumeration, or if the file cannot be created.
   ///
   /// A file that is open already, because Flush was not called, stays open and empty; a PDF whose
   /// Create is refused goes on with it, a PS forgets it.
   bool Create(std::string_view file) noexcept;
 
   /// Ends the open page, if any, with the legal notice as footer, and starts the next one: margins
-  /// in points, page colour 0 to 255, position at the top left. Margins that are negative or leave
+  /// in points, page color 0 to 255, position at the top left. Margins that are negative or leave
   /// 20 points or less of the page either way are not taken; the previous ones stay.
   void NewPage(Int16 marginleft, Int16 margintop, Int16 marginright, Int16 marginbottom, Byte red,
                Byte green, Byte blue) noexcept;
@@ -120,7 +120,7 @@ class VELLUMARK_API Document {
   /// one. Whether the file was written in full, LastRefusal tells.
   void Flush() noexcept;
 
-  // --- Shapes, in the current colour, dash, fill colour, fill style and thickness. ---
+  // --- Shapes, in the current color, dash, fill color, fill style and thickness. ---
   // Every point must lie in the usable area, edges included; a circle, ellipse or
   // slice as a whole.
 
@@ -133,18 +133,18 @@ class VELLUMARK_API Document {
   /// From the first point to the third, pulled by the second, and closed by a straight line.
   bool DrawCurve(Int16 x1, Int16 y1, Int16 x2, Int16 y2, Int16 x3, Int16 y3) noexcept;
 
-  /// By its centre.
+  /// By its center.
   bool DrawCircle(Int16 x, Int16 y, Int16 r) noexcept;
 
-  /// PDF: bulges towards the corners of its box, visibly less round than a circle.
+  /// PDF: bulges toward the corners of its box, visibly less round than a circle.
   bool DrawEllipse(Int16 x, Int16 y, Int16 rx, Int16 ry) noexcept;
 
-  /// A slice of a circle from the centre, counter-clockwise between two angles in degrees from the
-  /// positive x axis. PDF takes the smaller angle first and brings both below 360; where the second
-  /// then lies below the first the slice runs through 0 degrees. PS takes the angles as they are.
+  /// A slice of a circle from the center, counter-clockwise between two angles in degrees from the
+  /// positive x axis. PDF takes the smaller angle first and brings both below 360; if the second
+  /// is then below the first, the slice runs through 0 degrees. PS takes the angles as they are.
   bool DrawArc(Int16 x, Int16 y, Int16 r, float th1, float th2) noexcept;
 
-  // --- Text, in the current colour and font. ---
+  // --- Text, in the current color and font. ---
 
   /// One run of text; the current position is its top left corner. It must fit: without alignment
   /// between the current x and the right margin, else within the usable width, and above the bottom
@@ -161,9 +161,9 @@ class VELLUMARK_API Document {
                   BulletConstants bullet = BulletConstants::Disc) noexcept;
 
   /// A paragraph in lines of `width` points, 0 for all that is left of the right margin, broken at
-  /// blanks; `dy` points between the lines. Starts new pages where it must, with the margins and
-  /// colour of the present one. `justified` stretches every line but the last to its full width.
-  /// False, and nothing written, where a word is wider than a line.
+  /// blanks; `dy` points between the lines. Starts new pages if it must, with the margins and
+  /// color of the present one. `justified` stretches every line but the last to its full width.
+  /// Returns false, and writes nothing, if a word is wider than a line.
   bool WriteMultiText(std::string_view text, Byte dy = 0,
                       AlignmentConstants alignment = AlignmentConstants::NoAlignment,
                       bool justified = false, Int16 width = 0) noexcept;
@@ -181,7 +181,7 @@ class VELLUMARK_API Document {
   /// reader takes; docs/pictures.md says which do, and what becomes of pictures of 16 and 32 bits
   /// per pixel.
   ///
-  /// False where the file cannot be read as a picture, has more than 32,767 pixels a side or
+  /// Returns false if the file cannot be read as a picture, has more than 32,767 pixels a side or
   /// 2^31 - 1 bytes, or, without a palette, more than 32,767 bytes a row (10,922 pixels of 24
   /// bits).
   bool DrawPicture(std::string_view file,
@@ -190,7 +190,7 @@ class VELLUMARK_API Document {
 
   // --- Pen, font, page and position. ---
 
-  /// The colours; each component 0 to 255. Before Create there is none, and reading throws
+  /// The colors; each component 0 to 255. Before Create there is none, and reading throws
   /// RunTimeError 9 (subscript out of range).
   void GetColor(std::uint8_t& red, std::uint8_t& green, std::uint8_t& blue) const;
   void SetColor(Byte red, Byte green, Byte blue);
@@ -211,7 +211,7 @@ class VELLUMARK_API Document {
   void SetThickness(Byte thickness);
 
   /// An unknown font becomes Courier, a height outside 8 to 72 becomes 8, an unknown effect none.
-  /// A style other than Regular is taken for fonts below Symbol only, as passed.
+  /// A style other than Regular is taken if the font number, as it was passed, is below Symbol.
   void GetFont(FontNumberConstants& fontnumber, std::uint8_t& fontheight,
                FontStyleConstants& fontstyle, FontEffectConstants& fonteffect) const;
   void SetFont(FontNumberConstants fontnumber, Byte fontheight, FontStyleConstants fontstyle,

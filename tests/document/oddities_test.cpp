@@ -25,7 +25,7 @@ TEST_F(Classic, OddityTextIsCodePageBytes) {
 TEST_F(Conforming, ConformingTextStaysUnicodeUpToTheFont) {
   Start();
   ASSERT_TRUE(doc.WriteText("\u00E9\t\u0159 \u0434"));
-  EXPECT_EQ(Marks(), (Lines{"BT", "50 784 Td", "/F14 8 Tf", "(\xE9 \xF8 ?)Tj"}))
+  EXPECT_EQ(Marks(), (Lines{"BT", "/F14 8 Tf", "50 784 Td(\xE9 \xF8 ?)Tj"}))
       << "one run: the second encoding has both letters";
   EXPECT_EQ(doc.LostCharacters(), "\u0434");
 }
@@ -105,7 +105,7 @@ TEST_F(Conforming, ConformingLastLinesEndWithTheirLastWord) {
   ASSERT_TRUE(doc.WriteMultiText(""));
   ASSERT_TRUE(doc.WriteMultiText("b "));
   EXPECT_EQ(Marks(),
-            (Lines{"BT", "50 784 Td", "/F0 8 Tf", "(a)Tj", "0 -16 Td", "(b)Tj"}))
+            (Lines{"BT", "/F0 8 Tf", "50 784 Td(a)Tj", "0 -16 Td(b)Tj"}))
       << "the empty line takes its height";
 }
 
@@ -123,7 +123,34 @@ TEST_F(Conforming, ConformingJustifiedWordsAreOneText) {
   // The words stand at 0, 27 and 54 and are, with their blanks, 12 points wide: 15 points are
   // 1,500/1000 em.
   EXPECT_EQ(Marks(), (Lines{"BT", "50 782 Td", "/F0 10 Tf", "[(a )-1500(b )]TJ", "/F14 10 Tf",
-                            "[-1500(\xF8)]TJ", "0 -10 Td", "/F0 10 Tf", "(ddddd)Tj"}));
+                            "[-1500(\xF8)]TJ", "/F0 10 Tf", "0 -10 Td(ddddd)Tj"}));
+}
+
+/// 57 words "T" of 6.108 points, each 8.608 with its blank: 491 points, and rounded 516.
+std::string ManyShortWords() {
+  std::string text = "T";
+  for (int i = 1; i < 100; ++i) text += " T";
+  return text;
+}
+
+TEST_F(Classic, OddityJustifiedWordsAreRoundedEach) {
+  Start();
+  Font(kTimes, 10);
+  ASSERT_TRUE(doc.WriteMultiText(ManyShortWords(), 0, kNoAlignment, true));
+  std::size_t first_line = 0;
+  for (const Lines& mark : MarksOfOnlyPage()) {
+    const bool first = mark.size() > 2 && mark[2].ends_with(" 782 Tm");
+    if (first) ++first_line;
+  }
+  EXPECT_EQ(first_line, 56U) << "the last word of the line has no room and is left out";
+}
+
+TEST_F(Conforming, ConformingJustifiedWordsAreAddedUpFirst) {
+  Start();
+  Font(kTimes, 10);
+  ASSERT_TRUE(doc.WriteMultiText(ManyShortWords(), 0, kNoAlignment, true));
+  const std::string line = Marks().at(3);
+  EXPECT_EQ(std::count(line.begin(), line.end(), 'T'), 57 + 1) << "the operator's own T too";
 }
 
 std::string DeepBmp(int bits) {

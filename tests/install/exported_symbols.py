@@ -19,6 +19,7 @@ SHORTER = [
      "std::string"),
     (r"std::basic_string_view<char, std::char_traits<char> >", "std::string_view"),
     (r"(std::span<[^<>,]*), \d+ul?>", r"\1>"),
+    (r"(std::vector<[^<>,]*), std::allocator<[^<>]*> >", r"\1>"),
     (r"\[abi:cxx11\]", ""),
 ]
 

@@ -97,38 +97,34 @@ TEST(Alignment, HalvesTruncateTowardZero) {
   EXPECT_EQ(ErrorOf([] { GetAlignmentOffset(-32768, 1, RightAlign); }), RunTimeError::Overflow);
 }
 
-class Justification : public Widths {
- protected:
-  /// Positions of the words of `text` in Courier 10, "x" in front if the result was false.
-  std::string Positions(std::string_view text, Points width) {
-    std::string list;
-    if (!JustifyText(text, width, ByteSetter(widths), {Courier, 10, Regular, {}}, line)) list = "x";
-    for (std::size_t i = 0; i < line.words.size(); ++i) {
-      list.append(" ").append(std::to_string(line.positions[i].value()));
-    }
-    return list;
-  }
-
-  JustifiedLine line;
-};
-
-TEST_F(Justification, HandsOutTheSpareWidthFromTheLeft) {
-  EXPECT_EQ(Positions("aa bb cc", 48), " 0 18 36") << "a full line keeps its positions";
-  EXPECT_EQ(Positions("aa bb cc", 40), " 0 18 36") << "and so does one that overflows";
-  EXPECT_EQ(Positions("aa bb cc", 49), " 0 19 37");
-  EXPECT_EQ(Positions("aa bb cc", 55), " 0 22 43");
-  EXPECT_EQ(line.words, (std::vector<std::string_view>{"aa ", "bb ", "cc"}));
+/// Positions of words of so many points in a font of 10 points, "x" in front if the result was
+/// false.
+std::string Positions(std::initializer_list<double> words, Points width,
+                      Rounding rounding = Rounding::Words) {
+  std::vector<std::int32_t> sums;
+  for (const double word : words) sums.push_back(static_cast<std::int32_t>(100 * word));
+  std::vector<Points> positions;
+  std::string list;
+  if (!JustifyWords(sums, width, 10, rounding, positions)) list = "x";
+  for (const Points position : positions) list.append(" ").append(std::to_string(position.value()));
+  return list;
 }
 
-TEST_F(Justification, KeepsEmptyWords) {
-  EXPECT_EQ(Positions("a  b", 24), " 0 12 18");
-  EXPECT_EQ(line.words, (std::vector<std::string_view>{"a ", " ", "b"}));
+TEST(Justification, HandsOutTheSpareWidthFromTheLeft) {
+  EXPECT_EQ(Positions({18, 18, 12}, 48), " 0 18 36") << "a full line keeps its positions";
+  EXPECT_EQ(Positions({18, 18, 12}, 40), " 0 18 36") << "and so does one that overflows";
+  EXPECT_EQ(Positions({18, 18, 12}, 49), " 0 19 37");
+  EXPECT_EQ(Positions({18, 18, 12}, 55), " 0 22 43");
+  EXPECT_EQ(Positions({12, 6, 6}, 24), " 0 12 18") << "a word of a blank alone";
 }
 
-TEST_F(Justification, OneWordIsNeverStretched) {
-  EXPECT_EQ(Positions("word", 100), "x 0");
-  EXPECT_EQ(Positions("", 100), "x 0");
+TEST(Justification, WordsThatFitAsTheyAreMayNotFitRounded) {
+  EXPECT_EQ(Positions({2.6, 2.6, 2.6, 2.6, 2.6}, 13), " 0 3 6 9 12") << "and the end is at 15";
+  EXPECT_EQ(Positions({2.6, 2.6, 2.6, 2.6, 2.6}, 13, Rounding::Sums), " 0 3 5 8 10");
+  EXPECT_EQ(Positions({2.6, 2.6, 2.6, 2.6, 2.6}, 22, Rounding::Sums), " 0 6 10 15 19");
 }
+
+TEST(Justification, OneWordIsNeverStretched) { EXPECT_EQ(Positions({24}, 100), "x 0"); }
 
 TEST(ColorText, IsThreeFractionsWithAPoint) {
   EXPECT_EQ(FormatColor(255, 128, 0).view(), "1 0.502 0");

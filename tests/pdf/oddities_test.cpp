@@ -125,7 +125,7 @@ TEST_F(ConformingPdf, ConformingMarksAreOneStreamInWhichOnlyChangesAreSet) {
   doc.DrawLine(0, 0, 1, 1);
   EXPECT_EQ(Marks(),
             (Lines{"2 w", "50 792 m", "51 791 l", "S", "1 0 0 RG", "50 792 m", "51 791 l", "S",
-                   "BT", "1 0 0 rg", "50 784 Td", "/F0 8 Tf", "(x)Tj", "0 -8 Td", "(y)Tj", "ET",
+                   "BT", "1 0 0 rg", "/F0 8 Tf", "50 784 Td(x)Tj", "0 -8 Td(y)Tj", "ET",
                    "50 792 m", "51 791 l", "S"}));
 }
 
@@ -208,7 +208,7 @@ TEST_F(PdfOddities, OddityOnlyParenthesesAreEscaped) {
 TEST_F(ConformingPdf, ConformingTextIsLiteral) {
   Start();
   doc.WriteText(R"(\101 (x) C:\new)");
-  EXPECT_EQ(Marks().back(), R"((\\101 \(x\) C:\\new)Tj)");
+  EXPECT_EQ(Marks().back(), R"(50 784 Td(\\101 \(x\) C:\\new)Tj)");
 }
 
 TEST_F(PdfOddities, OddityPropertiesAreUnescaped) {

@@ -218,7 +218,7 @@ TEST(PictureDecoder, EveryFormatShowsTheSamePicture) {
     EXPECT_LT(Difference(source, bitmap), c.greatest_difference) << c.name;
   }
   Bitmap gray;
-  ASSERT_EQ(Decode(Sample("landscape_grey.jpg"), gray), "");
+  ASSERT_EQ(Decode(Sample("landscape_gray.jpg"), gray), "");
   ASSERT_EQ(gray.bits_per_pixel, 24);
   for (std::size_t x = 0; x < 94; ++x) EXPECT_EQ(gray.pixels[3 * x], gray.pixels[3 * x + 2]);
 }

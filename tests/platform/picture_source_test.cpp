@@ -15,7 +15,7 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-const std::string kLandscape = VELLUMARK_PICTURES "/landscape.gif";
+constexpr char kLandscape[] = VELLUMARK_PICTURES "/landscape.gif";
 
 Bytes BytesOf(const std::string& text) { return {text.begin(), text.end()}; }
 
@@ -31,7 +31,7 @@ TEST(PictureSource, AFileIsReadAsItIsAndDecodedFromItsBytes) {
   ASSERT_TRUE(platform.DecodePictureBytes(bytes, from_bytes, reason)) << reason;
   EXPECT_EQ(from_bytes.pixels, from_file.pixels);
 
-  EXPECT_FALSE(platform.ReadPicture(kLandscape + ".no", bytes, reason));
+  EXPECT_FALSE(platform.ReadPicture(std::string(kLandscape) + ".no", bytes, reason));
   EXPECT_EQ(reason, "No such file or directory");
   EXPECT_TRUE(bytes.empty());
   EXPECT_FALSE(platform.DecodePictureBytes(bytes, from_bytes, reason));
@@ -95,10 +95,12 @@ TEST(PictureSource, APlatformThatReadsElsewhereDecodesFromThere) {
 class OlderPlatform final : public MemoryPlatform {
  public:
   bool ReadPicture(std::string_view file, Bytes& bytes, std::string& reason) override {
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
     return Platform::ReadPicture(file, bytes, reason);
   }
   bool DecodePictureBytes(std::span<const std::uint8_t> bytes, Bitmap& bitmap,
                           std::string& reason) override {
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
     return Platform::DecodePictureBytes(bytes, bitmap, reason);
   }
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// One test for each deliberate oddity of ps/oddities.h.
+// One test for each oddity of PostScript (document/oddities.h). What a conforming document does
+// instead is in conforming_test.cpp.
 #include "tests/document_fixture.h"
 
 namespace vellumark::tests {
@@ -8,7 +9,7 @@ namespace {
 
 class PsOddities : public PsTest {};
 
-TEST_F(PsOddities, ThePageCommentCountsFirstAndFollowsTheBackground) {
+TEST_F(PsOddities, OddityThePageCommentCountsFirstAndFollowsTheBackground) {
   Start(0);
   doc.NewPage(0, 0, 0, 0, 255, 0, 0);
   const Lines lines = FlushedLines();
@@ -17,7 +18,7 @@ TEST_F(PsOddities, ThePageCommentCountsFirstAndFollowsTheBackground) {
   EXPECT_EQ(Lines(comment - 2, comment), (Lines{"1 0 0 setrgbcolor", "stroke"}));
 }
 
-TEST_F(PsOddities, TheRotationStandsOnceAndMovesHeightFirst) {
+TEST_F(PsOddities, OddityTheRotationStandsOnceAndMovesHeightFirst) {
   const auto rotation = [&](OrientationConstants orientation, bool rotated) {
     doc.Orientation(orientation);
     doc.Rotated(rotated);
@@ -33,7 +34,7 @@ TEST_F(PsOddities, TheRotationStandsOnceAndMovesHeightFirst) {
   EXPECT_EQ(rotation(Landscape, true), (Lines{"180 rotate", "-595 -842 translate"}));
 }
 
-TEST_F(PsOddities, TextAndPropertiesAreNotEscaped) {
+TEST_F(PsOddities, OddityTextAndPropertiesAreNotEscaped) {
   doc.Title("a (b \\ é");
   Start();
   EXPECT_TRUE(doc.WriteText(R"(\(x) \101)"));
@@ -42,7 +43,7 @@ TEST_F(PsOddities, TextAndPropertiesAreNotEscaped) {
   EXPECT_TRUE(Has(lines, R"((\(x) \101) show)"));
 }
 
-TEST_F(PsOddities, ALineIsClosedAndNeverFilled) {
+TEST_F(PsOddities, OddityALineIsClosedAndNeverFilled) {
   Start(0);
   doc.SetFillStyle(true);
   EXPECT_TRUE(doc.DrawLine(0, 0, 10, 0));
@@ -50,7 +51,7 @@ TEST_F(PsOddities, ALineIsClosedAndNeverFilled) {
                                       "0 0 0 setrgbcolor", "1 setlinewidth", "stroke"}));
 }
 
-TEST_F(PsOddities, ASolidLineDoesNotResetTheDash) {
+TEST_F(PsOddities, OddityASolidLineDoesNotResetTheDash) {
   Start(0);
   doc.SetDash("3 2");
   doc.DrawLine(0, 0, 10, 0);
@@ -61,12 +62,35 @@ TEST_F(PsOddities, ASolidLineDoesNotResetTheDash) {
   EXPECT_FALSE(Has(lines, "[] 0 setdash"));
 }
 
-TEST_F(PsOddities, ACreateThatFailsForgetsTheOpenFile) {
+TEST_F(PsOddities, OddityACreateThatFailsForgetsTheOpenFile) {
   Start(0);
   EXPECT_FALSE(doc.Create("doc"));
   doc.Flush();
   EXPECT_EQ(Why(), RefusalReason::FileNotOpen);
   EXPECT_EQ(*memory->File("doc"), "");
+}
+
+TEST_F(PsOddities, OddityTheFileHasNoSetupAndEachMarkSpellsOutItsPen) {
+  Start(0);
+  Font(FontNumberConstants::Helvetica, 9);
+  EXPECT_TRUE(doc.WriteText("a", true));
+  EXPECT_TRUE(doc.WriteText("b", true));
+  const Lines lines = FlushedLines();
+  EXPECT_EQ(*(std::find(lines.begin(), lines.end(), "%%EndComments") + 1), "newpath");
+  EXPECT_EQ(std::count(lines.begin(), lines.end(), "/Helvetica findfont"), 2);
+}
+
+TEST_F(PsOddities, OddityAnArcTurnsAsOftenAsTold) {
+  Start(0);
+  doc.DrawArc(100, 100, 50, 0, 1e9F);
+  EXPECT_EQ(MarksOfLastPage().at(2), "100 742 50 0 1e+09 arc");
+}
+
+TEST_F(PsOddities, OddityThePageIsOutlinedInItsOwnColorEvenIfItIsWhite) {
+  Start(0);
+  const Lines lines = FlushedLines();
+  const auto comment = std::find(lines.begin(), lines.end(), "%%Page: 1 1");
+  EXPECT_EQ(Lines(comment - 2, comment), (Lines{"1 1 1 setrgbcolor", "stroke"}));
 }
 
 }  // namespace

@@ -9,7 +9,7 @@ namespace vellumark::ps {
 namespace {
 
 std::string Written(std::string_view bytes) {
-  const EscapedString string{bytes};
+  const EscapedString string(bytes);
   std::string text(string.MaxSize(), '*');
   text.resize(static_cast<std::size_t>(string.Write(text.data()) - text.data()));
   return text;
@@ -32,8 +32,8 @@ std::string Read(const std::string& text) {
     if (ends) continue;
     if (text[i] != '\\') {
       read += text[i];
-    } else if (text.compare(i + 1, 2, "\r\n") == 0) {
-      i += 2;
+    } else if (text[i + 1] == '\n') {
+      ++i;
       column = 0;
     } else if (text[i + 1] >= '0' && text[i + 1] <= '7') {
       read += static_cast<char>(std::stoi(text.substr(i + 1, 3), nullptr, 8));

@@ -55,7 +55,7 @@ void CheckSamples(Facts& facts, const std::string& pictures) {
       {"landscape_interlaced.gif", 0, {0x744D93, 0xEACF9C, 0x123322, 0x44487C}},
       {"landscape.jpg", 12, {0x5B4695, 0xFFF0C0, 0x123328, 0x3F417A}},
       {"landscape_progressive.jpg", 12, {0x5B4695, 0xFFF0C0, 0x123328, 0x3F417A}},
-      {"landscape_grey.jpg", 12, {0x555555, 0xF0F0F0, 0x282828, 0x474747}},
+      {"landscape_gray.jpg", 12, {0x555555, 0xF0F0F0, 0x282828, 0x474747}},
   };
   QuietPlatform platform;
   for (const Sample& sample : samples) {
