@@ -169,9 +169,12 @@ RefusalNote DocumentModel::EndPage() noexcept {
 }
 
 FileNote DocumentModel::Flush() noexcept {
-  const RefusalNote fault =
-      ResumeNext([&] { return EndPage(); },  //
-                 [&] { return WriteHeldPlaces(); }, [&] { return writer_.EndDocument(); });
+  // A document without pages gets one.
+  const bool starts_page = CheckPage().reason == RefusalReason::NoPage;
+  const RefusalNote fault = ResumeNext(
+      [&] { return starts_page ? StartPage(state_.margins, state_.page_color) : RefusalNote{}; },
+      [&] { return EndPage(); }, [&] { return WriteHeldPlaces(); },
+      [&] { return writer_.EndDocument(); });
   if (!fault_) fault_ = fault;
   try {
     return FinishFile();

@@ -136,7 +136,9 @@ RefusalNote DocumentModel::WriteFinishedLine(const Paragraph& paragraph, const L
   sums_.clear();
   for (std::size_t i = line.first; i < end; ++i) sums_.push_back(words_[i].sum + line.blank);
   sums_.back() -= line.blank;
-  layout::JustifyWords(sums_, width, state_.font.height, positions_);
+  const auto rounding = state_.oddities.JustifiedWordsAreRoundedEach() ? layout::Rounding::Words
+                                                                       : layout::Rounding::Sums;
+  layout::JustifyWords(sums_, width, state_.font.height, rounding, positions_);
   const std::span<const Word> words(&words_[line.first], end - line.first);
   return state_.oddities.JustifiedWordsStandAlone()
              ? WriteWordsAlone(paragraph, words, left)

@@ -31,9 +31,7 @@ FileNote DocumentModel::TryDrawPicture(const PictureFile& file) {
     return RefusalNote{RefusalReason::InvalidEncoding, static_cast<std::int32_t>(file.encoding),
                        static_cast<std::int32_t>(last)};
   }
-  if (!state_.page_open && !state_.oddities.MarksNeedNoPage()) {
-    return RefusalNote{RefusalReason::NoPage};
-  }
+  if (const RefusalNote refused = CheckPage()) return refused;
   layout::Picture picture;
   std::string reason;
   const auto deep = state_.oddities.DeepSamplesStayAsTheyAre() ? layout::DeepSamples::AsTheyAre

@@ -6,7 +6,9 @@
 // Beside each NAME.pdf stands NAME.record, what went into it and what was lost: a line a fact, its
 // kind and the bytes in hexadecimal. Kinds: Latin, Symbol and ZapfDingbats, a text that was written
 // in such a font; Link; Lost; Pages; and the name of each property.
+#include <algorithm>
 #include <array>
+#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <iostream>
@@ -27,12 +29,18 @@ constexpr std::array kPapers = {
     PaperSizeConstants::Executive, PaperSizeConstants::Folio,   PaperSizeConstants::Ledger,
     PaperSizeConstants::Legal,     PaperSizeConstants::Letter,  PaperSizeConstants::Tabloid};
 
-constexpr std::array kPictures = {
-    "landscape.gif",    "landscape.jpg",       "landscape_1.bmp",
-    "landscape_16.bmp", "landscape_24.bmp",    "landscape_32.bmp",
-    "landscape_4.bmp",  "landscape_8.bmp",     "landscape_cmyk.jpg",
-    "logo.gif",         "landscape_grey.jpg",  "landscape_interlaced.gif",
-    "landscape_progressive.jpg"};
+/// The sample pictures, by their names.
+const std::vector<std::string>& Pictures() {
+  static const std::vector<std::string> pictures = [] {
+    std::vector<std::string> found;
+    for (const auto& entry : std::filesystem::directory_iterator(VELLUMARK_PICTURES)) {
+      if (entry.path().extension() != ".py") found.push_back(entry.path().string());
+    }
+    std::sort(found.begin(), found.end());
+    return found;
+  }();
+  return pictures;
+}
 
 /// The character in UTF-8; a surrogate too, which no reader of UTF-8 takes.
 std::string Utf8(char32_t c) {
@@ -149,7 +157,7 @@ void WritePictures(const std::string& folder, bool compressed) {
   Recorded recorded(folder, compressed ? "pictures_compressed" : "pictures");
   recorded.doc.Compressed(compressed);
   recorded.Create();
-  for (const char* const picture : kPictures) {
+  for (const std::string& file : Pictures()) {
     recorded.NewPage();
     for (int encoding = 1; encoding <= 5; ++encoding) {
       recorded.doc.SetPictureDimensions(100, 60);
@@ -157,7 +165,6 @@ void WritePictures(const std::string& folder, bool compressed) {
         recorded.doc.SetPosition(static_cast<std::int16_t>(200 * twice),
                                  static_cast<std::int16_t>(100 * encoding));
         const std::string link = "https://example.org/(" + std::to_string(encoding);
-        const std::string file = std::string(VELLUMARK_PICTURES "/") + picture;
         recorded.Text("", [&] {
           return recorded.doc.DrawPicture(file, {}, link, static_cast<EncodingConstants>(encoding));
         }, link);
@@ -302,8 +309,8 @@ void WriteAtRandom(const std::string& folder, unsigned seed) {
       DrawShapes(doc, chance);
       WriteTexts(recorded, chance);
       if (!chance.Once(3)) continue;
-      const auto* const file = kPictures[static_cast<std::size_t>(chance.Number(0, 12))];
-      doc.DrawPicture(std::string(VELLUMARK_PICTURES "/") + file, {}, "",
+      const int last = static_cast<int>(Pictures().size()) - 1;
+      doc.DrawPicture(Pictures()[static_cast<std::size_t>(chance.Number(0, last))], {}, "",
                       chance.Member<EncodingConstants>(5));
     }
   }
