@@ -34,7 +34,7 @@ RefusalNote DocumentModel::TryWriteMultiText(const Paragraph& given) {
     if (height > state_.UsableHeight().value()) {
       return {RefusalReason::BeyondBottomMargin, height, state_.UsableHeight().value()};
     }
-    paragraph.text = layout::WithPlainBlanks(given.text, state_.font, storage);
+    paragraph.text = layout::WithPlainBlanks(given.text, storage);
   }
   Points width = paragraph.width;
   if (const RefusalNote refused = PlaceParagraph(paragraph, width)) return refused;

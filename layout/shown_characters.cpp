@@ -79,19 +79,16 @@ char32_t ShownCharacters::Decode() noexcept {
   return character;
 }
 
-std::string_view WithPlainBlanks(std::string_view utf8, const Font& font, std::string& storage) {
+std::string_view WithPlainBlanks(std::string_view utf8, std::string& storage) {
   if (CountPlain(utf8) == utf8.size()) return utf8;
-  constexpr char32_t kNextLine = 0x85;
   constexpr char32_t kFigureSpace = 0x2007;
   constexpr char32_t kNarrowNoBreakSpace = 0x202F;
-  const bool is_dingbat = font.number == FontNumberConstants::ZapfDingbats;
   storage.clear();
   platform::Utf8Reader reader(utf8);
   for (std::size_t begin = 0; begin < utf8.size();) {
     const char32_t character = reader.Next();
     const std::size_t end = reader.Position();
-    const bool breaks = character != kFigureSpace && character != kNarrowNoBreakSpace &&
-                        !(is_dingbat && character == kNextLine);
+    const bool breaks = character != kFigureSpace && character != kNarrowNoBreakSpace;
     if (breaks && AppearanceOf(character) == Appearance::Blank) {
       const bool second_half = character == '\n' && begin > 0 && utf8[begin - 1] == '\r';
       if (!second_half) storage.push_back(' ');

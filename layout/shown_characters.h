@@ -17,8 +17,6 @@
 #include <string>
 #include <string_view>
 
-#include "layout/font.h"
-
 namespace vellumark::layout {
 
 class ShownCharacters {
@@ -56,10 +54,8 @@ enum class Appearance : std::uint8_t {
 [[nodiscard]] Appearance AppearanceOf(char32_t character) noexcept;
 
 /// `utf8` with a plain blank for each character that looks like one and for each line end, so that
-/// lines can be broken there; CR LF is one. U+0085 stays in ZapfDingbats, which has a glyph at that
-/// code. The result lies in `utf8` itself or in `storage`.
-[[nodiscard]] std::string_view WithPlainBlanks(std::string_view utf8, const Font& font,
-                                               std::string& storage);
+/// lines can be broken there; CR LF is one. The result lies in `utf8` itself or in `storage`.
+[[nodiscard]] std::string_view WithPlainBlanks(std::string_view utf8, std::string& storage);
 
 /// How many bytes at the front of `text` are printable ASCII.
 inline std::size_t CountPlain(std::string_view text) noexcept {

@@ -45,7 +45,6 @@ void PdfWriter::Mark() noexcept {
   mark_.text_x = graphics_.text_x;
   mark_.text_y = graphics_.text_y;
   mark_.page_ended = false;
-  mark_.least_version = least_version_;
 }
 
 void PdfWriter::BackToMark() noexcept {
@@ -66,7 +65,6 @@ void PdfWriter::BackToMark() noexcept {
   graphics_.in_text = mark_.in_text;
   graphics_.text_x = mark_.text_x;
   graphics_.text_y = mark_.text_y;
-  least_version_ = mark_.least_version;
 }
 
 /// Opens an object with the next number.

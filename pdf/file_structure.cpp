@@ -68,14 +68,6 @@ void PdfWriter::BeginDocument(const LocalTime& now) {
   objects_.resources = objects_.table.Reserve();
 }
 
-/// The header's version, if the document uses what came with a later one.
-void PdfWriter::WriteVersion() {
-  constexpr int kVersionAsBegun = 2;
-  if (least_version_ > kVersionAsBegun) {
-    lines_.Replace(header_, "%PDF-1." + std::to_string(least_version_));
-  }
-}
-
 void PdfWriter::WriteInformation(const LocalTime& now) {
   objects_.info = BeginObject();
   lines_.Append("<<");
@@ -104,7 +96,7 @@ document::RefusalNote PdfWriter::EndDocument() {
   int catalog = 0;
   std::int64_t cross_references = 0;
   return document::ResumeNext(
-      [&] { WriteVersion(); }, [&] { WriteResources(); },  //
+      [&] { WriteResources(); },  //
       [&] { page_tree = WritePageTree(); }, [&] { catalog = WriteCatalog(page_tree); },
       [&] { cross_references = Position(); },  //
       [&] { WriteCrossReferences(); }, [&] { WriteTrailer(catalog, cross_references); });

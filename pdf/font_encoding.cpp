@@ -6,14 +6,13 @@
 #include <string_view>
 #include <vector>
 
-#include "pdf/wrapped_words.h"
-
 namespace vellumark::pdf {
 namespace {
 
 using layout::CodedGlyphs;
 using layout::TextEncoding;
 
+constexpr std::size_t kLongestLine = 80;
 constexpr std::size_t kCodes = 256;
 
 std::string Hex(unsigned number, int digits) {
@@ -23,6 +22,25 @@ std::string Hex(unsigned number, int digits) {
   }
   return hex + '>';
 }
+
+// Words with blanks between them, in lines.
+class WrappedWords {
+ public:
+  explicit WrappedWords(std::string_view first) : text_(first), line_(first.size()) {}
+
+  void Add(std::string_view word) {
+    const bool wrap = line_ + 1 + word.size() > kLongestLine;
+    text_ += wrap ? '\n' : ' ';
+    line_ = wrap ? word.size() : line_ + 1 + word.size();
+    text_ += word;
+  }
+
+  [[nodiscard]] std::string Text() const { return text_; }
+
+ private:
+  std::string text_;
+  std::size_t line_;
+};
 
 // The lines of a CMap: single codes, and ranges of codes for consecutive characters. Of a range
 // only the last byte of the character counts up.

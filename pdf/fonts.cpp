@@ -10,17 +10,13 @@
 //     /BaseFont /Helvetica                        /BaseFont /Helvetica
 //     /Encoding /WinAnsiEncoding                  /Encoding 7 0 R         its /Differences
 //     >>                                          /ToUnicode 8 0 R
-//     endobj                                      /FirstChar 1 /LastChar 255 /Widths [ ... ]
-//                                                 /FontDescriptor 10 0 R
-//                                                 >>
+//     endobj                                      >>
 //                                                 endobj
 #include <array>
 
 #include "document/font_resource.h"
 #include "layout/font.h"
 #include "pdf/content_stream.h"
-#include "pdf/decimal.h"
-#include "pdf/font_descriptor.h"
 #include "pdf/font_encoding.h"
 #include "pdf/syntax.h"
 
@@ -28,12 +24,6 @@ namespace vellumark::pdf {
 namespace {
 
 constexpr std::size_t kFonts = layout::kFontNames.size();
-constexpr std::size_t kFaces = 4;
-
-/// Readers' own Courier has the same width everywhere.
-bool NeedsWidths(std::size_t font, layout::TextEncoding encoding) {
-  return encoding == layout::TextEncoding::Extended && font >= kFaces;
-}
 
 }  // namespace
 
@@ -60,8 +50,7 @@ std::string PdfWriter::WriteUsedFonts() {
   std::array<int, 4> encodings{};  // the object of each, once it is written
   for (std::size_t resource = 0; resource < document::kFontResources; ++resource) {
     if (!objects_.fonts_used[resource]) continue;
-    const std::size_t font = resource % kFonts;
-    const std::string_view name = layout::kFontNames[font];
+    const std::string_view name = layout::kFontNames[resource % kFonts];
     const layout::TextEncoding encoding = document::EncodingOf(resource);
     int& object = encodings[static_cast<std::size_t>(encoding)];
     if (encoding != kWinAnsi && object == 0) object = WriteEncoding(encoding);
@@ -76,44 +65,12 @@ std::string PdfWriter::WriteUsedFonts() {
       lines_.Append("/Encoding ", Reference{object});
       lines_.Append("/ToUnicode ", Reference{object + 1});
     }
-    if (NeedsWidths(font, encoding)) WriteWidths(static_cast<int>(font), number + 1);
     lines_.Append(">>");
     lines_.Append("endobj");
-    if (NeedsWidths(font, encoding)) WriteDescriptor(static_cast<int>(font));
     named.append("/F").append(std::to_string(resource)).append(" ");
     named.append(std::to_string(number)).append(" 0 R ");
   }
   return named;
-}
-
-/// The widths under the second encoding, in the dictionary of a face of Helvetica or Times.
-void PdfWriter::WriteWidths(int font, int descriptor) {
-  constexpr int kFacesOfFamily = static_cast<int>(kFaces);
-  const layout::Font face = {
-      .number = static_cast<FontNumberConstants>(font / kFacesOfFamily + 1),
-      .style = static_cast<FontStyleConstants>(font % kFacesOfFamily + 1)};
-  lines_.Append("/FirstChar 1");
-  lines_.Append("/LastChar 255");
-  lines_.Append("/Widths ", WidthsArray(layout::WidthsOf(face, layout::TextEncoding::Extended)));
-  lines_.Append("/FontDescriptor ", Reference{descriptor});
-}
-
-void PdfWriter::WriteDescriptor(int font) {
-  const FontDescriptor& descriptor = DescriptorOf(font);
-  const auto [left, bottom, right, top] = descriptor.box;
-  BeginObject();
-  lines_.Append("<<");
-  lines_.Append("/Type /FontDescriptor");
-  lines_.Append("/FontName /", layout::kFontNames[static_cast<std::size_t>(font)]);
-  lines_.Append("/Flags ", descriptor.flags);
-  lines_.Append("/FontBBox [ ", left, ' ', bottom, ' ', right, ' ', top, " ]");
-  lines_.Append("/ItalicAngle ", Decimal{descriptor.italic_angle});
-  lines_.Append("/Ascent ", descriptor.ascent);
-  lines_.Append("/Descent ", descriptor.descent);
-  lines_.Append("/CapHeight ", descriptor.cap_height);
-  lines_.Append("/StemV ", descriptor.stem);
-  lines_.Append(">>");
-  lines_.Append("endobj");
 }
 
 /// An encoding, and behind it the characters that its codes are. Returns the first's number.

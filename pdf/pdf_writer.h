@@ -126,7 +126,6 @@ class PdfWriter final : public document::Writer {
     bool in_text = false;
     layout::Points text_x;
     layout::Points text_y;
-    int least_version = 2;
     bool page_ended = false;  // the page's marks are in marked_page_
   };
 
@@ -138,14 +137,11 @@ class PdfWriter final : public document::Writer {
   int WriteCatalog(int page_tree);
   void WriteCrossReferences();
   void WriteTrailer(int catalog, std::int64_t cross_references);
-  void WriteVersion();
 
   // fonts.cpp
   void WriteClassicFonts();
   [[nodiscard]] std::string WriteUsedFonts();
   int WriteEncoding(layout::TextEncoding encoding);
-  void WriteWidths(int font, int descriptor);
-  void WriteDescriptor(int font);
 
   // pages.cpp
   int WriteStream(std::string_view data);

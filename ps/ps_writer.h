@@ -128,6 +128,8 @@ class PsWriter final : public document::Writer {
   // text.cpp
   [[nodiscard]] bool HasFont(int resource) const;
   void SetFont(int resource);
+  void BreakWords(std::size_t size);
+  void ShowLine(document::PagePoint baseline);
 
   // image.cpp
   void WriteColorSpace(const layout::Picture& picture);
@@ -143,7 +145,7 @@ class PsWriter final : public document::Writer {
   int language_level_ = 2;
   GraphicsState graphics_;
   std::string dash_;   // in force, as the host set it; empty for a solid line
-  std::string words_;  // room for those of a justified line
+  std::string words_;  // of a justified line; kept for its storage
 
   // What it was at the last Mark.
   struct Place {

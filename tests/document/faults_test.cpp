@@ -146,15 +146,7 @@ void ExpectToldOrWhole(const Run& run, const std::string& what) {
 
 template <class AnyDocument>
 class Faults : public testing::Test {};
-
-class ConformingPs : public PS {
- public:
-  explicit ConformingPs(std::shared_ptr<Platform> platform) : PS(std::move(platform)) {
-    Conforming(true);
-  }
-};
-
-using Classes = testing::Types<PDF, PS, ConformingPs>;
+using Classes = testing::Types<PDF, PS>;
 TYPED_TEST_SUITE(Faults, Classes);
 
 TYPED_TEST(Faults, EveryAllocationFailsInTurn) {
