@@ -38,8 +38,8 @@ TEST_F(Navigation, BookmarksNestAndLeadToTheirPlace) {
             (Lines{"/Dest [ 22 0 R /XYZ 50 792 null ]", "/Dest [ 22 0 R /XYZ 60 692 null ]",
                    "/Dest [ 27 0 R /XYZ 0 842 null ]"}));
   EXPECT_EQ(With("/Title (")[2], "/Title (Below \\(1\\))");
-  EXPECT_EQ(With("/Count "), (Lines{"/Count 2", "/Count 3", "/Count 1"})
-                                 << "two pages, then three entries, one of them below the first");
+  // Two pages, then three entries, one of them below the first.
+  EXPECT_EQ(With("/Count "), (Lines{"/Count 2", "/Count 3", "/Count 1"}));
 }
 
 TEST_F(Navigation, ABookmarkMayNotJumpOverALevel) {
