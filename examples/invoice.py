@@ -31,8 +31,8 @@ LOGO = HERE / "pictures" / "logo.gif"
 LINK = "https://example.org/pay/2024-0117"
 TERMS = (
     "Payment is due within fourteen days of the date of this invoice, without deduction. The goods "
-    "remain our property until they are paid for in full. Colours of leather and linen may differ "
-    "slightly from the samples, as hides and dye lots do; this is no defect. Please tell us about "
+    "remain our property until they are paid for in full. Colors of leather and linen may differ "
+    "slightly from the samples, as hides and dye lots do; this is not a defect. Please tell us about "
     "damage in transit within three days, and keep the wrapping until the carrier has seen it.")
 
 INK: Color = (38, 40, 46)
