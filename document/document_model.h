@@ -129,12 +129,14 @@ class DocumentModel {
   auto Attempt(const Steps& steps) noexcept -> decltype(steps()) {
     LineBuffer::Mark lines;
     lines_.Here(lines);
+    const std::size_t lost = lost_.Here();
     writer_.Mark();
     try {
       return steps();
     } catch (const std::exception& error) {
       lines_.RollBack(lines);
       writer_.BackToMark();
+      lost_.RollBack(lost);
       return FaultNote(error);
     }
   }
@@ -147,10 +149,12 @@ class DocumentModel {
     const std::size_t held_pages = held_pages_.size();
     LineBuffer::Mark lines;
     lines_.Here(lines);
+    const std::size_t lost = lost_.Here();
     const RefusalNote outcome = Attempt(steps);
     if (outcome) {
       lines_.RollBack(lines);
       writer_.BackToMark();
+      lost_.RollBack(lost);
       static_cast<PageState&>(state_) = page;
       held_pages_.resize(held_pages);
     }
