@@ -145,7 +145,7 @@ class DocumentModel {
   /// the page's state is what it was.
   template <class Steps>
   RefusalNote AllOrNothing(const Steps& steps) noexcept {
-    const PageState page = state_;
+    const PageState page = state_;  // NOLINT(cppcoreguidelines-slicing): the rest stays
     const std::size_t held_pages = held_pages_.size();
     LineBuffer::Mark lines;
     lines_.Here(lines);
@@ -225,8 +225,8 @@ class DocumentModel {
     Points left;
     Points width;
   };
-  RefusalNote CheckParagraph(const Paragraph& paragraph) const;
-  RefusalNote PlaceParagraph(const Paragraph& paragraph, Column& column) const;
+  [[nodiscard]] RefusalNote CheckParagraph(const Paragraph& paragraph) const;
+  [[nodiscard]] RefusalNote PlaceParagraph(const Paragraph& paragraph, Column& column) const;
   template <class Line>
   void BreakLines(Points width, const Line& line);
   RefusalNote MeasureWords(std::string_view text, const layout::CodeWidths* codes, Points width);

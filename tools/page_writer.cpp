@@ -106,6 +106,7 @@ void PageWriter::FillRectangle(Point corner, int width, int height, Rgb color) {
                                Coordinate(inset_y_ + y_ + corner.y), Coordinate(width),
                                Coordinate(height)));
   document.SetFillStyle(false);
+  document.SetFillColor(kTextColor.red, kTextColor.green, kTextColor.blue);  // of bullets
 }
 
 bool PageWriter::DrawPicture(const std::string& file, EncodingConstants encoding,

@@ -103,7 +103,7 @@ def test_texts_go_through_unchanged_but_for_surrogates(document_class):
     with pytest.raises(AttributeError, match="Version"):
         made.Version = "1.3"
     with pytest.raises(AttributeError, match="Titel"):
-        made.Titel = "not a member's name"
+        made.Titel = "a name without a member"
 
 
 def test_the_constructor_takes_properties_by_keyword(document_class):
