@@ -109,6 +109,7 @@ class PdfWriter final : public document::Writer {
     std::vector<ImageKey> image_keys;  // likewise, of a conforming document
     bool state_saved = false;          // a "q" is open
     std::array<bool, document::kFontResources> fonts_used{};
+    bool codes_beyond_ascii = false;  // in a text of a conforming document
   };
 
   /// How far the lists of Objects reached.
@@ -144,7 +145,7 @@ class PdfWriter final : public document::Writer {
   void WriteClassicFonts();
   [[nodiscard]] std::string WriteUsedFonts();
   int WriteEncoding(layout::TextEncoding encoding);
-  void WriteWidths(int font, int descriptor);
+  void WriteWidths(int font, layout::TextEncoding encoding, int descriptor);
   void WriteDescriptor(int font);
 
   // pages.cpp
