@@ -59,8 +59,10 @@ void FormatsPage(AnyDocument& doc, const std::string& folder) {
                                  {"landscape_interlaced.gif", "GIF, interlaced"},
                                  {"landscape.jpg", "JPG"},
                                  {"landscape_progressive.jpg", "JPG, progressive"},
-                                 {"landscape_gray.jpg", "JPG, grey"},
-                                 {"landscape_cmyk.jpg", "JPG, four inks"}};
+                                 {"landscape_gray.jpg", "JPG, gray"},
+                                 {"landscape_cmyk.jpg", "JPG, four inks"},
+                                 {"landscape.png", "PNG"},
+                                 {"landscape_alpha.png", "PNG, transparent"}};
   PictureTable(doc, folder, 60, kSamples);
 }
 

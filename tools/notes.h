@@ -3,7 +3,7 @@
 // WriteNotes: one line for everything of a text that the document does not show as it should.
 //
 //     vellumark: 3 characters are not in the fonts and were set as "?"; first: U+65E5 at line 3,
-//     ... vellumark: picture logo.png at line 7, column 1: not a BMP, GIF or JPG file
+//     ... vellumark: picture logo.png at line 7, column 1: not a BMP, GIF, JPG or PNG file
 #pragma once
 
 #include <iosfwd>

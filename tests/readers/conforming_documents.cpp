@@ -31,8 +31,8 @@ constexpr std::array kPictures = {
     "landscape.gif",    "landscape.jpg",       "landscape_1.bmp",
     "landscape_16.bmp", "landscape_24.bmp",    "landscape_32.bmp",
     "landscape_4.bmp",  "landscape_8.bmp",     "landscape_cmyk.jpg",
-    "logo.gif",         "landscape_grey.jpg",  "landscape_interlaced.gif",
-    "landscape_progressive.jpg"};
+    "logo.gif",         "landscape_gray.jpg",  "landscape_interlaced.gif",
+    "landscape_progressive.jpg", "landscape.png",  "landscape_alpha.png"};
 
 /// The character in UTF-8; a surrogate too, which no reader of UTF-8 takes.
 std::string Utf8(char32_t c) {
