@@ -59,10 +59,8 @@ void FormatsPage(AnyDocument& doc, const std::string& folder) {
                                  {"landscape_interlaced.gif", "GIF, interlaced"},
                                  {"landscape.jpg", "JPG"},
                                  {"landscape_progressive.jpg", "JPG, progressive"},
-                                 {"landscape_gray.jpg", "JPG, gray"},
-                                 {"landscape_cmyk.jpg", "JPG, four inks"},
-                                 {"landscape.png", "PNG"},
-                                 {"landscape_alpha.png", "PNG, transparent"}};
+                                 {"landscape_gray.jpg", "JPG, grey"},
+                                 {"landscape_cmyk.jpg", "JPG, four inks"}};
   PictureTable(doc, folder, 60, kSamples);
 }
 
@@ -99,6 +97,23 @@ void FiltersPage(AnyDocument& doc, const std::string& folder) {
   Picture(doc, picture, AlignmentConstants::NoAlignment, Flate, "https://example.org/picture");
 }
 
+/// What only conforming documents hold so that every reader shows it.
+template <class AnyDocument>
+void ConformingPicturesPage(AnyDocument& doc, const std::string& folder) {
+  using enum EncodingConstants;
+  StartPage(doc, "Pictures: 16 and 32 bits, run lengths, original files");
+  doc.SetPictureDimensions(94, 62);
+  constexpr Sample kSamples[] = {{"landscape_16.bmp", "BMP, 16 bits"},
+                                 {"landscape_32.bmp", "BMP, 32 bits"},
+                                 {"landscape_24.bmp", "RunLength, 24 bits", RunLength},
+                                 {"landscape_8.bmp", "RunLength, 8 bits", RunLength},
+                                 {"landscape.jpg", "JPG, its own bytes", Original},
+                                 {"landscape_progressive.jpg", "JPG, progressive", Original},
+                                 {"landscape_gray.jpg", "JPG, gray", Original},
+                                 {"landscape_cmyk.jpg", "JPG, four inks", Original}};
+  PictureTable(doc, folder, 60, kSamples);
+}
+
 /// The pictures that docs/pictures.md warns of, without those that would end a PostScript program.
 template <class AnyDocument>
 void DeepPicturesPage(AnyDocument& doc, const std::string& folder) {
@@ -120,7 +135,11 @@ template <class AnyDocument>
 void DrawPicturePages(AnyDocument& doc, const std::string& folder) {
   FormatsPage(doc, folder);
   FiltersPage(doc, folder);
-  DeepPicturesPage(doc, folder);
+  if (doc.Conforming()) {
+    ConformingPicturesPage(doc, folder);
+  } else {
+    DeepPicturesPage(doc, folder);
+  }
 }
 
 }  // namespace vellumark::examples
