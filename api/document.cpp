@@ -37,6 +37,11 @@ PaperSizeConstants Document::PaperSize() const { return parts_->state.paper_size
 void Document::PaperSize(PaperSizeConstants papersize) { parts_->state.paper_size = papersize; }
 bool Document::Rotated() const { return parts_->state.rotated; }
 void Document::Rotated(bool rotated) { parts_->state.rotated = rotated; }
+std::string Document::Footer() const { return parts_->state.footer; }
+void Document::Footer(std::string_view footer) { parts_->state.footer = footer; }
+std::string Document::Header() const { return parts_->state.header; }
+void Document::Header(std::string_view header) { parts_->state.header = header; }
+std::int32_t Document::PageNumber() const { return parts_->state.page_number; }
 bool Document::Conforming() const { return parts_->state.conforming; }
 void Document::Conforming(bool conforming) { parts_->state.conforming = conforming; }
 std::string Document::LostCharacters() const { return parts_->model.Lost().Text(); }
@@ -181,6 +186,12 @@ void Document::GetPosition(std::int16_t& x, std::int16_t& y) const {
 }
 
 void Document::SetPosition(Int16 x, Int16 y) { parts_->model.SetPosition(x.value(), y.value()); }
+
+std::int16_t Document::TextWidth(std::string_view text) noexcept { return parts_->TextWidth(text); }
+
+std::int32_t Document::TextHeight(std::string_view text, Byte dy, Int16 width) noexcept {
+  return parts_->TextHeight(text, dy, width);
+}
 
 Refusal Document::LastRefusal() const { return parts_->LastRefusal(); }
 

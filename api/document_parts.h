@@ -14,6 +14,7 @@
 
 #include "document/document_model.h"
 #include "document/line_buffer.h"
+#include "document/lost_bytes.h"
 #include "document/state.h"
 #include "document/writer.h"
 #include "layout/shown_characters.h"
@@ -38,13 +39,6 @@ class ModelText {
   std::string storage_;
   std::string_view bytes_;
 };
-
-/// Adds to `lost` the characters of `utf8` that a reader of a classic document does not see as
-/// themselves: those that the code page lacks, and those whose byte is another glyph in the fonts'
-/// own encoding. The apostrophe and the grave accent, which are shown curly, are not counted; in
-/// Symbol and ZapfDingbats a byte is the code of whatever glyph is there.
-void AddLostBytes(Platform& platform, std::string_view utf8, const layout::Font& font,
-                  layout::LostCharacters& lost);
 
 class Document::Parts {
  public:
@@ -91,6 +85,22 @@ class Document::Parts {
         return model.WriteMultiText({as_written, dy.value(), alignment, justified, width.value()});
       });
     });
+  }
+
+  std::int16_t TextWidth(std::string_view text) noexcept {
+    layout::Points width;
+    Run([&] { return model.MeasureText(ModelText(*platform, state, text), width); });
+    return width.value();
+  }
+
+  std::int32_t TextHeight(std::string_view text, Byte dy, Int16 width) noexcept {
+    std::int32_t height = 0;
+    Run([&] {
+      const ModelText model_text(*platform, state, text);
+      return model.MeasureParagraph(
+          {model_text, dy.value(), AlignmentConstants::NoAlignment, false, width.value()}, height);
+    });
+    return height;
   }
 
   [[nodiscard]] Refusal LastRefusal() const {
@@ -145,7 +155,7 @@ class Document::Parts {
     }
     // What allocates comes before what writes.
     layout::LostCharacters lost = model.Lost();
-    AddLostBytes(*platform, text, state.font, lost);
+    document::AddLostBytes(*platform, text, state.font, lost);
     const document::RefusalNote note = write(model_text);
     if (!note) model.Lost() = std::move(lost);
     return note;

@@ -42,6 +42,14 @@ void PDF::Subject(std::string_view subject) {
 bool PDF::Compressed() const { return parts().state.compressed; }
 void PDF::Compressed(bool compressed) { parts().state.compressed = compressed; }
 
+bool PDF::WriteBookmark(std::string_view text, Int16 level) noexcept {
+  return parts().Run([&] { return parts().model.WriteBookmark(text, level.value()); });
+}
+
+bool PDF::SetAnchor(std::string_view name) noexcept {
+  return parts().Run([&] { return parts().model.SetAnchor(name); });
+}
+
 bool PDF::WriteText(std::string_view text, bool carriagereturn, Byte dy,
                     AlignmentConstants alignment, std::string_view hyperlink) noexcept {
   return parts().WriteText(text, carriagereturn, dy, alignment, hyperlink);

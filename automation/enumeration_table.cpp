@@ -27,11 +27,8 @@ constexpr EnumerationMember kBullet[] = {
 
 using enum EncodingConstants;
 constexpr EnumerationMember kEncoding[] = {
-    Member("ASCII85", ASCII85),
-    Member("ASCIIHex", ASCIIHex),
-    Member("RunLength", RunLength),
-    Member("Flate", Flate),
-    Member("Original", Original),
+    Member("ASCII85", ASCII85), Member("ASCIIHex", ASCIIHex), Member("RunLength", RunLength),
+    Member("Flate", Flate),     Member("Original", Original),
 };
 
 using enum FontEffectConstants;

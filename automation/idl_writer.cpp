@@ -46,6 +46,7 @@ std::string TypeName(const ValueType& type) {
     case Type::String: return "BSTR";
     case Type::Enumeration: break;
   }
+  if (type.enumeration == nullptr) return "long";
   return std::string("enum ").append(type.enumeration->name);
 }
 

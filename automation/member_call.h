@@ -84,6 +84,8 @@ constexpr ValueType TypeOf() noexcept {
     return {Type::Boolean};
   } else if constexpr (std::is_same_v<T, float>) {
     return {Type::Single};
+  } else if constexpr (std::is_same_v<T, std::int32_t>) {
+    return {Type::Enumeration, nullptr};
   } else if constexpr (std::is_same_v<T, std::string_view> || std::is_same_v<T, std::string>) {
     return {Type::String};
   } else {

@@ -255,6 +255,38 @@ constexpr Member kMembers[] = {
          "Each character once, of what was written since Create; \"\" when all is well. In classic "
          "output these are mainly letters beyond ASCII, of which readers show another glyph or "
          "none."}),
+    Property<Document, string, &Document::Footer, &Document::Footer>(
+        {"Footer", 47, "Returns or sets the text at the foot of every page.",
+         "Centered in Times 10 in the last 12 points above the bottom margin; the legal notice at "
+         "first. {page} is the page's number, {pages} the number of pages, {{ a brace; \"\" leaves "
+         "the text out. Read at the end of each page."}),
+    Property<Document, string, &Document::Header, &Document::Header>(
+        {"Header", 48, "Returns or sets the text at the head of every page.",
+         "\"\" at first. In the 12 points above the top margin, if the margin has them; otherwise "
+         "as Footer."}),
+    ReadOnlyProperty<Document, std::int32_t, &Document::PageNumber>(
+        {"PageNumber", 49, "Returns the number of the open page.", "0 before the first page."}),
+    Method<&Document::TextWidth>(
+        {"TextWidth", 50, "Returns the width of a text in points, in the current font.",
+         "The whole number that WriteText compares with what is free. Nothing is written. 0 for a "
+         "text of more than 32,767 points; LastRefusal then says so."},
+        {{{"text"}}}),
+    Method<&Document::TextHeight>(
+        {"TextHeight", 51, "Returns the height that WriteMultiText would take, in points.",
+         "Its lines, each as high as the font and dy, from the current position, however many "
+         "pages "
+         "they fill. Nothing is written. 0 if WriteMultiText would refuse the text; LastRefusal "
+         "then says why."},
+        {{{"text"}, {"dy", 0}, {"width", 0}}}),
+    Method<&PDF::WriteBookmark>(
+        {"WriteBookmark", 52, "Writes an entry of the outline that leads to the current position.",
+         "level 1 is the highest; each entry may be at most one level below the one before."},
+        {{{"text"}, {"level", 1}}}),
+    Method<&PDF::SetAnchor>(
+        {"SetAnchor", 53, "Names the current position for hyperlinks.",
+         "In a conforming document a hyperlink \"#name\" leads there, also if the anchor is set "
+         "later. A link whose anchor never comes leads nowhere; LastRefusal says so after Flush."},
+        {{{"name"}}}),
 };
 
 /// Ids ascend; two rows that share one share the name, and no class has both. A parameter has a

@@ -42,7 +42,7 @@ std::string_view TypeName(const ValueType& type) {
     case Type::Boolean: return "Boolean";
     case Type::Single: return "Single";
     case Type::String: return "String";
-    case Type::Enumeration: return type.enumeration->name;
+    case Type::Enumeration: return type.enumeration != nullptr ? type.enumeration->name : "Long";
   }
   return {};
 }

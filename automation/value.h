@@ -13,7 +13,8 @@
 //     Boolean      bool            Boolean
 //     Single       float           Single           degrees
 //     String       std::string     String           UTF-8
-//     Enumeration  std::int32_t    Long             any value, a member of the enumeration or not
+//     Enumeration  std::int32_t    Long             any value, a member of the enumeration or not;
+//                                                   a plain number if no enumeration is named
 #pragma once
 
 #include <cstdint>
@@ -32,7 +33,7 @@ using Value = std::variant<std::monostate, std::int16_t, std::uint8_t, bool, flo
 
 struct ValueType {
   Type type = Type::None;
-  const Enumeration* enumeration = nullptr;  ///< which one; null for every other type
+  const Enumeration* enumeration = nullptr;  ///< which one; null for a plain Long and for every other type
 };
 
 }  // namespace vellumark::automation

@@ -96,6 +96,14 @@ class DocumentModel {
   RefusalNote WriteTitle(const Title& title) noexcept;
   RefusalNote WriteMultiText(const Paragraph& paragraph) noexcept;
 
+  /// Where a text would reach, in the current font, without writing it (measure.cpp).
+  RefusalNote MeasureText(std::string_view text, Points& width) noexcept;
+  RefusalNote MeasureParagraph(const Paragraph& paragraph, std::int32_t& height) noexcept;
+
+  // Bookmarks and anchors (navigation.cpp). Texts are UTF-8.
+  RefusalNote WriteBookmark(std::string_view text, int level) noexcept;
+  RefusalNote SetAnchor(std::string_view name) noexcept;
+
   // Pictures (picture.cpp).
   FileNote DrawPicture(const PlacedPicture& placed) noexcept;
 
@@ -121,12 +129,14 @@ class DocumentModel {
   auto Attempt(const Steps& steps) noexcept -> decltype(steps()) {
     LineBuffer::Mark lines;
     lines_.Here(lines);
+    const std::size_t lost = lost_.Here();
     writer_.Mark();
     try {
       return steps();
     } catch (const std::exception& error) {
       lines_.RollBack(lines);
       writer_.BackToMark();
+      lost_.RollBack(lost);
       return FaultNote(error);
     }
   }
@@ -135,14 +145,18 @@ class DocumentModel {
   /// the page's state is what it was.
   template <class Steps>
   RefusalNote AllOrNothing(const Steps& steps) noexcept {
-    const PageState page = state_;
+    const PageState page = state_;  // NOLINT(cppcoreguidelines-slicing): the rest stays
+    const std::size_t held_pages = held_pages_.size();
     LineBuffer::Mark lines;
     lines_.Here(lines);
+    const std::size_t lost = lost_.Here();
     const RefusalNote outcome = Attempt(steps);
     if (outcome) {
       lines_.RollBack(lines);
       writer_.BackToMark();
+      lost_.RollBack(lost);
       static_cast<PageState&>(state_) = page;
+      held_pages_.resize(held_pages);
     }
     return outcome;
   }
@@ -152,9 +166,21 @@ class DocumentModel {
   RefusalNote StartPage(const Margins& margins, const layout::ColorText& color) noexcept;
   RefusalNote TakeMargins(const Margins& margins);
   FileNote WriteFile();
+  FileNote FinishFile();
   void ResetPen();
   RefusalNote EndPage() noexcept;
-  void WriteFooter();
+
+  // running_heads.cpp
+  /// Times 10 in black, whatever the host's pen; and the host's pen again.
+  struct HeldPage {
+    std::int32_t page_number = 0;
+    Margins margins;
+    std::string header;
+    std::string footer;
+  };
+  RefusalNote WriteRunningHeads() noexcept;
+  void WriteRunningHead(std::string_view text, int top, std::int32_t page, std::int32_t pages);
+  RefusalNote WriteHeldPlaces() noexcept;
 
   // shapes.cpp
   [[nodiscard]] UsableBox Box() const { return {state_.UsableWidth(), state_.UsableHeight()}; }
@@ -194,9 +220,17 @@ class DocumentModel {
 
   // paragraph.cpp
   RefusalNote TryWriteMultiText(const Paragraph& paragraph);
-  RefusalNote PlaceParagraph(const Paragraph& paragraph, Points& width);
+  /// Where the lines of a paragraph stand.
+  struct Column {
+    Points left;
+    Points width;
+  };
+  [[nodiscard]] RefusalNote CheckParagraph(const Paragraph& paragraph) const;
+  [[nodiscard]] RefusalNote PlaceParagraph(const Paragraph& paragraph, Column& column) const;
+  template <class Line>
+  void BreakLines(Points width, const Line& line);
   RefusalNote MeasureWords(std::string_view text, const layout::CodeWidths* codes, Points width);
-  RefusalNote WriteLines(const Paragraph& paragraph, bool bytes_are_codes, Points width);
+  RefusalNote WriteLines(const Paragraph& paragraph, bool bytes_are_codes, const Column& column);
   [[nodiscard]] Points ParagraphHeight() const;
   RefusalNote WriteFinishedLine(const Paragraph& paragraph, const LineOfWords& line, Points width,
                                 Points left);
@@ -221,7 +255,8 @@ class DocumentModel {
   Writer& writer_;
   std::optional<layout::FontWidths> widths_;
   std::unique_ptr<layout::TextSetter> setter_;
-  std::string footer_;  // UTF-8; its only characters beyond ASCII are replaced
+  std::vector<HeldPage> held_pages_;  // whose running heads name the number of pages
+  int bookmark_level_ = 0;            // of the last bookmark
   layout::LostCharacters lost_;
   RefusalNote fault_;  // the first failure of a page end since Create
 
@@ -233,5 +268,24 @@ class DocumentModel {
   std::vector<layout::EncodedText> encoded_words_;  // of the line being written
   std::vector<PlacedWord> placed_words_;            // likewise
 };
+
+/// Calls `line` with every line but the last of the words that were measured, up to the first that
+/// returns a refusal.
+template <class Line>
+void DocumentModel::BreakLines(Points width, const Line& line) {
+  const std::int32_t widest = layout::FontWidths::LargestSum(state_.font.height, width);
+  const std::int32_t blank = Setter().Measure(" ", state_.font);
+  std::size_t first = 0;
+  std::int32_t line_sum = 0;
+  for (std::size_t i = 0; i < words_.size(); ++i) {
+    const std::int32_t with_blank = words_[i].sum + blank;  // a blank always follows a word
+    if (line_sum + with_blank > widest) {
+      if (line(LineOfWords{first, i, blank})) return;
+      first = i;
+      line_sum = 0;
+    }
+    line_sum += with_blank;
+  }
+}
 
 }  // namespace vellumark::document

@@ -49,6 +49,15 @@ std::string_view LineBuffer::Text(std::string& storage) const {
   return storage;
 }
 
+std::string LineBuffer::TextSince(const Mark& mark) const {
+  std::string text;
+  for (std::size_t i = mark.chunks == 0 ? 0 : mark.chunks - 1; i < chunks_.size(); ++i) {
+    const std::size_t begin = i + 1 == mark.chunks ? mark.used : 0;
+    text.append(chunks_[i].Data() + begin, chunks_[i].used - begin);
+  }
+  return text;
+}
+
 void LineBuffer::RollBack(const Mark& mark) noexcept {
   chunks_.erase(chunks_.begin() + static_cast<std::ptrdiff_t>(mark.chunks), chunks_.end());
   if (!chunks_.empty()) chunks_.back().used = mark.used;

@@ -106,6 +106,9 @@ class LineBuffer {
     mark.byte_count = byte_count_;
   }
 
+  /// The lines since `mark`, as they are.
+  [[nodiscard]] std::string TextSince(const Mark& mark) const;
+
   /// Forgets every line that was appended, and every text that was replaced behind `mark`.
   void RollBack(const Mark& mark) noexcept;
 

@@ -49,6 +49,12 @@ class Oddities {
   /// Conforming: a line is one text, its words moved to the same places.
   [[nodiscard]] constexpr bool JustifiedWordsStandAlone() const noexcept { return classic_; }
 
+  /// Classic: the width of each word of a justified line is rounded to whole points before they are
+  /// added up. Many short words can add up to more than the line has; the last one then reaches
+  /// over its edge, or is left out at the page's margin.
+  /// Conforming: they are added up first and fit.
+  [[nodiscard]] constexpr bool JustifiedWordsAreRoundedEach() const noexcept { return classic_; }
+
   /// Classic: samples of 16 and 32 bits are written as the picture file has them. At 16 bits the
   /// exchange of a pixel's first and third byte, made for three bytes a pixel, moves the first byte
   /// of every pixel to the pixel before (layout/picture.h). PDF names no color space for them, and

@@ -10,7 +10,7 @@ namespace {
 constexpr int kNarrowestColumn = 20;  // margins leave more than this much of the page
 
 /// The legal notice as it stands on the page: the fonts have no copyright sign in every encoding.
-std::string FooterText(Platform& platform) {
+std::string LegalNotice(Platform& platform) {
   constexpr std::string_view kSign = "©";
   std::string text(platform.LegalNotice());
   for (std::size_t at = text.find(kSign); at != std::string::npos; at = text.find(kSign, at)) {
@@ -34,11 +34,8 @@ std::error_code ErrorOf(const Operation& operation) noexcept {
 }  // namespace
 
 DocumentModel::DocumentModel(Platform& platform, State& state, LineBuffer& lines, Writer& writer)
-    : platform_(platform),
-      state_(state),
-      lines_(lines),
-      writer_(writer),
-      footer_(FooterText(platform)) {
+    : platform_(platform), state_(state), lines_(lines), writer_(writer) {
+  state_.footer = LegalNotice(platform);
   platform_.ShowNotice("Initialize()", platform_.Title());
 }
 
@@ -88,6 +85,8 @@ FileNote DocumentModel::TryCreate(std::string_view file) {
   state_.file = opened;
   state_.oddities = Oddities(!state_.conforming);
   fault_ = {};
+  held_pages_.clear();
+  bookmark_level_ = 0;
   lost_.Clear();
   lines_.Clear(state_.conforming ? LineEnd::Lf : LineEnd::CrLf);
   setter_.reset();
@@ -111,6 +110,8 @@ void DocumentModel::ResetPen() {
   state_.picture_height = 0;
   state_.thickness = 1;
   state_.page_open = false;
+  state_.page_number = 0;
+  state_.pages_ended = 0;
 }
 
 RefusalNote DocumentModel::NewPage(const Margins& margins, const layout::Rgb& color) noexcept {
@@ -129,8 +130,11 @@ RefusalNote DocumentModel::StartPage(const Margins& margins,
   }
   RefusalNote margins_note;
   const RefusalNote fault = ResumeNext([&] { return state_.page_open ? EndPage() : RefusalNote{}; },
-                                       [&] { state_.page_open = true; },  //
-                                       [&] { writer_.BeginPage(); },      //
+                                       [&] {
+                                         state_.page_open = true;
+                                         state_.page_number = state_.pages_ended + 1;
+                                       },
+                                       [&] { writer_.BeginPage(); },  //
                                        [&] { margins_note = TakeMargins(margins); },
                                        [&] { state_.page_color = color; },  //
                                        [&] { writer_.PaintBackground(); },
@@ -158,48 +162,35 @@ RefusalNote DocumentModel::TakeMargins(const Margins& margins) {
   return {};
 }
 
-/// The footer in a pen of its own, then what ends the page. A failing step does not stop those
-/// behind it.
+/// What runs over every page, then what ends it. A failing step does not stop those behind it.
 RefusalNote DocumentModel::EndPage() noexcept {
-  // Before Create there is no color; afterwards there is, black.
-  const layout::ColorText color =
-      state_.color.view().empty() ? layout::FormatColor(0, 0, 0) : state_.color;
-  const layout::Font font = state_.font;
-  const Points x = state_.position_x;
-  Points y;
-  return ResumeNext([&] { y = state_.Y(); },  //
-                    [&] { state_.color = layout::FormatColor(0, 0, 0); },
-                    [&] {
-                      SetFont(FontNumberConstants::Times, 10, FontStyleConstants::Regular,
-                              FontEffectConstants::NoFontEffect);
-                    },
-                    [&] { SetPosition(-1, state_.UsableHeight() - kFooterHeight); },
-                    [&] { WriteFooter(); },  //
-                    [&] { state_.color = color; },
-                    [&] { SetFont(font.number, font.height, font.style, font.effect); },
-                    [&] { SetPosition(x, y); },  //
-                    [&] { writer_.EndPage(); });
-}
-
-/// A footer that does not fit between the margins is left out.
-void DocumentModel::WriteFooter() {
-  std::string storage;
-  const std::string_view text =
-      state_.oddities.TextIsCodePageBytes() ? platform_.ToCodePage(footer_, storage) : footer_;
-  TryWriteText({.text = text, .alignment = AlignmentConstants::Center}, Numbers::Reserved);
+  return ResumeNext([&] { return WriteRunningHeads(); }, [&] { writer_.EndPage(); },
+                    [&] { ++state_.pages_ended; });
 }
 
 FileNote DocumentModel::Flush() noexcept {
-  const RefusalNote fault =
-      ResumeNext([&] { return EndPage(); }, [&] { return writer_.EndDocument(); });
+  // A document without pages gets one.
+  const bool starts_page = CheckPage().reason == RefusalReason::NoPage;
+  const RefusalNote fault = ResumeNext(
+      [&] { return starts_page ? StartPage(state_.margins, state_.page_color) : RefusalNote{}; },
+      [&] { return EndPage(); }, [&] { return WriteHeldPlaces(); },
+      [&] { return writer_.EndDocument(); });
   if (!fault_) fault_ = fault;
   try {
-    FileNote written = WriteFile();
-    if (written.note || !fault_) return written;
-    return RefusalNote{RefusalReason::DocumentNotWhole, fault_.got};
+    return FinishFile();
   } catch (const std::exception& error) {  // memory is too short for the reason's words
     return FaultNote(error);
   }
+}
+
+/// Writes the file, and returns the first of what is wrong with it.
+FileNote DocumentModel::FinishFile() {
+  FileNote written = WriteFile();
+  if (written.note) return written;
+  if (fault_) return RefusalNote{RefusalReason::DocumentNotWhole, fault_.got};
+  std::string missing = writer_.MissingAnchor();
+  if (!missing.empty()) return {RefusalReason::AnchorMissing, std::move(missing)};
+  return {};
 }
 
 FileNote DocumentModel::WriteFile() {

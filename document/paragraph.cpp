@@ -29,37 +29,45 @@ RefusalNote DocumentModel::TryWriteMultiText(const Paragraph& given) {
   std::string storage;
   if (!state_.oddities.TextIsCodePageBytes()) {
     if (!state_.page_open) return {RefusalReason::NoPage};
-    // On such a page every line would start another one.
-    const int height = state_.font.height;
-    if (height > state_.UsableHeight().value()) {
-      return {RefusalReason::BeyondBottomMargin, height, state_.UsableHeight().value()};
-    }
     paragraph.text = layout::WithPlainBlanks(given.text, state_.font, storage);
   }
-  Points width = paragraph.width;
-  if (const RefusalNote refused = PlaceParagraph(paragraph, width)) return refused;
+  Column column;
+  if (const RefusalNote refused = CheckParagraph(paragraph)) return refused;
+  if (const RefusalNote refused = PlaceParagraph(paragraph, column)) return refused;
+  state_.position_x = column.left;
   const layout::CodeWidths* const codes = Setter().ByteWidths(paragraph.text, state_.font);
-  if (const RefusalNote refused = MeasureWords(paragraph.text, codes, width)) return refused;
-  return AllOrNothing([&] { return WriteLines(paragraph, codes != nullptr, width); });
+  if (const RefusalNote refused = MeasureWords(paragraph.text, codes, column.width)) return refused;
+  return AllOrNothing([&] { return WriteLines(paragraph, codes != nullptr, column); });
 }
 
-/// Settles the width of the lines and sets the position to their left edge.
-RefusalNote DocumentModel::PlaceParagraph(const Paragraph& paragraph, Points& width) {
+RefusalNote DocumentModel::CheckParagraph(const Paragraph& paragraph) const {
   if (!layout::IsAlignment(paragraph.alignment)) {
     return {RefusalReason::InvalidAlignment, static_cast<std::int32_t>(paragraph.alignment)};
   }
+  // On such a page every line would start another one.
+  const int height = state_.font.height;
+  const int free = state_.UsableHeight().value();
+  if (!state_.oddities.TextIsCodePageBytes() && height > free) {
+    return {RefusalReason::BeyondBottomMargin, height, free};
+  }
+  return {};
+}
+
+/// Settles the left edge and the width of the lines.
+RefusalNote DocumentModel::PlaceParagraph(const Paragraph& paragraph, Column& column) const {
   const Points usable = state_.UsableWidth();
   const bool aligned = paragraph.alignment != AlignmentConstants::NoAlignment;
-  const Points reach = aligned ? width : state_.position_x + width;
+  const Points reach = aligned ? paragraph.width : state_.position_x + paragraph.width;
   if (reach > usable) {
-    return {RefusalReason::LinesTooWide, width.value(),
+    return {RefusalReason::LinesTooWide, paragraph.width.value(),
             usable.value() - (aligned ? 0 : state_.position_x.value())};
   }
+  column = {state_.position_x, paragraph.width};
   if (aligned) {
-    if (width < 1) width = usable;
-    state_.position_x = layout::GetAlignmentOffset(usable, width, paragraph.alignment);
-  } else if (width < 1) {
-    width = usable - state_.position_x;
+    if (column.width < 1) column.width = usable;
+    column.left = layout::GetAlignmentOffset(usable, column.width, paragraph.alignment);
+  } else if (column.width < 1) {
+    column.width = usable - state_.position_x;
   }
   return {};
 }
@@ -95,24 +103,17 @@ RefusalNote DocumentModel::MeasureWords(std::string_view text, const layout::Cod
 }
 
 RefusalNote DocumentModel::WriteLines(const Paragraph& paragraph, bool bytes_are_codes,
-                                      Points width) {
-  const Points left = state_.position_x;
-  const std::int32_t widest = layout::FontWidths::LargestSum(state_.font.height, width);
-  const std::int32_t blank = Setter().Measure(" ", state_.font);
-  std::size_t first = 0;
-  std::int32_t line_sum = 0;
-  for (std::size_t i = 0; i < words_.size(); ++i) {
-    const std::int32_t with_blank = words_[i].sum + blank;  // a blank always follows a word
-    if (line_sum + with_blank > widest) {
-      const RefusalNote refused =
-          WriteFinishedLine(paragraph, {first, i, blank, bytes_are_codes}, width, left);
-      if (refused) return refused;
-      first = i;
-      line_sum = 0;
-    }
-    line_sum += with_blank;
-  }
-  return WriteLastLine(paragraph.text.substr(words_[first].begin), paragraph, left);
+                                      const Column& column) {
+  RefusalNote refused;
+  std::size_t last = 0;  // the first word of the last line
+  BreakLines(column.width, [&](LineOfWords line) {
+    line.bytes_are_codes = bytes_are_codes;
+    refused = WriteFinishedLine(paragraph, line, column.width, column.left);
+    last = line.end;
+    return refused;
+  });
+  if (refused) return refused;
+  return WriteLastLine(paragraph.text.substr(words_[last].begin), paragraph, column.left);
 }
 
 RefusalNote DocumentModel::WriteFinishedLine(const Paragraph& paragraph, const LineOfWords& line,
@@ -135,7 +136,9 @@ RefusalNote DocumentModel::WriteFinishedLine(const Paragraph& paragraph, const L
   sums_.clear();
   for (std::size_t i = line.first; i < end; ++i) sums_.push_back(words_[i].sum + line.blank);
   sums_.back() -= line.blank;
-  layout::JustifyWords(sums_, width, state_.font.height, positions_);
+  const auto rounding = state_.oddities.JustifiedWordsAreRoundedEach() ? layout::Rounding::Words
+                                                                       : layout::Rounding::Sums;
+  layout::JustifyWords(sums_, width, state_.font.height, rounding, positions_);
   const std::span<const Word> words(&words_[line.first], end - line.first);
   return state_.oddities.JustifiedWordsStandAlone()
              ? WriteWordsAlone(paragraph, words, left)
@@ -207,10 +210,11 @@ RefusalNote DocumentModel::WriteLastLine(std::string_view line, const Paragraph&
   return refused.reason == RefusalReason::NoObjectNumbersLeft ? refused : RefusalNote{};
 }
 
-/// How far down a line of a paragraph may reach: to the footer, if the line has room above it.
+/// How far down a line of a paragraph may reach: to the footer, if there is one and the line has
+/// room above it.
 Points DocumentModel::ParagraphHeight() const {
   const Points usable = state_.UsableHeight();
-  if (state_.oddities.ParagraphsReachIntoTheFooter()) return usable;
+  if (state_.oddities.ParagraphsReachIntoTheFooter() || state_.footer.empty()) return usable;
   return std::max<Points>(usable - kFooterHeight, state_.font.height);
 }
 

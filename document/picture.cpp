@@ -39,9 +39,7 @@ FileNote DocumentModel::TryDrawPicture(const PlacedPicture& placed) {
     return RefusalNote{RefusalReason::InvalidEncoding, static_cast<std::int32_t>(placed.encoding),
                        static_cast<std::int32_t>(last)};
   }
-  if (!state_.page_open && !state_.oddities.MarksNeedNoPage()) {
-    return RefusalNote{RefusalReason::NoPage};
-  }
+  if (const RefusalNote refused = CheckPage()) return refused;
   layout::Picture picture;
   std::string reason;
   const auto deep = state_.oddities.DeepSamplesStayAsTheyAre() ? layout::DeepSamples::AsTheyAre

@@ -91,6 +91,12 @@ std::string Sentence(const RefusalNote& note, std::string_view detail) {
     case RefusalReason::NoPage: return "no page is open; call NewPage first";
     case RefusalReason::PictureTooWide: return beyond("picture", "x").append(kFit);
     case RefusalReason::PictureTooHigh: return beyond("picture", "y").append(kFit);
+    case RefusalReason::InvalidLevel:
+      return Join({"bookmark level is ", got, ", but it must be 1 to ", allowed});
+    case RefusalReason::InvalidAnchor: return "an anchor needs a name";
+    case RefusalReason::AnchorMissing:
+      return Join({"the file is whole, but a link leads to #", detail,
+                   ", and no anchor has this name; call SetAnchor"});
     case RefusalReason::DocumentNotWhole:
       return Join({"the document is not whole: run-time error ", NameOfError(note.got),
                    " stopped the end of a page or of the document"});

@@ -5,6 +5,7 @@
 
 namespace vellumark::document {
 
+/// Whether there is a page to draw on, where one is needed.
 RefusalNote DocumentModel::CheckPage() const {
   if (state_.page_open || state_.oddities.MarksNeedNoPage()) return {};
   return {RefusalReason::NoPage};

@@ -51,6 +51,8 @@ struct PageState {
   Points picture_width;  ///< of the box that pictures are fitted into; 0 for none
   Points picture_height;
   bool page_open = false;
+  std::int32_t page_number = 0;  ///< of the open page; 0 before the first
+  std::int32_t pages_ended = 0;
 
   // The position.
   Points position_x;
@@ -67,6 +69,8 @@ struct State : PageState {
   PaperSizeConstants paper_size = PaperSizeConstants::A4;
   bool rotated = false;
 
+  std::string header;  ///< UTF-8, with placeholders (running_heads.cpp); "" for none
+  std::string footer;  ///< likewise
   bool conforming = false;
   bool compressed = true;  ///< counts in a conforming PDF only
 

@@ -57,7 +57,7 @@ RefusalNote DocumentModel::CheckText(Points width, AlignmentConstants alignment)
   if (!layout::IsAlignment(alignment)) {
     return {RefusalReason::InvalidAlignment, static_cast<std::int32_t>(alignment)};
   }
-  if (!state_.page_open && !state_.oddities.MarksNeedNoPage()) return {RefusalReason::NoPage};
+  if (const RefusalNote refused = CheckPage()) return refused;
   const UsableBox box = Box();
   const bool aligned = alignment != AlignmentConstants::NoAlignment;
   const int left = box.width.value() - (aligned ? 0 : state_.position_x.value());

@@ -46,6 +46,7 @@ struct Pieces {
   std::int64_t images = 0;
   std::int64_t palettes = 0;
   std::int64_t soft_masks = 0;
+  std::int64_t bookmarks = 0;
 };
 
 /// Where and how a picture is painted.
@@ -88,6 +89,14 @@ class Writer {
   virtual void AnnouncePage() = 0;
   virtual void EndPage() = 0;
 
+  /// Keeps a place on the page that ends for marks that are made when all pages are known.
+  virtual void HoldPlace() = 0;
+
+  /// What is drawn from here on goes to the kept place `index`, counted from 0 since BeginDocument,
+  /// up to EndHeldPlace. Only between the last EndPage and EndDocument.
+  virtual void BeginHeldPlace(std::size_t index) = 0;
+  virtual void EndHeldPlace() = 0;
+
   /// Goes on past a failing step, and returns the note of the first that failed.
   virtual RefusalNote EndDocument() = 0;
 
@@ -114,6 +123,16 @@ class Writer {
   /// Makes an area of the page a link. A language without links leaves it out.
   virtual void WriteLink(std::string_view /*uri*/, PagePoint /*top_left*/,
                          PagePoint /*bottom_right*/) {}
+
+  /// An outline entry, `level` 1 or below the one before, that leads to a place on the page that
+  /// ends next. `text` is UTF-8. A language without outlines leaves it out.
+  virtual void WriteBookmark(std::string_view /*text*/, int /*level*/, PagePoint /*place*/) {}
+
+  /// Names a place on the page that ends next, for links to "#name".
+  virtual void SetAnchor(std::string_view /*name*/, PagePoint /*place*/) {}
+
+  /// A name that a link of a conforming document leads to and that no anchor has; "" if all have.
+  [[nodiscard]] virtual std::string MissingAnchor() const { return {}; }
 };
 
 }  // namespace vellumark::document

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// gallery FOLDER: writes FOLDER/gallery.pdf and FOLDER/gallery.ps with every drawing, text and
-// picture feature on labeled pages, both with the same code.
+// gallery [--classic] [FOLDER]: writes FOLDER/gallery.pdf and FOLDER/gallery.ps with every drawing,
+// text and picture feature on labeled pages, both with the same code: as conforming documents, or
+// with --classic as classic ones.
 #include <iostream>
 #include <string>
 
@@ -11,9 +12,10 @@
 namespace {
 
 template <class AnyDocument>
-bool WriteGallery(const std::string& file) {
+bool WriteGallery(const std::string& file, bool conforming) {
   AnyDocument doc;
   doc.Title("Vellumark gallery");
+  doc.Conforming(conforming);
   if (!doc.Create(file)) {
     std::cerr << "gallery: " << doc.LastRefusal().sentence << '\n';
     return false;
@@ -30,8 +32,17 @@ bool WriteGallery(const std::string& file) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const std::string folder = argc > 1 ? argv[1] : ".";
-  const bool pdf = WriteGallery<vellumark::PDF>(folder + "/gallery.pdf");
-  const bool ps = WriteGallery<vellumark::PS>(folder + "/gallery.ps");
+  std::string folder = ".";
+  bool conforming = true;
+  for (int i = 1; i < argc; ++i) {
+    const std::string argument = argv[i];
+    if (argument == "--classic") {
+      conforming = false;
+    } else {
+      folder = argument;
+    }
+  }
+  const bool pdf = WriteGallery<vellumark::PDF>(folder + "/gallery.pdf", conforming);
+  const bool ps = WriteGallery<vellumark::PS>(folder + "/gallery.ps", conforming);
   return pdf && ps ? 0 : 1;
 }

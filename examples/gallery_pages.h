@@ -199,6 +199,40 @@ inline void PageFlowPages(Document& doc) {
                      AlignmentConstants::NoAlignment, true);
 }
 
+/// Letters that a conforming document shows and a classic one does not.
+inline void LettersPage(Document& doc) {
+  StartPage(doc, "Letters beyond ASCII – 315 in each Latin font");
+  struct Line {
+    std::string_view name;
+    std::string_view text;
+  };
+  doc.SetPosition(0, 50);
+  for (const Line& line :
+       {Line{"German", "Zwölf Boxkämpfer jagen Viktor quer über den großen Sylter Deich"},
+        Line{"French", "Voix ambiguë d’un cœur qui, au zéphyr, préfère les jattes de kiwis"},
+        Line{"Spanish", "¿Jovencillo emponzoñado de whisky? ¡Qué figurota exhibe!"},
+        Line{"Polish", "Zażółć gęślą jaźń, pójdźże, kiń tę chmurność w głąb flaszy"},
+        Line{"Czech", "Příliš žluťoučký kůň úpěl ďábelské ódy"},
+        Line{"Hungarian", "Árvíztűrő tükörfúrógép"},
+        Line{"Croatian", "Gojazni đačić s biciklom drži hmelj i finu vatu"},
+        Line{"Romanian", "Muzicologă în bej vând whisky și tequila, preț fix"},
+        Line{"Turkish", "Pijamalı hasta yağız şoföre çabucak güvendi"},
+        Line{"Icelandic", "Kæmi ný öxi hér ykist þjófum nú bæði víl og ádrepa"},
+        Line{"Latvian", "Glāžšķūņa rūķīši dzērumā čiepj Baha koncertflīģeļu vākus"}}) {
+    Plain(doc, FontNumberConstants::Helvetica, 8);
+    doc.WriteText(line.name, true, 2);
+    Plain(doc, FontNumberConstants::Times, 14);
+    doc.WriteText(line.text, true, 8);
+  }
+  Plain(doc, FontNumberConstants::Helvetica, 14);
+  doc.WriteText("“Quotes” ‘single’ „low“ «French» – — … • † ‡ § ¶ © ® ™ € £ ¥ ƒ", true, 8);
+  doc.WriteText("½ ¼ ¾ × ÷ ± − ≤ ≥ ≠ ∂ ∑ √ ◊ µ ° ¬ (parentheses) \\backslash", true, 16);
+  Plain(doc, FontNumberConstants::Symbol, 14);
+  doc.WriteText("αβγδεζηθικλμνξοπρστυφχψω ← → ↔ ⇒ ∀ ∃ ∈ ∞ ∫ ♠ ♥", true, 8);
+  Plain(doc, FontNumberConstants::ZapfDingbats, 14);
+  doc.WriteText("✓ ✗ ✂ ✈ ✉ ★ ➜ ❶ ❷ ❸", true, 8);
+}
+
 /// Links, if the document has them; a PS shows only the text.
 template <class AnyDocument>
 void LinksPage(AnyDocument& doc) {
@@ -227,6 +261,7 @@ void DrawGallery(AnyDocument& doc) {
   ParagraphsPage(doc);
   PageFlowPages(doc);
   LinksPage(doc);
+  if (doc.Conforming()) LettersPage(doc);
 }
 
 }  // namespace vellumark::examples

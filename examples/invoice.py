@@ -31,8 +31,8 @@ LOGO = HERE / "pictures" / "logo.gif"
 LINK = "https://example.org/pay/2024-0117"
 TERMS = (
     "Payment is due within fourteen days of the date of this invoice, without deduction. The goods "
-    "remain our property until they are paid for in full. Colours of leather and linen may differ "
-    "slightly from the samples, as hides and dye lots do; this is no defect. Please tell us about "
+    "remain our property until they are paid for in full. Colors of leather and linen may differ "
+    "slightly from the samples, as hides and dye lots do; that is how they should be. Please tell us about "
     "damage in transit within three days, and keep the wrapping until the carrier has seen it.")
 
 INK: Color = (38, 40, 46)
@@ -93,10 +93,7 @@ def pen(doc: Document, size: int, color: Color = INK, style: Style = Style.Regul
 
 def put(doc: Document, x: int, y: int, text: str, alignment: Align = Align.NoAlignment) -> None:
     doc.SetPosition(x, y)
-    escaped = text.replace("\\", r"\\")
-    if isinstance(doc, vellumark.PS):
-        escaped = re.sub("([()])", r"\\\1", escaped)
-    if not doc.WriteText(escaped, alignment=alignment):
+    if not doc.WriteText(text, alignment=alignment):
         raise ValueError(f"{text!r}: {doc.LastRefusal}")
 
 
@@ -120,8 +117,8 @@ def draw_letterhead(doc: Document) -> None:
     pen(doc, 20, style=Style.Bold)
     put(doc, 66, 4, "Lindenhof Bindery")
     pen(doc, 9, FAINT)
-    put(doc, 66, 32, "Books bound by hand since 1911")
-    for line, text in enumerate(["Mill Lane 4", "Kirchberg 8302", "office@example.org"]):
+    put(doc, 66, 32, "Books bound by hand since 1911 – à la main")
+    for line, text in enumerate(["Sülzgasse 4", "8302 Kirchberg", "office@example.org"]):
         put(doc, 0, 6 + 13 * line, text, Align.RightAlign)
     rule(doc, 66, ACCENT)
 
@@ -130,8 +127,8 @@ def draw_address(doc: Document) -> None:
     pen(doc, 8, FAINT)
     put(doc, 0, 96, "Billed to")
     pen(doc, 11)
-    for line, text in enumerate(["City Library", "Department of Acquisitions", "Market Square 1",
-                                 "Kirchberg 8300"]):
+    for line, text in enumerate(["Bücherei Kirchberg", "z. H. Frau Dvořáková", "Marktplatz 1",
+                                 "8300 Kirchberg"]):
         put(doc, 0, 112 + 15 * line, text)
     pen(doc, 26, ACCENT, Style.Bold)
     put(doc, 0, 88, "Invoice", Align.RightAlign)
@@ -152,8 +149,8 @@ def draw_table_head(doc: Document, y: int) -> int:
     pen(doc, 9, WHITE, Style.Bold)
     put(doc, QUANTITY - 27, y + 5, "Count")
     put(doc, DESCRIPTION, y + 5, "Description")
-    put(doc, PRICE - 38, y + 5, "Unit EUR")
-    put(doc, AMOUNT - 56, y + 5, "Amount EUR")
+    put(doc, PRICE - 26, y + 5, "Unit €")
+    put(doc, AMOUNT - 44, y + 5, "Amount €")
     return y + 22
 
 
@@ -180,7 +177,7 @@ def draw_totals(doc: Document, rows: list[Row], y: int) -> int:
     net = sum((row.amount for row in rows), Decimal(0))
     tax = (net / 10).quantize(Decimal("0.01"), ROUND_HALF_UP)
     for name, amount, style in [("Net", net, Style.Regular), ("Tax 10 %", tax, Style.Regular),
-                                ("To pay, EUR", net + tax, Style.Bold)]:
+                                ("To pay, €", net + tax, Style.Bold)]:
         pen(doc, 11 if style == Style.Bold else 10, style=style)
         put(doc, 300, y + 8, name)
         put_number(doc, AMOUNT, y + 8, money(amount))
@@ -222,12 +219,14 @@ def draw_invoice(doc: Document, file: pathlib.Path, rows: list[Row]) -> None:
         new_page(doc)
         y = -20
     draw_terms(doc, y + 28)
+    if doc.LostCharacters:
+        raise ValueError(f"the fonts have no letters for {doc.LostCharacters}")
 
 
 def main(folder: str = ".", table: str = str(HERE / "invoice.csv")) -> None:
     rows = read_rows(pathlib.Path(table))
     for name, document_class in LANGUAGES.items():
-        with document_class() as doc:
+        with document_class(Conforming=True) as doc:
             draw_invoice(doc, pathlib.Path(folder, name), rows)
 
 

@@ -6,15 +6,20 @@
 namespace vellumark::layout {
 
 bool JustifyWords(std::span<const std::int32_t> sums, Points width, std::uint8_t height,
-                  std::vector<Points>& positions) {
+                  Rounding rounding, std::vector<Points>& positions) {
   const std::size_t count = sums.size();
   positions.assign(count, 0);
   if (count < 2) return false;
   try {
-    for (std::size_t i = 1; i < count; ++i) {
-      positions[i] = positions[i - 1] + FontWidths::InPoints(height, sums[i - 1]);
+    Points end = 0;  // of the words so far
+    std::int32_t sum = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+      positions[i] = end;
+      sum += sums[i];
+      end = rounding == Rounding::Sums ? FontWidths::InPoints(height, sum)
+                                       : end + FontWidths::InPoints(height, sums[i]);
     }
-    const Points last_width = FontWidths::InPoints(height, sums.back());
+    const Points last_width = end - positions[count - 1];
     const Points spare = width - positions[count - 1] - last_width;
     const int gaps = static_cast<int>(count) - 1;
     const int gap = spare.value() / gaps;

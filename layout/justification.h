@@ -7,7 +7,8 @@
 // nothing is left.
 //
 //     std::vector<Points> positions;            // kept by the caller, its storage is used again
-//     JustifyWords(sums, 100, 10, positions);   // {0, 33, 75} for words of 20, 30 and 25 points
+//     JustifyWords(sums, 100, 10, Rounding::Sums, positions);
+//                                               // {0, 33, 75} for words of 20, 30 and 25 points
 #pragma once
 
 #include <cstdint>
@@ -18,13 +19,16 @@
 
 namespace vellumark::layout {
 
+/// What is rounded to whole points: the width of each word, or the sum of those up to a word.
+enum class Rounding : std::uint8_t { Words, Sums };
+
 /// `sums` are the widths of the words in 1/1000 em, each but the last with its blank, in a font of
 /// `height` points. Fills `positions`, from the start of the line, and returns true. A line of one
 /// word has no gap to stretch: the result is false, and its position 0. A run-time error (an
 /// overflow of a position) stops the work; the result is false, and `positions` has those found so
-/// far, the others being 0. Words that are wider than `width` together keep their natural
-/// positions, and the line overflows.
+/// far, the others being 0. Words that are wider than `width` together, which the rounding of many
+/// words can make them, keep their natural positions, and the line overflows.
 bool JustifyWords(std::span<const std::int32_t> sums, Points width, std::uint8_t height,
-                  std::vector<Points>& positions);
+                  Rounding rounding, std::vector<Points>& positions);
 
 }  // namespace vellumark::layout

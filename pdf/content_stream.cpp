@@ -17,14 +17,17 @@ RefusalNote PdfWriter::RoomFor(const Pieces& pieces) const {
   const std::int64_t per_image = streams ? 4 : 1;
   const std::int64_t per_palette = streams ? 2 : 1;
   // A page ends with its footer and itself, and starts with a mark.
-  const std::int64_t per_page = streams ? 5 : 3;
-  constexpr std::int64_t kToFinish = 4;  // a page end and the catalog
+  const std::int64_t header = streams && !state_.header.empty() ? 2 : 0;
+  const std::int64_t per_page = (streams ? 5 : 3) + header;
+  // A page end and the catalog, and an outline's entries and root.
+  const auto bookmarks = static_cast<std::int64_t>(objects_.bookmarks.size()) + pieces.bookmarks;
+  const std::int64_t to_finish = 4 + header + (bookmarks == 0 ? 0 : bookmarks + 1);
   // A conforming document ends with its fonts and the nodes of its page tree.
   const std::int64_t more = streams ? 0 : 100 + objects_.table.Count() / 16;
   const std::int64_t needed = per_mark * pieces.marks + pieces.links + per_image * pieces.images +
                               per_palette * pieces.palettes + pieces.soft_masks +
                               per_page * pieces.pages;
-  const std::int64_t left = objects_.table.Left() - kToFinish - more;
+  const std::int64_t left = objects_.table.Left() - to_finish - more;
   if (needed <= left) return {};
   return {RefusalReason::NoObjectNumbersLeft, 0, static_cast<std::int32_t>(left)};
 }
@@ -40,6 +43,8 @@ void PdfWriter::Mark() noexcept {
   mark_.annotations = objects_.annotations.size();
   mark_.page_annotations = objects_.page_annotations;
   mark_.images = objects_.images.size();
+  mark_.held_places = objects_.held_places.size();
+  mark_.bookmarks = objects_.bookmarks.size();
   mark_.state_saved = objects_.state_saved;
   page_.Here(mark_.page);
   mark_.in_text = graphics_.in_text;
@@ -58,6 +63,8 @@ void PdfWriter::BackToMark() noexcept {
   objects_.annotations.resize(mark_.annotations);
   objects_.page_annotations = mark_.page_annotations;
   objects_.images.resize(mark_.images);
+  objects_.held_places.resize(mark_.held_places);
+  objects_.bookmarks.resize(mark_.bookmarks);
   objects_.image_keys.resize(std::min(mark_.images, objects_.image_keys.size()));
   objects_.state_saved = mark_.state_saved;
   if (mark_.page_ended) std::swap(page_, marked_page_);

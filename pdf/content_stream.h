@@ -36,6 +36,10 @@ void PdfWriter::WriteMark(MarkKind kind, const Operators& operators) {
     return;
   }
   graphics_.BeginStream();
+  if (filled_place_ != nullptr) {  // its stream is open
+    operators();
+    return;
+  }
   objects_.contents.push_back(BeginStreamObject());
   lines_.Append("stream");
   const std::int64_t start = Position();

@@ -60,6 +60,11 @@ void PdfWriter::BeginDocument(const LocalTime& now) {
   objects_.image_keys.clear();
   image_indices_.clear();
   least_version_ = 2;
+  objects_.held_places.clear();
+  objects_.bookmarks.clear();
+  anchors_.clear();
+  linked_names_.clear();
+  filled_place_ = nullptr;
   header_ = lines_.Append("%PDF-1.2");
   lines_.Append("%\xE2\xE3\xCF\xD3");  // four bytes above 127 tell transfer programs: binary
   WriteInformation(now);
@@ -101,11 +106,13 @@ void PdfWriter::WriteProperty(std::string_view key, const document::HostText& te
 
 document::RefusalNote PdfWriter::EndDocument() {
   int page_tree = 0;
+  int outlines = 0;
   int catalog = 0;
   std::int64_t cross_references = 0;
   return document::ResumeNext(
       [&] { WriteVersion(); }, [&] { WriteResources(); },  //
-      [&] { page_tree = WritePageTree(); }, [&] { catalog = WriteCatalog(page_tree); },
+      [&] { page_tree = WritePageTree(); }, [&] { outlines = WriteOutlines(); },
+      [&] { catalog = WriteCatalog(page_tree, outlines); },
       [&] { cross_references = Position(); },  //
       [&] { WriteCrossReferences(); }, [&] { WriteTrailer(catalog, cross_references); });
 }
@@ -126,11 +133,16 @@ void PdfWriter::WriteResources() {
   lines_.Append("endobj");
 }
 
-int PdfWriter::WriteCatalog(int page_tree) {
+int PdfWriter::WriteCatalog(int page_tree, int outlines) {
   const int catalog = BeginObject();
   lines_.Append("<<");
   lines_.Append("/Type /Catalog");
   lines_.Append("/Pages ", Reference{page_tree});
+  if (outlines != 0) {
+    lines_.Append("/Outlines ", Reference{outlines});
+    lines_.Append("/PageMode /UseOutlines");
+  }
+  WriteAnchors();
   lines_.Append(">>");
   lines_.Append("endobj");
   return catalog;

@@ -89,9 +89,8 @@ std::string PdfWriter::WriteUsedFonts() {
 /// The widths under the second encoding, in the dictionary of a face of Helvetica or Times.
 void PdfWriter::WriteWidths(int font, int descriptor) {
   constexpr int kFacesOfFamily = static_cast<int>(kFaces);
-  const layout::Font face = {
-      .number = static_cast<FontNumberConstants>(font / kFacesOfFamily + 1),
-      .style = static_cast<FontStyleConstants>(font % kFacesOfFamily + 1)};
+  const layout::Font face = {.number = static_cast<FontNumberConstants>(font / kFacesOfFamily + 1),
+                             .style = static_cast<FontStyleConstants>(font % kFacesOfFamily + 1)};
   lines_.Append("/FirstChar 1");
   lines_.Append("/LastChar 255");
   lines_.Append("/Widths ", WidthsArray(layout::WidthsOf(face, layout::TextEncoding::Extended)));

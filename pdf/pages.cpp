@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <span>
 #include <string>
+#include <utility>
 
 #include "encoding/zlib.h"
 #include "pdf/content_stream.h"
@@ -88,6 +89,13 @@ void PdfWriter::EndPage() {
 
 /// A stream of its own, compressed if the document is. Returns its number.
 int PdfWriter::WriteStream(std::string_view data) {
+  const int number = objects_.table.Reserve();
+  WriteStreamAt(number, data);
+  return number;
+}
+
+/// The same under a number that was handed out before.
+void PdfWriter::WriteStreamAt(int number, std::string_view data) {
   std::string compressed;
   if (state_.compressed) {
     std::int32_t size = 0;
@@ -96,7 +104,8 @@ int PdfWriter::WriteStream(std::string_view data) {
                            compressed, kLevel);
     data = compressed;
   }
-  const int number = BeginObject();
+  objects_.table.SetOffset(number, Position());
+  lines_.Append(number, " 0 obj");
   lines_.Append("<<");
   lines_.Append("/Length ", data.size());
   if (state_.compressed) lines_.Append("/Filter /FlateDecode");
@@ -105,7 +114,52 @@ int PdfWriter::WriteStream(std::string_view data) {
   lines_.Append(data);
   lines_.Append("endstream");
   lines_.Append("endobj");
-  return number;
+}
+
+/// A content stream behind those of the page, written at the end: two numbers in a classic
+/// document, for the stream and its length.
+void PdfWriter::HoldPlace() {
+  const bool classic = state_.oddities.EachMarkIsAStream();
+  if (!classic) WritePageContent();
+  const int number = objects_.table.Reserve();
+  if (classic) objects_.table.Reserve();
+  objects_.held_places.push_back({number, objects_.state_saved});
+  objects_.contents.push_back(number);
+  objects_.state_saved = false;
+}
+
+void PdfWriter::BeginHeldPlace(std::size_t index) {
+  filled_place_ = &objects_.held_places.at(index);
+  if (!state_.oddities.EachMarkIsAStream()) {
+    page_.Reuse();
+    graphics_.Forget();  // the page's own marks stand before
+    graphics_.in_text = false;
+    return;
+  }
+  objects_.table.SetOffset(filled_place_->number, Position());
+  lines_.Append(filled_place_->number, " 0 obj");
+  lines_.Append("<<");
+  lines_.Append("/Length ", Reference{filled_place_->number + 1});
+  lines_.Append(">>");
+  lines_.Append("stream");
+  filled_from_ = Position();
+  if (filled_place_->state_saved) lines_.Append("Q");
+}
+
+void PdfWriter::EndHeldPlace() {
+  const int number = std::exchange(filled_place_, nullptr)->number;
+  if (!state_.oddities.EachMarkIsAStream()) {
+    EndText();
+    WriteStreamAt(number, page_.Text(joined_));
+    return;
+  }
+  const std::int64_t length = Position() - filled_from_;
+  lines_.Append("endstream");
+  lines_.Append("endobj");
+  objects_.table.SetOffset(number + 1, Position());
+  lines_.Append(number + 1, " 0 obj");
+  lines_.Append(length);
+  lines_.Append("endobj");
 }
 
 /// The marks of the page as one stream; none for a page without marks.

@@ -66,6 +66,14 @@ class PdfWriter final : public document::Writer {
   void PaintBackground() override;
   void AnnouncePage() override {}
   void EndPage() override;
+  void HoldPlace() override;
+  void BeginHeldPlace(std::size_t index) override;
+  void EndHeldPlace() override;
+
+  // navigation.cpp
+  void WriteBookmark(std::string_view text, int level, document::PagePoint place) override;
+  void SetAnchor(std::string_view name, document::PagePoint place) override;
+  [[nodiscard]] std::string MissingAnchor() const override;
 
   // shapes.cpp
   void DrawLine(document::PagePoint from, document::PagePoint to) override;
@@ -94,6 +102,24 @@ class PdfWriter final : public document::Writer {
   /// What a mark does with the graphics state of its stream, if it has one of its own.
   enum class MarkKind { Shape, Text, Image };
 
+  /// A content stream that is written when all pages are known.
+  struct HeldPlace {
+    int number = 0;
+    bool state_saved = false;  ///< a "q" of the page is open there
+  };
+
+  /// A place on a page, counted from 0.
+  struct Destination {
+    std::size_t page = 0;
+    document::PagePoint place;
+  };
+
+  struct Bookmark {
+    std::string text;
+    int level = 1;
+    Destination destination;
+  };
+
   /// Everything that counts objects.
   struct Objects {
     ObjectTable table;
@@ -109,6 +135,8 @@ class PdfWriter final : public document::Writer {
     std::vector<int> images;           // of the whole document
     std::vector<ImageKey> image_keys;  // likewise, of a conforming document
     bool state_saved = false;          // a "q" is open
+    std::vector<HeldPlace> held_places;
+    std::vector<Bookmark> bookmarks;
     std::array<bool, document::kFontResources> fonts_used{};
   };
 
@@ -122,6 +150,8 @@ class PdfWriter final : public document::Writer {
     std::size_t annotations = 0;
     std::size_t page_annotations = 0;
     std::size_t images = 0;
+    std::size_t held_places = 0;
+    std::size_t bookmarks = 0;
     bool state_saved = false;
     document::LineBuffer::Mark page;
     bool in_text = false;
@@ -136,7 +166,7 @@ class PdfWriter final : public document::Writer {
   void WriteInformation(const LocalTime& now);
   void WriteProperty(std::string_view key, const document::HostText& text);
   void WriteResources();
-  int WriteCatalog(int page_tree);
+  int WriteCatalog(int page_tree, int outlines);
   void WriteCrossReferences();
   void WriteTrailer(int catalog, std::int64_t cross_references);
   void WriteVersion();
@@ -150,8 +180,14 @@ class PdfWriter final : public document::Writer {
 
   // pages.cpp
   int WriteStream(std::string_view data);
+  void WriteStreamAt(int number, std::string_view data);
   void WritePageContent();
   int WritePageTree();
+
+  // navigation.cpp
+  [[nodiscard]] std::string DestinationText(const Destination& destination) const;
+  int WriteOutlines();
+  void WriteAnchors();
 
   // image.cpp
   std::size_t ImageOf(const layout::Picture& picture, EncodingConstants encoding);
@@ -219,6 +255,13 @@ class PdfWriter final : public document::Writer {
   GraphicsState graphics_;
   std::string joined_;  // the page's marks in one piece; kept for its storage
   std::string array_;   // the words of a line; likewise
+
+  // Named places, and the names that links lead to.
+  std::map<std::string, Destination, std::less<>> anchors_;
+  std::map<std::string, Destination, std::less<>> linked_names_;  // with the last link's own place
+
+  HeldPlace* filled_place_ = nullptr;  // the kept place that is being filled
+  std::int64_t filled_from_ = 0;       // where its stream begins, in a classic document
 
   Place mark_;
   document::LineBuffer marked_page_{document::LineEnd::Lf};  // a page that ended since the mark

@@ -151,6 +151,10 @@ void PdfWriter::WriteLink(std::string_view uri, PagePoint top_left, PagePoint bo
   lines_.Append("/Subtype /Link");
   if (state_.oddities.PropertiesAreUnescaped()) {
     lines_.Append("/A << /URI ", document::PastedString{uri}, " /S /URI >>");
+  } else if (uri.starts_with('#') && uri.size() > 1) {
+    uri.remove_prefix(1);
+    lines_.Append("/A << /D ", EscapedString{uri}, " /S /GoTo >>");
+    linked_names_.insert_or_assign(std::string(uri), Destination{objects_.pages.size(), top_left});
   } else {
     lines_.Append("/A << /URI ", UriString{uri}, " /S /URI >>");
   }

@@ -38,6 +38,7 @@ std::string DateText(const LocalTime& now) {
 
 void PsWriter::Mark() noexcept {
   mark_ = {.page_comments = page_comments_.size(),
+           .held_places = held_places_.size(),
            .fonts = fonts_.Here(),
            .language_level = language_level_,
            .graphics = graphics_};
@@ -45,6 +46,7 @@ void PsWriter::Mark() noexcept {
 
 void PsWriter::BackToMark() noexcept {
   page_comments_.resize(mark_.page_comments);
+  held_places_.resize(mark_.held_places);
   fonts_.RollBack(mark_.fonts);
   language_level_ = mark_.language_level;
   graphics_ = mark_.graphics;
@@ -54,6 +56,7 @@ void PsWriter::BackToMark() noexcept {
 
 void PsWriter::BeginDocument(const LocalTime& now) {
   page_comments_.clear();
+  held_places_.clear();
   fonts_.Clear();
   language_level_ = 2;
   graphics_ = {};
@@ -182,6 +185,28 @@ void PsWriter::EndPage() {
     graphics_.in_page = false;
   }
   lines_.Append("showpage");
+}
+
+/// A comment keeps the place of the lines to come.
+void PsWriter::HoldPlace() { held_places_.push_back(lines_.Append("%")); }
+
+/// The lines are written at the end of the file and then moved: nothing is known of what is in
+/// force at the place.
+void PsWriter::BeginHeldPlace(std::size_t index) {
+  filled_place_ = held_places_.at(index);
+  lines_.Here(filled_from_);
+  graphics_.color = {};
+  graphics_.fill_color = {};
+  graphics_.font = -1;
+  graphics_.thickness = 0;
+}
+
+void PsWriter::EndHeldPlace() {
+  std::string text = lines_.TextSince(filled_from_);
+  lines_.RollBack(filled_from_);
+  if (text.empty()) return;
+  text.resize(text.find_last_not_of("\r\n") + 1);
+  lines_.Replace(filled_place_, std::move(text));
 }
 
 document::RefusalNote PsWriter::EndDocument() {

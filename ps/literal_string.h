@@ -41,10 +41,14 @@ class EscapedString {
     return to;
   }
 
-  /// The longest line of a string that is not plain.
-  static constexpr std::size_t kLongestLine = 200;
+  /// Its longest line has at most so many bytes.
+  [[nodiscard]] std::size_t LongestLine() const noexcept {
+    return plain_ ? bytes_.size() + 2 : kLongestLine;
+  }
 
  private:
+  static constexpr std::size_t kLongestLine = 200;
+
   static bool IsPlain(std::string_view rest) noexcept {
     if (rest.size() > kLongestLine - 2) return false;
     for (; rest.size() >= 8; rest.remove_prefix(8)) {

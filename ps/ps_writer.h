@@ -65,6 +65,9 @@ class PsWriter final : public document::Writer {
   void PaintBackground() override;
   void AnnouncePage() override;
   void EndPage() override;
+  void HoldPlace() override;
+  void BeginHeldPlace(std::size_t index) override;
+  void EndHeldPlace() override;
   document::RefusalNote EndDocument() override;
 
   // shapes.cpp
@@ -128,8 +131,6 @@ class PsWriter final : public document::Writer {
   // text.cpp
   [[nodiscard]] bool HasFont(int resource) const;
   void SetFont(int resource);
-  void BreakWords(std::size_t size);
-  void ShowLine(document::PagePoint baseline);
 
   // image.cpp
   void WriteColorSpace(const layout::Picture& picture);
@@ -141,15 +142,19 @@ class PsWriter final : public document::Writer {
   LatePlaces late_;
   Turn turn_;
   std::vector<std::size_t> page_comments_;  // line of each "%%Page:"
+  std::vector<std::size_t> held_places_;    // line of each kept place
+  std::size_t filled_place_ = 0;            // line of the one being filled, at `filled_from_`
+  document::LineBuffer::Mark filled_from_;
   UsedFonts fonts_;
   int language_level_ = 2;
   GraphicsState graphics_;
   std::string dash_;   // in force, as the host set it; empty for a solid line
-  std::string words_;  // of a justified line; kept for its storage
+  std::string words_;  // room for those of a justified line
 
   // What it was at the last Mark.
   struct Place {
     std::size_t page_comments = 0;
+    std::size_t held_places = 0;
     std::size_t fonts = 0;
     int language_level = 2;
     GraphicsState graphics;

@@ -11,7 +11,9 @@
 //     72 700 moveto
 //     (text) show                    a line of moved words
 //     closepath                      {72(moved )103(words)}700 J
+#include <charconv>
 #include <string>
+#include <utility>
 
 #include "document/font_resource.h"
 #include "document/pasted_string.h"
@@ -27,12 +29,53 @@ using layout::EncodedRun;
 
 namespace {
 
-void AppendTo(std::string& text, const EscapedString& string) {
-  const std::size_t size = text.size();
-  text.resize(size + string.MaxSize());
-  const char* const end = string.Write(text.data() + size);
-  text.resize(static_cast<std::size_t>(end - text.data()));
-}
+/// The words of a justified line as the operand of J, put together in a buffer that is kept.
+class PlacedList {
+ public:
+  /// Goes on where the text before ended if it has no `place` of its own.
+  void Add(const EscapedString& text, const layout::Points* place, std::string& buffer) {
+    if (buffer.size() < used_ + text.MaxSize() + kMostAround) {
+      buffer.resize(2 * (used_ + text.MaxSize() + kMostAround));
+    }
+    char* to = buffer.data() + used_;
+    if (used_ == 0) *to++ = '{';
+    if (Column(to, buffer) + kPlace + text.LongestLine() > kLongestLine) {
+      *to++ = '\n';
+      line_ = static_cast<std::size_t>(to - buffer.data());
+    }
+    if (place != nullptr) to = std::to_chars(to, to + kPlace, place->value()).ptr;
+    const char* const start = to;
+    to = text.Write(to);
+    used_ = static_cast<std::size_t>(to - buffer.data());
+    if (!text.Plain()) CountLines({start, static_cast<std::size_t>(to - start)});
+  }
+
+  /// What was added since the last call; empty if nothing was.
+  [[nodiscard]] std::string_view Taken(std::string& buffer) {
+    if (used_ == 0) return {};
+    buffer[used_] = '}';
+    line_ = 0;
+    return {buffer.data(), std::exchange(used_, 0) + 1};
+  }
+
+ private:
+  static constexpr std::size_t kPlace = 6;
+  static constexpr std::size_t kLongestLine = 240;  // leaves room for what ends the words
+  static constexpr std::size_t kMostAround = kPlace + 3;
+
+  [[nodiscard]] std::size_t Column(const char* to, const std::string& buffer) const {
+    return static_cast<std::size_t>(to - buffer.data()) - line_;
+  }
+
+  /// A long string has lines itself.
+  void CountLines(std::string_view text) {
+    const std::size_t last = text.rfind('\n');
+    if (last != std::string_view::npos) line_ = used_ - (text.size() - last - 1);
+  }
+
+  std::size_t used_ = 0;
+  std::size_t line_ = 0;  // where the last line of the file begins
+};
 
 }  // namespace
 
@@ -80,39 +123,27 @@ void PsWriter::SetFont(int resource) {
 /// where the one before it ended.
 void PsWriter::ShowWords(std::span<const document::PlacedWord> words, PagePoint baseline) {
   SetColor(state_.color);
-  words_.clear();
+  PlacedList list;
+  const auto show = [&] {
+    const std::string_view placed = list.Taken(words_);
+    if (!placed.empty()) lines_.Append(placed, baseline.y, " J");
+  };
   for (const document::PlacedWord& word : words) {
-    bool first = true;
+    const layout::Points x = baseline.x + word.x;
+    const layout::Points* place = &x;
     for (const EncodedRun& run : word.runs) {
       const int resource = FontResource(state_.font, run.encoding);
       if (!HasFont(resource)) {
-        ShowLine(baseline);
+        show();
         SetFont(resource);
       }
-      if (words_.empty()) words_ = '{';
       const EscapedString text(run.bytes);
       if (!text.Plain()) fonts_.AddCodes(resource, run.bytes);
-      BreakWords(text.Plain() ? run.bytes.size() + 2 : EscapedString::kLongestLine);
-      if (first) words_ += std::to_string((baseline.x + word.x).value());
-      AppendTo(words_, text);
-      first = false;
+      list.Add(text, place, words_);
+      place = nullptr;
     }
   }
-  ShowLine(baseline);
-}
-
-/// Begins a new line of the file if a place and `size` bytes more would make one too long.
-void PsWriter::BreakWords(std::size_t size) {
-  constexpr std::size_t kPlace = 6;
-  constexpr std::size_t kLongestLine = 240;  // leaves room for what ends the words
-  const std::size_t last = words_.rfind('\n');
-  const std::size_t column = last == std::string::npos ? words_.size() : words_.size() - last - 1;
-  if (column + kPlace + size > kLongestLine) words_ += '\n';
-}
-
-void PsWriter::ShowLine(PagePoint baseline) {
-  if (!words_.empty()) lines_.Append(words_, '}', baseline.y, " J");
-  words_.clear();
+  show();
 }
 
 }  // namespace vellumark::ps

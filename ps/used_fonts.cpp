@@ -6,7 +6,6 @@
 namespace vellumark::ps {
 namespace {
 
-using document::kFontResources;
 using layout::TextEncoding;
 
 constexpr std::size_t kFonts = layout::kFontNames.size();

@@ -122,6 +122,7 @@ py::object ToPython(const Value& value, const ValueType& type) {
       return decoded;
     }
     case Type::Enumeration: {
+      if (type.enumeration == nullptr) return py::int_(std::get<std::int32_t>(value));
       // A call of the class would run Python code; see interpreter_end.h.
       const py::dict members = EnumerationClass(*type.enumeration).attr("_value2member_map_");
       py::int_ number(std::get<std::int32_t>(value));

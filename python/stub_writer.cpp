@@ -49,9 +49,7 @@ def render(document_class: type[PS], function: Callable[[PS], object]) -> bytes:
 class RunTimeError(RuntimeError):
 )";
 
-constexpr std::string_view kBlock = R"(
-    def __init__(self) -> None: ...
-    def __enter__(self) -> Self: ...
+constexpr std::string_view kBlock = R"(    def __enter__(self) -> Self: ...
     def __exit__(
         self,
         error_class: type[BaseException] | None,
@@ -71,6 +69,7 @@ std::string TypeName(const ValueType& type) {
     case Type::Single: return "float";
     case Type::String: return "str";
     case Type::Enumeration: {
+      if (type.enumeration == nullptr) return "int";
       std::string name(type.enumeration->name);
       return name += " | int";
     }
@@ -167,12 +166,27 @@ void AppendProperty(std::string& stub, const Member& member) {
   stub += ") -> None: ...\n";
 }
 
+/// The constructor takes every property that can be set, by keyword.
+void AppendConstructor(std::string& stub, const ClassInfo& info) {
+  stub += "\n    def __init__(\n        self,\n        *,\n";
+  for (const Member* member : automation::ClassMembers(*info.members)) {
+    if (!member->property || member->let == nullptr) continue;
+    stub += "        ";
+    stub += member->name;
+    stub += ": ";
+    stub += TypeName(member->result);
+    stub += " = ...,\n";
+  }
+  stub += "    ) -> None:\n        \"\"\"Sets these properties of the new document.\"\"\"\n";
+}
+
 void AppendClass(std::string& stub, const ClassInfo& info) {
   stub += "\nclass ";
   stub += info.name;
   stub += ":\n";
   AppendDocstring(stub, info.help, "    ");
   if (!info.members) return;
+  AppendConstructor(stub, info);
   stub += kBlock;
   for (const Member* member : automation::ClassMembers(*info.members)) {
     if (member->property) {

@@ -119,6 +119,28 @@ class PdfTest : public DocumentTest<PDF> {
   }
 };
 
+class ConformingPdfTest : public PdfTest {
+ protected:
+  ConformingPdfTest() {
+    doc.Conforming(true);
+    doc.Compressed(false);
+  }
+
+  /// Operators of the flushed file's last page, up to its footer.
+  Lines Marks() {
+    const Lines lines = FlushedLines();
+    const auto footer = std::find_if(lines.rbegin(), lines.rend(), [](const std::string& line) {
+      return line.find("(Copyright ") != std::string::npos;
+    });
+    const auto stream = std::find(footer, lines.rend(), "stream");
+    Lines marks(stream.base(), footer.base() - 1);
+    for (const std::string_view of_footer : {"/F8 10 Tf", "0 g", "BT"}) {
+      if (!marks.empty() && marks.back() == of_footer) marks.pop_back();
+    }
+    return marks;
+  }
+};
+
 class PsTest : public DocumentTest<PS> {
  protected:
   /// Lines of the flushed file between the last page comment and the footer.

@@ -13,9 +13,8 @@ namespace vellumark::tools {
 struct BlockSetting {
   PageWriter& pages;
   TextFlow& flow;
-  GlyphMeasure& measure;
+  TextMeasure& measure;
   const TextStyle& style;
-  MissingCharacter missing;  ///< called once for each character that the fonts lack
 };
 
 }  // namespace vellumark::tools

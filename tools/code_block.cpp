@@ -7,72 +7,87 @@
 #include <utility>
 #include <vector>
 
+#include "tools/shown_text.h"
 #include "tools/utf8_text.h"
 
 namespace vellumark::tools {
 namespace {
 
 constexpr std::size_t kTabStop = 4;
-constexpr int kContinuationColumns = 2;  // the indent of the rest of a broken line
+constexpr std::size_t kContinuationColumns = 2;  // the indent of the rest of a broken line
 constexpr std::size_t kLinesTogether = 2;
 
-/// Breaks the last row, at its last blank if that is in the last third of the row.
-void BreakRow(std::vector<GlyphRun>& rows) {
-  GlyphRun row = std::move(rows.back());
-  const std::size_t size = row.codes.size();
-  const std::size_t blank = row.codes.rfind(' ');
-  const bool late = blank != std::string::npos && blank + 1 > size * 2 / 3 && blank + 1 < size;
-  const std::size_t end = late ? blank + 1 : size;
-  GlyphRun continuation;
-  continuation.codes.assign(kContinuationColumns, ' ');
-  continuation.Append(row.Part(end, std::string::npos));
-  rows.back() = row.Part(0, end);
-  rows.push_back(std::move(continuation));
-}
+struct Row {
+  std::string text;
+  std::size_t columns = 0;
 
-bool IsEmpty(const GlyphRun& row) { return row.codes.find_first_not_of(' ') == std::string::npos; }
+  [[nodiscard]] bool IsEmpty() const { return text.find_first_not_of(' ') == std::string::npos; }
+};
 
 class RowMaker {
  public:
-  RowMaker(std::size_t columns, SourcePosition position, const MissingCharacter& missing)
-      : columns_(columns), missing_(missing) {
-    line_.code = true;
-    line_.position = position;
+  RowMaker(TextMeasure& measure, const Face& face, int width)
+      : measure_(measure), face_(face), blank_(measure.Width(face, " ")) {
+    columns_ = std::max<std::size_t>(
+        static_cast<std::size_t>(std::int64_t{std::max(width, 0)} * 1000 / blank_), 1);
   }
 
-  /// The lines as glyphs, broken at `columns`, without empty lines at the end.
-  std::vector<GlyphRun> Make(std::string_view text) {
+  /// The lines, broken where they are too wide, without empty lines at the end.
+  std::vector<Row> Make(std::string_view text) {
     while (!text.empty()) {
       const std::size_t end = std::min(text.find('\n'), text.size());
       AddLine(text.substr(0, end));
       text.remove_prefix(std::min(end + 1, text.size()));
     }
-    while (!rows_.empty() && IsEmpty(rows_.back())) rows_.pop_back();
+    while (!rows_.empty() && rows_.back().IsEmpty()) rows_.pop_back();
     return std::move(rows_);
   }
 
  private:
   void AddLine(std::string_view text) {
     rows_.emplace_back();
-    line_.text = text;
     std::size_t column = 0;
     for (std::size_t at = 0; at < text.size();) {
-      const std::size_t index = at;
-      const char32_t character = NextCharacter(text, at);
-      const std::size_t count = character == '\t' ? kTabStop - column % kTabStop : 1;
-      for (std::size_t i = 0; i < count; ++i) {
-        if (rows_.back().codes.size() >= columns_) BreakRow(rows_);
-        if (!AppendCharacter(character, rows_.back())) missing_(line_, index, character);
+      const std::size_t start = at;
+      SkipMarkedCharacter(text, at);
+      std::string shown;
+      if (text[start] == '\t') {
+        shown.assign(kTabStop - column % kTabStop, ' ');
+      } else {
+        for (std::size_t part = start; part < at;) AppendShown(NextCharacter(text, part), shown);
       }
-      column += count;
+      const std::size_t columns = ColumnsOf(shown);
+      if (rows_.back().columns + columns > columns_) BreakRow();
+      rows_.back().text += shown;
+      rows_.back().columns += columns;
+      column += columns;
     }
-    line_.position = {line_.position.line + 1, 1};
   }
 
-  std::size_t columns_;
-  const MissingCharacter& missing_;
-  Span line_;  // that is read
-  std::vector<GlyphRun> rows_;
+  /// Breaks the last row, at its last blank if that is in the last third of the row.
+  void BreakRow() {
+    Row& row = rows_.back();
+    const std::size_t size = row.text.size();
+    const std::size_t blank = row.text.rfind(' ');
+    const bool late = blank != std::string::npos && blank + 1 > size * 2 / 3 && blank + 1 < size;
+    Row rest{std::string(kContinuationColumns, ' '), 0};
+    if (late) {
+      rest.text += row.text.substr(blank + 1);
+      row.text.resize(blank + 1);
+    }
+    rest.columns = ColumnsOf(rest.text);
+    rows_.push_back(std::move(rest));
+  }
+
+  [[nodiscard]] std::size_t ColumnsOf(const std::string& text) {
+    return static_cast<std::size_t>((measure_.Width(face_, text) + blank_ - 1) / blank_);
+  }
+
+  TextMeasure& measure_;
+  Face face_;
+  std::int64_t blank_;
+  std::size_t columns_ = 1;
+  std::vector<Row> rows_;
 };
 
 /// How many of `left` rows go on a page with room for `room` of them; 0 if none.
@@ -85,7 +100,7 @@ std::size_t RowsOnPage(std::size_t left, std::size_t room) {
 
 }  // namespace
 
-void SetCode(std::string_view text, SourcePosition position, const BlockSetting& setting) {
+void SetCode(std::string_view text, const BlockSetting& setting) {
   PageWriter& pages = setting.pages;
   TextFlow& flow = setting.flow;
   const int size = CodeSize(setting.style.size);
@@ -94,10 +109,7 @@ void SetCode(std::string_view text, SourcePosition position, const BlockSetting&
   const Face face{FontNumberConstants::Courier, FontStyleConstants::Regular,
                   static_cast<std::uint8_t>(size)};
   const int x = flow.left() + padding;
-  const std::int64_t room = std::int64_t{flow.width() - 2 * padding} * 1000;
-  const auto columns = static_cast<std::size_t>(room / setting.measure.Width(face, " "));
-  std::vector<GlyphRun> rows =
-      RowMaker(std::max<std::size_t>(columns, 1), position, setting.missing).Make(text);
+  std::vector<Row> rows = RowMaker(setting.measure, face, flow.width() - 2 * padding).Make(text);
   if (rows.empty()) rows.emplace_back();
   flow.BeginBlock(ParagraphSpace(setting.style.size));
   for (std::size_t done = 0; done < rows.size();) {
@@ -114,7 +126,9 @@ void SetCode(std::string_view text, SourcePosition position, const BlockSetting&
     pages.Advance(padding);
     for (std::size_t end = done + count; done < end; ++done) {
       if (done == 0) flow.WriteMarker();
-      if (!IsEmpty(rows[done])) pages.WriteLine({{{0, face, rows[done], 0, false}}}, {}, x, size);
+      if (!rows[done].IsEmpty()) {
+        pages.WriteLine({{{0, face, rows[done].text, 0, false}}}, {}, x, size);
+      }
       pages.Advance(pitch);
     }
     pages.Advance(padding);

@@ -12,7 +12,6 @@
 
 namespace vellumark::tools {
 
-/// `position` is where the text begins in the input.
-void SetCode(std::string_view text, SourcePosition position, const BlockSetting& setting);
+void SetCode(std::string_view text, const BlockSetting& setting);
 
 }  // namespace vellumark::tools

@@ -7,12 +7,15 @@
 #include <ostream>
 #include <utility>
 
+#include "tools/classic/classic_output.h"
+#include "tools/lost_characters.h"
 #include "tools/notes.h"
 #include "tools/pdf_output.h"
 #include "tools/picture_platform.h"
 #include "tools/progress_line.h"
 #include "tools/ps_output.h"
 #include "tools/typesetter.h"
+#include "tools/utf8_text.h"
 
 namespace vellumark::tools {
 namespace {
@@ -33,10 +36,34 @@ std::filesystem::path PictureFolder(const Options& options) {
   return std::filesystem::path(options.input).parent_path();
 }
 
-std::unique_ptr<OutputFormat> MakeOutput(Format format, std::shared_ptr<Platform> platform) {
-  if (format == Format::Ps) return std::make_unique<PsOutput>(std::move(platform));
-  return std::make_unique<PdfOutput>(std::move(platform));
-}
+/// Conforming or classic documents, and how texts are measured for them.
+class Outputs {
+ public:
+  explicit Outputs(const Options& options) : format_(options.format) {
+    if (options.classic) {
+      classic_ = std::make_unique<CodeMeasure>();
+    } else {
+      conforming_ = std::make_unique<LibraryMeasure>();
+    }
+  }
+
+  [[nodiscard]] TextMeasure& measure() const {
+    return classic_ ? static_cast<TextMeasure&>(*classic_) : *conforming_;
+  }
+
+  [[nodiscard]] std::unique_ptr<OutputFormat> Make(std::shared_ptr<Platform> platform) const {
+    const bool ps = format_ == Format::Ps;
+    if (classic_ && ps) return std::make_unique<ClassicPs>(std::move(platform), *classic_);
+    if (classic_) return std::make_unique<ClassicPdf>(std::move(platform), *classic_);
+    if (ps) return std::make_unique<PsOutput>(std::move(platform));
+    return std::make_unique<PdfOutput>(std::move(platform));
+  }
+
+ private:
+  Format format_;
+  std::unique_ptr<CodeMeasure> classic_;
+  std::unique_ptr<LibraryMeasure> conforming_;
+};
 
 class Conversion {
  public:
@@ -44,6 +71,7 @@ class Conversion {
       : text_(text),
         tree_(text),
         options_(options),
+        outputs_(options),
         progress_(static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'))) {
     if (!options.title_given) options_.properties.title = FirstTitle(tree_);
   }
@@ -77,20 +105,29 @@ class Conversion {
 
   std::string Attempt(const TextStyle& style) {
     auto platform = std::make_shared<PicturePlatform>(PictureFolder(options_));
-    const std::unique_ptr<OutputFormat> output = MakeOutput(options_.format, platform);
+    const std::unique_ptr<OutputFormat> output = outputs_.Make(platform);
     Document& document = output->document();
     output->SetProperties(options_.properties);
     document.PaperSize(options_.paper);
     document.Orientation(options_.orientation);
     if (!document.Create(kFile)) throw Failure(document.LastRefusal().sentence);
     result_ = {};
-    Typesetter(*output, measure_, *platform, style)
+    Typesetter(*output, outputs_.measure(), *platform, style)
         .Typeset(tree_, result_,
                  [this](int pages, std::size_t line) { progress_.Show(pages, line); });
     document.Flush();
+    NoteLostCharacters(output->LostCharacters());
     const Refusal refusal = document.LastRefusal();
     if (refusal.reason != RefusalReason::None) throw Failure(refusal.sentence);
     return platform->TakeFile(kFile);
+  }
+
+  void NoteLostCharacters(std::string lost) {
+    result_.lost_characters = std::move(lost);
+    if (result_.lost_characters.empty()) return;
+    std::size_t at = 0;
+    const char32_t first = NextCharacter(result_.lost_characters, at);
+    result_.first_lost = PlaceOfCharacter(first, tree_.root(), text_);
   }
 
   [[noreturn]] void FailTooLong() const {
@@ -102,8 +139,8 @@ class Conversion {
   std::string_view text_;
   MarkdownTree tree_;
   Options options_;
+  Outputs outputs_;
   ProgressLine progress_;
-  GlyphMeasure measure_;
   TypesetResult result_;
 };
 

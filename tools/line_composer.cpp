@@ -5,6 +5,8 @@
 #include <iterator>
 #include <utility>
 
+#include "tools/utf8_text.h"
+
 namespace vellumark::tools {
 namespace {
 
@@ -13,7 +15,7 @@ constexpr int kWidestGap = 1;  // in ems, the most that is added to a blank of a
 void AppendRuns(const Word& word, int x, Line& line) {
   std::int64_t offset = 0;
   for (const Piece& piece : word.pieces) {
-    line.runs.push_back({x + ToPoints(offset), piece.face, piece.glyphs, piece.link, piece.struck});
+    line.runs.push_back({x + ToPoints(offset), piece.face, piece.text, piece.link, piece.struck});
     offset += piece.width;
   }
 }
@@ -99,12 +101,12 @@ Word LineComposer::BreakOff(Word& word) const {
   word.width -= head.width;
   if (word.pieces.empty()) return head;
   Piece& rest = word.pieces.back();
-  std::size_t count = FittingGlyphs(rest, room - head.width);
-  if (count == 0 && head.pieces.empty()) count = 1;
+  std::size_t count = FittingBytes(rest, room - head.width);
+  if (count == 0 && head.pieces.empty()) SkipMarkedCharacter(rest.text, count);
   if (count == 0) return head;
-  Piece taken{rest.face, rest.glyphs.Part(0, count), rest.link, rest.struck, 0};
-  taken.width = measure_.Width(taken.face, taken.glyphs.codes);
-  rest.glyphs = rest.glyphs.Part(count, std::string::npos);
+  Piece taken{rest.face, rest.text.substr(0, count), rest.link, rest.struck, 0};
+  taken.width = measure_.Width(taken.face, taken.text);
+  rest.text.erase(0, count);
   rest.width -= taken.width;
   word.width -= taken.width;
   head.width += taken.width;
@@ -112,17 +114,20 @@ Word LineComposer::BreakOff(Word& word) const {
   return head;
 }
 
-/// How many glyphs fit. If a slash or another joint of an address is in the second half of them,
-/// the break is behind the last such joint.
-std::size_t LineComposer::FittingGlyphs(const Piece& piece, std::int64_t room) const {
-  const std::string& codes = piece.glyphs.codes;
+/// The bytes of as many characters as fit. If a slash or another joint of an address is in the
+/// second half of them, the break is behind the last such joint.
+std::size_t LineComposer::FittingBytes(const Piece& piece, std::int64_t room) const {
+  const std::string_view text = piece.text;
   std::size_t count = 0;
-  for (std::int64_t used = 0; count < codes.size(); ++count) {
-    used += measure_.Width(piece.face, std::string_view(codes).substr(count, 1));
+  for (std::int64_t used = 0; count < text.size();) {
+    std::size_t end = count;
+    SkipMarkedCharacter(text, end);
+    used += measure_.Width(piece.face, text.substr(count, end - count));
     if (used > room) break;
+    count = end;
   }
-  if (count == codes.size() || count == 0) return count;
-  const std::size_t joint = codes.find_last_of("/-_.?&=\\", count - 1);
+  if (count == text.size() || count == 0) return count;
+  const std::size_t joint = text.find_last_of("/-_.?&=\\", count - 1);
   return joint != std::string::npos && joint + 1 > count / 2 ? joint + 1 : count;
 }
 
@@ -149,10 +154,10 @@ Line LineComposer::Natural() const {
       Run* const last = line.runs.empty() ? nullptr : &line.runs.back();
       if (last != nullptr && last->face == piece.face && last->link == piece.link &&
           last->struck == piece.struck) {
-        if (before != nullptr && &piece == &word.pieces.front()) last->glyphs.codes += ' ';
-        last->glyphs.Append(piece.glyphs);
+        if (before != nullptr && &piece == &word.pieces.front()) last->text += ' ';
+        last->text += piece.text;
       } else {
-        line.runs.push_back({ToPoints(offset), piece.face, piece.glyphs, piece.link, piece.struck});
+        line.runs.push_back({ToPoints(offset), piece.face, piece.text, piece.link, piece.struck});
       }
       offset += piece.width;
     }

@@ -15,6 +15,7 @@
 // by exact measure nor by that of the library, which rounds every run.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "tools/words.h"
@@ -24,7 +25,7 @@ namespace vellumark::tools {
 struct Run {
   int x = 0;
   Face face;
-  GlyphRun glyphs;
+  std::string text;  ///< UTF-8
   std::size_t link = 0;
   bool struck = false;
 };
@@ -35,8 +36,8 @@ struct Line {
 
 class LineComposer {
  public:
-  /// `width` is in points, and must be enough for any single glyph.
-  LineComposer(GlyphMeasure& measure, int width, bool justify)
+  /// `width` is in points, and must be enough for any single character.
+  LineComposer(TextMeasure& measure, int width, bool justify)
       : measure_(measure), width_(width), justify_(justify) {}
 
   [[nodiscard]] std::vector<Line> Compose(std::vector<Word> words);
@@ -56,14 +57,14 @@ class LineComposer {
   [[nodiscard]] std::int64_t Gap(const Word& before, const Word& behind) const;
   [[nodiscard]] bool Takes(const Word& word) const;
   [[nodiscard]] Word BreakOff(Word& word) const;
-  [[nodiscard]] std::size_t FittingGlyphs(const Piece& piece, std::int64_t room) const;
+  [[nodiscard]] std::size_t FittingBytes(const Piece& piece, std::int64_t room) const;
   void Add(Word word);
   void AddBroken(Word word);
   void EndLine(bool may_justify);
   [[nodiscard]] Line Natural() const;
   [[nodiscard]] Line Justified() const;
 
-  GlyphMeasure& measure_;
+  TextMeasure& measure_;
   int width_;
   bool justify_;
   Draft draft_;

@@ -7,10 +7,12 @@
 #include <ostream>
 #include <string>
 
+#include "tools/utf8_text.h"
+
 namespace vellumark::tools {
 namespace {
 
-std::string Utf8Name(char32_t character) {
+std::string UnicodeName(char32_t character) {
   std::array<char, 12> text{};
   const int size =
       std::snprintf(text.data(), text.size(), "U+%04X", static_cast<unsigned>(character));
@@ -44,12 +46,7 @@ class Notes {
       : result_(result), source_(text), stream_(stream) {}
 
   void Write() {
-    if (result_.missing > 0) {
-      const bool one = result_.missing == 1;
-      Line(Count(result_.missing, "character is", "characters are") + " not in the fonts and " +
-           (one ? "was" : "were") + " set as \"?\"; first: " + Utf8Name(result_.first_missing) +
-           " at " + PlaceText(source_.PlaceOf(result_.missing_position, result_.first_missing)));
-    }
+    WriteLostCharacters();
     if (result_.omitted.count > 0) {
       Line(Count(result_.omitted.count, "HTML tag was", "HTML tags were") +
            " left out, and the text inside was kept; first: <" + Shown(result_.omitted.first) +
@@ -66,6 +63,22 @@ class Notes {
   }
 
  private:
+  void WriteLostCharacters() {
+    constexpr std::size_t kMostNamed = 8;
+    const std::string& lost = result_.lost_characters;
+    if (lost.empty()) return;
+    const std::size_t count = CountCharacters(lost);
+    std::string text = "\"?\" stands for " + Count(count, "character that", "characters that") +
+                       " the fonts lack:";
+    std::size_t at = 0;
+    for (std::size_t i = 0; i < std::min(count, kMostNamed); ++i) {
+      text += ' ' + UnicodeName(NextCharacter(lost, at));
+    }
+    if (count > kMostNamed) text += " and " + std::to_string(count - kMostNamed) + " others";
+    if (result_.first_lost) text += "; the first is at " + PlaceText(*result_.first_lost);
+    Line(text);
+  }
+
   void Line(const std::string& text) { stream_ << "vellumark: " << text << '\n'; }
 
   const TypesetResult& result_;

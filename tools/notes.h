@@ -2,8 +2,9 @@
 //
 // WriteNotes: one line for everything of a text that the document does not show as it should.
 //
-//     vellumark: 3 characters are not in the fonts and were set as "?"; first: U+65E5 at line 3,
-//     ... vellumark: picture logo.png at line 7, column 1: not a BMP, GIF, JPG or PNG file
+//     vellumark: "?" stands for 1 character that the fonts lack: U+65E5; the first is at line 3,
+//     column 5
+//     vellumark: picture logo.png at line 7, column 1: not a BMP, GIF, JPG or PNG file
 #pragma once
 
 #include <iosfwd>

@@ -39,7 +39,8 @@ constexpr std::array<Named<Format>, 2> kFormats = {{
     {"ps", Format::Ps},
 }};
 
-constexpr std::array<Named<EncodingConstants>, 4> kEncodings = {{
+constexpr std::array<Named<EncodingConstants>, 5> kEncodings = {{
+    {"original", EncodingConstants::Original},
     {"ascii85", EncodingConstants::ASCII85},
     {"hex", EncodingConstants::ASCIIHex},
     {"runlength", EncodingConstants::RunLength},

@@ -21,7 +21,7 @@ inline constexpr std::string_view kPaperNames =
     "a3, a4, a5, executive, folio, ledger, legal, letter, tabloid";
 inline constexpr std::string_view kOrientationNames = "portrait, landscape";
 inline constexpr std::string_view kFormatNames = "pdf, ps";
-inline constexpr std::string_view kEncodingNames = "ascii85, hex, runlength, flate";
+inline constexpr std::string_view kEncodingNames = "original, ascii85, hex, runlength, flate";
 inline constexpr std::string_view kFontNames = "courier, helvetica, times";
 inline constexpr std::string_view kColorNames =
     "white, ivory, beige, cream, linen, snow, silver, lightgray, lightyellow, lightblue, "

@@ -28,7 +28,7 @@ struct RawOptions {
   std::string font = "times";
   std::string size = "11";
   std::string page_color = "white";
-  std::string encoding = "ascii85";
+  std::string encoding;
   std::string format;
 };
 
@@ -69,7 +69,14 @@ void AddLayoutOptions(CLI::App& app, RawOptions& raw, Options& options) {
       "COLOR");
   add("--font", raw.font, OneOf("Font of text and titles", kFontNames), "NAME");
   add("--size", raw.size, "Size of the text in points, 8 to 72", "POINTS");
-  add("--encoding", raw.encoding, OneOf("Picture encoding", kEncodingNames), "NAME");
+  app.add_option("--encoding", raw.encoding,
+                 Wrapped(OneOf("Picture encoding", kEncodingNames) +
+                         " [default: original, which keeps a JPG file as it is; with --classic "
+                         "ascii85]"))
+      ->type_name("NAME");
+  app.add_flag("--classic", options.classic,
+               Wrapped("Write a classic document, whose bytes never change, instead of one that "
+                       "every reader accepts"));
   bool& justify = options.style.justify;
   app.add_flag_callback(
       "--justify", [&justify] { justify = true; },
@@ -100,6 +107,16 @@ Value Taken(const std::optional<Value>& value, const std::string& option, const 
   throw Failure(option + ": \"" + typed + "\" is not one of: " + std::string(expected));
 }
 
+void TakeEncoding(const RawOptions& raw, Options& options) {
+  EncodingConstants& encoding = options.style.encoding;
+  encoding = options.classic ? EncodingConstants::ASCII85 : EncodingConstants::Original;
+  if (raw.encoding.empty()) return;
+  encoding = Taken(ParseEncoding(raw.encoding), "--encoding", raw.encoding, kEncodingNames);
+  if (options.classic && encoding == EncodingConstants::Original) {
+    throw Failure("--encoding: a classic document takes no original files; leave --classic out");
+  }
+}
+
 void TakeValues(const RawOptions& raw, Options& options) {
   options.paper = Taken(ParsePaper(raw.paper), "--paper", raw.paper, kPaperNames);
   options.orientation =
@@ -108,7 +125,7 @@ void TakeValues(const RawOptions& raw, Options& options) {
   style.font = Taken(ParseFont(raw.font), "--font", raw.font, kFontNames);
   style.page.page_color = Taken(ParseColor(raw.page_color), "--page-color", raw.page_color,
                                 OneOf("#rrggbb", kColorNames));
-  style.encoding = Taken(ParseEncoding(raw.encoding), "--encoding", raw.encoding, kEncodingNames);
+  TakeEncoding(raw, options);
   const auto margins = ParseMargins(raw.margins);
   if (!margins) {
     throw Failure("--margins: \"" + raw.margins +

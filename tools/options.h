@@ -18,8 +18,9 @@ namespace vellumark::tools {
 
 struct Options {
   Format format = Format::Pdf;
-  std::string input;   ///< a file name, or "-" for standard input
-  std::string output;  ///< a file name, or "-" for standard output
+  bool classic = false;  ///< otherwise conforming
+  std::string input;     ///< a file name, or "-" for standard input
+  std::string output;    ///< a file name, or "-" for standard output
   PaperSizeConstants paper = PaperSizeConstants::A4;
   OrientationConstants orientation = OrientationConstants::Portrait;
   TextStyle style;

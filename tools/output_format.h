@@ -3,9 +3,9 @@
 // OutputFormat: a document of one format, as the typesetter sees it.
 //
 // The typesetter uses document() for everything that all formats do alike: pages, positions, fonts,
-// lines. This interface is for what differs: how a text is escaped, whether texts and pictures can
-// have links, and which properties there are. Each format has a class that derives from it, such as
-// PdfOutput.
+// lines. This interface is for what differs: whether texts and pictures can have links, and which
+// properties there are. PdfOutput and PsOutput write conforming documents, to which all text goes
+// as it is; for classic ones see tools/classic/classic_output.h.
 #pragma once
 
 #include <string>
@@ -17,7 +17,7 @@ namespace vellumark::tools {
 
 enum class Format { Pdf, Ps };
 
-/// In UTF-8, not escaped. A format ignores those that it does not have.
+/// In UTF-8. A format ignores those that it does not have.
 struct Properties {
   std::string title;
   std::string author;
@@ -41,20 +41,20 @@ class OutputFormat {
   /// Before Create.
   virtual void SetProperties(const Properties& properties) = 0;
 
-  /// Writes a run of glyph codes (tools/glyph_codes.h) at the current position. `link` is an
-  /// address in UTF-8, or empty; a format without links ignores it.
-  [[nodiscard]] virtual bool WriteText(std::string_view codes, std::string_view link) = 0;
+  /// Writes a text at the current position, in the current font. `link` is an address in UTF-8, or
+  /// empty; a format without links ignores it.
+  [[nodiscard]] virtual bool WriteText(std::string_view text, std::string_view link) = 0;
 
   /// Writes it behind a bullet.
-  [[nodiscard]] virtual bool WriteTitle(std::string_view codes, BulletConstants bullet,
+  [[nodiscard]] virtual bool WriteTitle(std::string_view text, BulletConstants bullet,
                                         std::string_view link) = 0;
 
   /// Draws a picture at the current position. `link` is as in WriteText.
   [[nodiscard]] virtual bool DrawPicture(std::string_view file, EncodingConstants encoding,
                                          std::string_view link) = 0;
 
-  /// How often the library counts `code` when it measures a text: twice if it is escaped.
-  [[nodiscard]] virtual int MeasuredAs(char code) const = 0;
+  /// Each character, once, that was written and is not shown as itself.
+  [[nodiscard]] virtual std::string LostCharacters() { return document().LostCharacters(); }
 };
 
 }  // namespace vellumark::tools

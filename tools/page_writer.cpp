@@ -21,6 +21,10 @@ void SetColor(Document& document, Rgb color) {
   document.SetColor(color.red, color.green, color.blue);
 }
 
+std::string_view LinkOf(const Run& run, const std::vector<std::string>& links) {
+  return run.link == 0 ? std::string_view() : links[run.link - 1];
+}
+
 [[noreturn]] void RefuseMargins(int width, int height, int least_width, int least_height) {
   const auto size = [](int across, int down) {
     return std::to_string(std::max(across, 0)) + " x " + std::to_string(std::max(down, 0));
@@ -32,8 +36,8 @@ void SetColor(Document& document, Rgb color) {
 
 }  // namespace
 
-PageWriter::PageWriter(OutputFormat& output, GlyphMeasure& measure, const PageSetup& setup)
-    : output_(output), measure_(measure), outer_(setup.margins), page_color_(setup.page_color) {
+PageWriter::PageWriter(OutputFormat& output, const PageSetup& setup)
+    : output_(output), outer_(setup.margins), page_color_(setup.page_color) {
   std::int16_t page_width = 0;
   std::int16_t page_height = 0;
   output_.document().GetPageDimensions(page_width, page_height);
@@ -52,7 +56,6 @@ PageWriter::PageWriter(OutputFormat& output, GlyphMeasure& measure, const PageSe
   outer_.left -= inset_x_;
   outer_.right -= inset_x_;
   outer_.top -= inset_y_;
-  outer_width_ = page_width - outer_.left - outer_.right;
   NewPage();
 }
 
@@ -68,30 +71,19 @@ void PageWriter::NewPage() {
 void PageWriter::WriteLine(const Line& line, const std::vector<std::string>& links, int x,
                            int size) {
   for (const Run& run : line.runs) {
-    WriteRun(run, run.link == 0 ? std::string_view() : links[run.link - 1], x,
-             size - run.face.size);
+    Prepare(run, x, size - run.face.size);
+    Check(output_.WriteText(run.text, LinkOf(run, links)));
   }
 }
 
 void PageWriter::WriteTitleLine(const Line& line, const std::vector<std::string>& links, int x,
                                 int size, BulletConstants bullet) {
   if (line.runs.empty()) return;
-  const int behind_bullet = size - 1;
   const Run& first = line.runs.front();
-  const std::vector<Stroke> strokes = Split(first, x + behind_bullet);
-  const std::string_view link = first.link == 0 ? std::string_view() : links[first.link - 1];
-  SetColor(output_.document(), first.link == 0 ? kTextColor : kLinkColor);
-  for (const Stroke& stroke : strokes) {
-    const bool opening = &stroke == &strokes.front();
-    Stroke placed = stroke;
-    if (opening) placed.x = x + inset_x_;
-    Place(placed, first, size - first.face.size);
-    const std::string_view stroke_link = stroke.accent ? std::string_view() : link;
-    Check(opening ? output_.WriteTitle(stroke.codes, bullet, stroke_link)
-                  : output_.WriteText(stroke.codes, stroke_link));
-  }
+  Prepare(first, x, size - first.face.size);
+  Check(output_.WriteTitle(first.text, bullet, LinkOf(first, links)));
   const Line rest{{line.runs.begin() + 1, line.runs.end()}};
-  WriteLine(rest, links, x + behind_bullet, size);
+  WriteLine(rest, links, x + size - 1, size);
 }
 
 void PageWriter::DrawLine(Point from, Point to, int thickness, Rgb color) {
@@ -114,6 +106,7 @@ void PageWriter::FillRectangle(Point corner, int width, int height, Rgb color) {
                                Coordinate(inset_y_ + y_ + corner.y), Coordinate(width),
                                Coordinate(height)));
   document.SetFillStyle(false);
+  document.SetFillColor(kTextColor.red, kTextColor.green, kTextColor.blue);  // of bullets
 }
 
 bool PageWriter::DrawPicture(const std::string& file, EncodingConstants encoding,
@@ -127,28 +120,14 @@ bool PageWriter::DrawPicture(const std::string& file, EncodingConstants encoding
   return drawn;
 }
 
-void PageWriter::WriteRun(const Run& run, std::string_view link, int x, int below) {
-  SetColor(output_.document(), run.link == 0 ? kTextColor : kLinkColor);
-  for (const Stroke& stroke : Split(run, x)) {
-    Place(stroke, run, below);
-    Check(output_.WriteText(stroke.codes, stroke.accent ? std::string_view() : link));
-  }
-}
-
-/// Sets font and position for a stroke; its x is measured from the margin of the library.
-void PageWriter::Place(const Stroke& stroke, const Run& run, int below) {
+/// Sets color, font and position for a run.
+void PageWriter::Prepare(const Run& run, int x, int below) {
   using enum FontEffectConstants;
   Document& document = output_.document();
+  SetColor(document, run.link == 0 ? kTextColor : kLinkColor);
   document.SetFont(run.face.family, run.face.size, run.face.style,
-                   run.struck && !stroke.accent ? Strikethrough : NoFontEffect);
-  const int y = std::max(inset_y_ + y_ + below - stroke.rise, 0);
-  document.SetPosition(Coordinate(stroke.x), Coordinate(y));
-}
-
-std::vector<Stroke> PageWriter::Split(const Run& run, int x) {
-  Run placed = run;
-  placed.x += x + inset_x_;
-  return SplitRun(placed, {0, outer_width_, &output_}, measure_);
+                   run.struck ? Strikethrough : NoFontEffect);
+  document.SetPosition(Coordinate(inset_x_ + x + run.x), Coordinate(inset_y_ + y_ + below));
 }
 
 void PageWriter::Check(bool done) {

@@ -2,7 +2,7 @@
 //
 // PageWriter: puts lines on pages.
 //
-//     PageWriter pages(output, measure, setup);     // opens the first page
+//     PageWriter pages(output, setup);     // opens the first page
 //     if (!pages.Fits(height)) pages.NewPage();
 //     pages.WriteLine(line, indent, size);
 //     pages.Advance(pitch);
@@ -10,8 +10,8 @@
 // x is measured from the left margin, and the position on the page is kept here. Text ends 20
 // points above the bottom margin, because the library writes its footer there. The margins that are
 // passed to the library are smaller than those of the user, by the same amount on the left and the
-// right, because the library measures escaped text wider than it is and would refuse it at the
-// right edge.
+// right, so that text which the library measures wider than it is set is not refused at the right
+// edge: a text that was escaped for a classic document, or one whose width was rounded.
 //
 // A call that the library refuses throws: ObjectNumbersUsedUp if the document is full, otherwise
 // Failure.
@@ -26,7 +26,6 @@
 #include "tools/line_composer.h"
 #include "tools/output_format.h"
 #include "tools/picture_platform.h"
-#include "tools/run_strokes.h"
 
 namespace vellumark::tools {
 
@@ -65,7 +64,7 @@ struct PageSetup {
 class PageWriter {
  public:
   /// The document must have been created. Throws Failure if the margins leave too little room.
-  PageWriter(OutputFormat& output, GlyphMeasure& measure, const PageSetup& setup);
+  PageWriter(OutputFormat& output, const PageSetup& setup);
 
   /// Width and height of the area for text, in points.
   [[nodiscard]] int width() const { return width_; }
@@ -98,18 +97,14 @@ class PageWriter {
   void FillRectangle(Point corner, int width, int height, Rgb color);
 
  private:
-  void WriteRun(const Run& run, std::string_view link, int x, int below);
-  void Place(const Stroke& stroke, const Run& run, int below);
-  [[nodiscard]] std::vector<Stroke> Split(const Run& run, int x);
+  void Prepare(const Run& run, int x, int below);
   void Check(bool done);
 
   OutputFormat& output_;
-  GlyphMeasure& measure_;
   Margins outer_;  // as passed to the library
   Rgb page_color_;
   int inset_x_ = 0;  // from the library's margins to the user's
   int inset_y_ = 0;
-  int outer_width_ = 0;
   int width_ = 0;
   int height_ = 0;
   int y_ = 0;

@@ -4,18 +4,18 @@
 namespace vellumark::tools {
 
 void PsOutput::SetProperties(const Properties& properties) {
-  ps_.Title(EscapePsProperty(properties.title));
-  ps_.Author(EscapePsProperty(properties.author));
-  ps_.Creator(EscapePsProperty(properties.creator));
+  ps_.Title(properties.title);
+  ps_.Author(properties.author);
+  ps_.Creator(properties.creator);
 }
 
-bool PsOutput::WriteText(std::string_view codes, std::string_view /*link*/) {
-  return ps_.WriteText(EscapePsPageText(codes));
+bool PsOutput::WriteText(std::string_view text, std::string_view /*link*/) {
+  return ps_.WriteText(text);
 }
 
-bool PsOutput::WriteTitle(std::string_view codes, BulletConstants bullet,
+bool PsOutput::WriteTitle(std::string_view text, BulletConstants bullet,
                           std::string_view /*link*/) {
-  return ps_.WriteTitle(EscapePsPageText(codes), AlignmentConstants::NoAlignment, bullet);
+  return ps_.WriteTitle(text, AlignmentConstants::NoAlignment, bullet);
 }
 
 bool PsOutput::DrawPicture(std::string_view file, EncodingConstants encoding,

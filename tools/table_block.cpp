@@ -82,11 +82,9 @@ class TableSetter {
     return static_cast<int>(lines) * pitch() + 2 * margin();
   }
 
-  [[nodiscard]] std::vector<Word> Words(const InlineText& cell, bool header,
-                                        const MissingCharacter& missing) const {
+  [[nodiscard]] std::vector<Word> Words(const InlineText& cell, bool header) const {
     using enum FontStyleConstants;
-    return MakeWords(cell, setting_.style.Faces(size_, header ? Bold : Regular), setting_.measure,
-                     missing);
+    return MakeWords(cell, setting_.style.Faces(size_, header ? Bold : Regular), setting_.measure);
   }
 
   /// The largest size at which no word is broken, or the smallest of all.
@@ -104,11 +102,10 @@ class TableSetter {
   void Measure() {
     if (std::exchange(measured_size_, size_) == size_) return;
     const LineComposer composer(setting_.measure, room_, false);
-    const MissingCharacter ignore = [](const Span&, std::size_t, char32_t) {};
     needs_.assign(table_.columns(), {2 * padding() + 1, 2 * padding() + 1});
     for (const TableRow& row : table_.rows) {
       for (std::size_t i = 0; i < row.cells.size(); ++i) {
-        const std::vector<Word> words = Words(row.cells[i], row.header, ignore);
+        const std::vector<Word> words = Words(row.cells[i], row.header);
         ColumnNeed& need = needs_[i];
         for (const Word& word : words) {
           need.least = std::max(need.least, ToPoints(word.width) + 2 * padding());
@@ -143,7 +140,7 @@ class TableSetter {
       const int width = std::max(widths_[i] - 2 * padding(), 1);
       LineComposer composer(setting_.measure, width, false);
       const InlineText& cell = row.cells[first_ + i];
-      composed.cells.push_back(composer.Compose(Words(cell, row.header, setting_.missing)));
+      composed.cells.push_back(composer.Compose(Words(cell, row.header)));
       composed.lines = std::max(composed.lines, composed.cells.back().size());
     }
     return composed;
@@ -204,7 +201,7 @@ class TableSetter {
                  std::size_t column) {
     if (line.runs.empty()) return;
     const Run& last = line.runs.back();
-    const int end = last.x + ToPoints(setting_.measure.Width(last.face, last.glyphs.codes));
+    const int end = last.x + ToPoints(setting_.measure.Width(last.face, last.text));
     const int spare = std::max(widths_[column] - 2 * padding() - end, 0);
     const char alignment = table_.alignments[first_ + column];
     if (alignment == 'c') x += spare / 2;

@@ -50,9 +50,8 @@ void TextFlow::EnterItem(TaskBox box) {
   const Container item = Nested(Kind::Item, 0);
   if (!containers_.empty() && containers_.back().kind == Kind::List) {
     ListLook& list = containers_.back().list;
-    GlyphRun glyphs;
-    AppendCharacter(list_depth_ % 2 == 1 ? U'•' : U'–', glyphs);
-    marker.text = list.ordered ? NumberText(list, list.first_number++) : glyphs.codes;
+    const std::string_view bullet = list_depth_ % 2 == 1 ? "•" : "–";
+    marker.text = list.ordered ? NumberText(list, list.first_number++) : bullet;
   }
   containers_.push_back(item);
   // Items that are too deep to be moved to the right would have their markers at the same place.
@@ -128,10 +127,8 @@ void TextFlow::WriteMarker() {
       DrawBox(marker.box, marker.right);
       continue;
     }
-    GlyphRun glyphs;
-    glyphs.codes = marker.text;
     const int x = std::max(marker.right - WidthOf(marker.text), 0);
-    pages_.WriteLine({{{x, style_.TextFaces().text, glyphs, 0, false}}}, {}, 0, style_.size);
+    pages_.WriteLine({{{x, style_.TextFaces().text, marker.text, 0, false}}}, {}, 0, style_.size);
   }
   markers_.clear();
 }

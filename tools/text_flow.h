@@ -36,7 +36,7 @@ enum class TaskBox { None, Open, Checked };
 
 class TextFlow {
  public:
-  TextFlow(PageWriter& pages, GlyphMeasure& measure, const TextStyle& style)
+  TextFlow(PageWriter& pages, TextMeasure& measure, const TextStyle& style)
       : pages_(pages), measure_(measure), style_(style) {}
 
   [[nodiscard]] int left() const { return containers_.empty() ? 0 : containers_.back().left; }
@@ -84,7 +84,7 @@ class TextFlow {
   void DrawBox(TaskBox box, int right);
 
   PageWriter& pages_;
-  GlyphMeasure& measure_;
+  TextMeasure& measure_;
   const TextStyle& style_;
   std::vector<Container> containers_;
   std::size_t list_depth_ = 0;
@@ -92,7 +92,7 @@ class TextFlow {
 
   struct Marker {
     TaskBox box = TaskBox::None;
-    std::string text;  // codes of glyphs, if there is no box
+    std::string text;  // if there is no box
     int right = 0;
   };
   std::vector<Marker> markers_;  // of the items that begin with the next line

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,10 +22,9 @@ struct LostPicture {
 
 struct TypesetResult {
   int pages = 0;
-  std::size_t line = 0;     ///< of the input, where the last block begins
-  std::size_t missing = 0;  ///< characters that the fonts lack
-  char32_t first_missing = 0;
-  SourcePosition missing_position;  ///< of the first of them, or left of it in its line
+  std::size_t line = 0;             ///< of the input, where the last block begins
+  std::string lost_characters;      ///< each character that the fonts lack, once
+  std::optional<Place> first_lost;  ///< of the first of them
   std::vector<LostPicture> lost_pictures;
   std::size_t remote_pictures = 0;
   OmittedHtml omitted;

@@ -41,20 +41,14 @@ void AppendPictureText(const InlineText& from, const InlinePicture& picture, Inl
 
 }  // namespace
 
-Typesetter::Typesetter(OutputFormat& output, GlyphMeasure& measure, PicturePlatform& pictures,
+Typesetter::Typesetter(OutputFormat& output, TextMeasure& measure, PicturePlatform& pictures,
                        const TextStyle& style)
     : pictures_(pictures),
       output_(output),
       style_(style),
-      pages_(output, measure, WithLargestSize(style)),
+      pages_(output, WithLargestSize(style)),
       flow_(pages_, measure, style),
-      setting_{pages_, flow_, measure, style,
-               [this](const Span& span, std::size_t index, char32_t character) {
-                 if (result_->missing++ > 0) return;
-                 result_->first_missing = character;
-                 result_->missing_position = span.position;
-                 result_->missing_position.byte += index;
-               }} {}
+      setting_{pages_, flow_, measure, style} {}
 
 void Typesetter::Typeset(const MarkdownTree& tree, TypesetResult& result,
                          const Progress& progress) {
@@ -87,7 +81,7 @@ void Typesetter::Enter(NodeWalk& walk, NodeKind kind) {
     }
     case NodeKind::Heading: SetTitle(node); break;
     case NodeKind::Paragraph: SetText(ReadInlines(node)); break;
-    case NodeKind::CodeBlock: SetCodeBlock(node); break;
+    case NodeKind::CodeBlock: SetCode(LiteralOf(node), setting_); break;
     case NodeKind::Rule: SetRule(); break;
     case NodeKind::Table:
       SetTable(node, setting_, [this](const InlineText& text) { Note(text); });
@@ -125,8 +119,7 @@ void Typesetter::SetTitle(cmark_node* heading) {
   BlockFaces faces = style_.Faces(size, FontStyleConstants::Bold);
   faces.code.size = faces.text.size;
   LineComposer composer(setting_.measure, pages_.width() - text_left, false);
-  const std::vector<Line> lines =
-      composer.Compose(MakeWords(text, faces, setting_.measure, setting_.missing));
+  const std::vector<Line> lines = composer.Compose(MakeWords(text, faces, setting_.measure));
   if (lines.empty()) return;
   flow_.BeginBlock(SpaceAboveTitle(size));
   const int height = static_cast<int>(lines.size()) * LinePitch(size) + SpaceBelowTitle(size);
@@ -143,16 +136,6 @@ void Typesetter::SetTitle(cmark_node* heading) {
     pages_.Advance(LinePitch(size));
   }
   flow_.EndBlock(SpaceBelowTitle(size));
-}
-
-void Typesetter::SetCodeBlock(cmark_node* block) {
-  SourcePosition position = StartOf(block);
-  int length = 0;
-  int offset = 0;
-  char mark = 0;
-  const bool fenced = cmark_node_get_fenced(block, &length, &offset, &mark) != 0;
-  if (fenced) position = {position.line + 1, 1};
-  SetCode(LiteralOf(block), position, setting_);
 }
 
 void Typesetter::SetRule() {
@@ -178,7 +161,7 @@ void Typesetter::SetText(const InlineText& text) {
 void Typesetter::SetWords(const InlineText& text) {
   LineComposer composer(setting_.measure, flow_.width(), style_.justify);
   const std::vector<Line> lines =
-      composer.Compose(MakeWords(text, style_.TextFaces(), setting_.measure, setting_.missing));
+      composer.Compose(MakeWords(text, style_.TextFaces(), setting_.measure));
   if (lines.empty()) return;
   flow_.BeginBlock(flow_.SpaceOfParagraph());
   const int pitch = LinePitch(style_.size);

@@ -27,7 +27,7 @@ using Progress = std::function<void(int pages, std::size_t line)>;
 class Typesetter {
  public:
   /// Opens the first page of the created document. `style` must outlive this object.
-  Typesetter(OutputFormat& output, GlyphMeasure& measure, PicturePlatform& pictures,
+  Typesetter(OutputFormat& output, TextMeasure& measure, PicturePlatform& pictures,
              const TextStyle& style);
 
   void Typeset(const MarkdownTree& tree, TypesetResult& result, const Progress& progress);
@@ -36,7 +36,6 @@ class Typesetter {
   void Enter(NodeWalk& walk, NodeKind kind);
   void EnterList(cmark_node* list);
   void SetTitle(cmark_node* heading);
-  void SetCodeBlock(cmark_node* block);
   void SetText(const InlineText& text);
   void SetWords(const InlineText& text);
   void SetPictures(const InlineText& text);

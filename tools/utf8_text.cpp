@@ -58,6 +58,14 @@ char32_t NextCharacter(std::string_view text, std::size_t& at) {
   return character;
 }
 
+void SkipMarkedCharacter(std::string_view text, std::size_t& at) {
+  static_cast<void>(NextCharacter(text, at));
+  if (at == text.size() || Byte(text, at) < 0x80) return;  // most texts have no marks
+  std::size_t behind = at;
+  const char32_t mark = NextCharacter(text, behind);
+  if (mark >= 0x300 && mark < 0x370) at = behind;
+}
+
 std::size_t CountCharacters(std::string_view text) {
   return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
     return !IsContinuation(static_cast<unsigned char>(c));

@@ -22,6 +22,10 @@ namespace vellumark::tools {
 /// The character at `at`, which is then moved behind it. The text must be well-formed.
 [[nodiscard]] char32_t NextCharacter(std::string_view text, std::size_t& at);
 
+/// Moves `at` behind the character there, and behind a combining mark that follows it: the two may
+/// have one glyph.
+void SkipMarkedCharacter(std::string_view text, std::size_t& at);
+
 /// How many characters a well-formed text has.
 [[nodiscard]] std::size_t CountCharacters(std::string_view text);
 

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "tools/words.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "tools/shown_text.h"
 #include "tools/utf8_text.h"
 
 namespace vellumark::tools {
@@ -19,10 +21,16 @@ FontStyleConstants Combine(FontStyleConstants style, const Span& span) {
 // A limit on the length of a piece makes the time for breaking an endless word linear.
 constexpr std::size_t kLongestPiece = 200;
 
+/// How many characters from `at` on are ASCII other than blanks and controls.
+std::size_t PlainFrom(std::string_view text, std::size_t at) {
+  std::size_t end = at;
+  while (end < text.size() && text[end] > ' ' && text[end] < 0x7F) ++end;
+  return end - at;
+}
+
 class WordMaker {
  public:
-  WordMaker(const BlockFaces& faces, GlyphMeasure& measure, const MissingCharacter& missing)
-      : faces_(faces), measure_(measure), missing_(missing) {}
+  WordMaker(const BlockFaces& faces, TextMeasure& measure) : faces_(faces), measure_(measure) {}
 
   void Take(const Span& span) {
     piece_.face = span.code ? faces_.code : faces_.text;
@@ -30,14 +38,18 @@ class WordMaker {
     piece_.link = span.link;
     piece_.struck = span.struck;
     for (std::size_t at = 0; at < span.text.size();) {
-      const std::size_t index = at;
-      const char32_t character = NextCharacter(span.text, at);
-      if (character == '\n' || IsBreakingBlank(character)) {
-        EndWord(character == '\n');
-      } else if (!AppendCharacter(character, piece_.glyphs)) {
-        missing_(span, index, character);
+      if (const std::size_t plain = std::min(PlainFrom(span.text, at), kLongestPiece)) {
+        piece_.text += span.text.substr(at, plain);
+        at += plain;
+      } else {
+        const char32_t character = NextCharacter(span.text, at);
+        if (character == '\n' || IsBreakingBlank(character)) {
+          EndWord(character == '\n');
+        } else {
+          AppendShown(character, piece_.text);
+        }
       }
-      if (piece_.glyphs.codes.size() >= kLongestPiece) EndPiece();
+      if (piece_.text.size() >= kLongestPiece) EndPiece();
     }
     EndPiece();
   }
@@ -49,11 +61,11 @@ class WordMaker {
 
  private:
   void EndPiece() {
-    if (piece_.glyphs.codes.empty()) return;
-    piece_.width = measure_.Width(piece_.face, piece_.glyphs.codes);
+    if (piece_.text.empty()) return;
+    piece_.width = measure_.Width(piece_.face, piece_.text);
     word_.width += piece_.width;
     word_.pieces.push_back(piece_);
-    piece_.glyphs = {};
+    piece_.text.clear();
   }
 
   void EndWord(bool ends_line) {
@@ -63,8 +75,7 @@ class WordMaker {
   }
 
   const BlockFaces& faces_;
-  GlyphMeasure& measure_;
-  const MissingCharacter& missing_;
+  TextMeasure& measure_;
   Piece piece_;
   Word word_;
   std::vector<Word> words_;
@@ -72,9 +83,8 @@ class WordMaker {
 
 }  // namespace
 
-std::vector<Word> MakeWords(const InlineText& text, const BlockFaces& faces, GlyphMeasure& measure,
-                            const MissingCharacter& missing) {
-  WordMaker maker(faces, measure, missing);
+std::vector<Word> MakeWords(const InlineText& text, const BlockFaces& faces, TextMeasure& measure) {
+  WordMaker maker(faces, measure);
   for (const Span& span : text.spans) maker.Take(span);
   return maker.Finish();
 }

@@ -5,15 +5,14 @@
 // A word is the text between two blanks. Its look may change within it, so it consists of pieces
 // with one face and one link each.
 //
-//     const std::vector<Word> words = MakeWords(inline_text, faces, measure, missing);
+//     const std::vector<Word> words = MakeWords(inline_text, faces, measure);
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
+#include <string>
 #include <vector>
 
-#include "tools/glyph_codes.h"
 #include "tools/inline_text.h"
 #include "tools/text_measure.h"
 
@@ -21,7 +20,7 @@ namespace vellumark::tools {
 
 struct Piece {
   Face face;
-  GlyphRun glyphs;
+  std::string text;        ///< UTF-8
   std::size_t link = 0;    ///< see Span
   bool struck = false;     ///< with a line through it
   std::int64_t width = 0;  ///< in 1/1000 point
@@ -39,11 +38,7 @@ struct BlockFaces {
   Face code;  ///< its style is combined with that of the span
 };
 
-/// Called for each character that the fonts lack, with its index in the text of its span.
-using MissingCharacter =
-    std::function<void(const Span& span, std::size_t index, char32_t character)>;
-
 [[nodiscard]] std::vector<Word> MakeWords(const InlineText& text, const BlockFaces& faces,
-                                          GlyphMeasure& measure, const MissingCharacter& missing);
+                                          TextMeasure& measure);
 
 }  // namespace vellumark::tools

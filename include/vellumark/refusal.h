@@ -43,9 +43,12 @@ enum class RefusalReason : std::int32_t {
   NoObjectNumbersLeft,  ///< the call would not leave enough object numbers to finish the document
   RunTimeFault,         ///< a run-time error stopped the call; nothing of it was written
   NumberOutOfRange,     ///< a number does not fit into 16 bits, or 8 for a color part or height
-  NoPage,               ///< a text or picture before the first NewPage
+  NoPage,               ///< a mark before the first NewPage
   PictureTooWide,       ///< a picture reaches over the right margin
   PictureTooHigh,       ///< a picture reaches over the bottom margin
+  InvalidLevel,         ///< WriteBookmark: the level is below 1, or jumps over one
+  InvalidAnchor,        ///< SetAnchor: the name is empty
+  AnchorMissing,        ///< Flush: a link leads to an anchor that was never set; the file is whole
   DocumentNotWhole,     ///< Flush: a run-time error stopped the end of a page or of the document;
                         ///< the file was written, but something is missing in it
 };

@@ -91,6 +91,20 @@ class VELLUMARK_API Document {
   [[nodiscard]] bool Conforming() const;
   void Conforming(bool conforming);
 
+  /// The texts above and below every page, centered in Times 10: the header in the 12 points above
+  /// the top margin, if the margin has them, the footer in the last 12 points above the bottom
+  /// margin. {page} in them is the page's number, {pages} the number of pages, {{ a brace; ""
+  /// leaves the text out. Read at the end of each page. The footer is the legal notice at first,
+  /// the header
+  /// "".
+  [[nodiscard]] std::string Footer() const;
+  void Footer(std::string_view footer);
+  [[nodiscard]] std::string Header() const;
+  void Header(std::string_view header);
+
+  /// The number of the open page, from 1; 0 before the first.
+  [[nodiscard]] std::int32_t PageNumber() const;
+
   /// Version of the file format.
   [[nodiscard]] std::string Version() const;
 
@@ -232,6 +246,17 @@ class VELLUMARK_API Document {
   void GetPosition(std::int16_t& x, std::int16_t& y) const;
   void SetPosition(Int16 x = -1, Int16 y = -1);
 
+  // --- Measuring. Both write nothing; LastRefusal says why one returned 0. ---
+
+  /// The width of a text in points, in the current font: the whole number that WriteText compares
+  /// with what is free. 0 for a text of more than 32,767 points.
+  std::int16_t TextWidth(std::string_view text) noexcept;
+
+  /// The height in points that WriteMultiText would take from the current position with the same
+  /// arguments: its lines, each as high as the font and `dy`, however many pages they fill. 0 if it
+  /// would refuse the text.
+  std::int32_t TextHeight(std::string_view text, Byte dy = 0, Int16 width = 0) noexcept;
+
   // --- Why. ---
 
   /// The reason why the latest Create, NewPage, Flush, drawing or writing call did not do what was
@@ -280,6 +305,17 @@ class VELLUMARK_API PDF : public Document {
   /// smaller. Read when a page ends. Default true; a classic document is never compressed.
   [[nodiscard]] bool Compressed() const;
   void Compressed(bool compressed);
+
+  /// An entry of the outline that readers show beside the pages. It leads to the current position.
+  /// `level` 1 is the highest; each entry may be at most one level below the one before. False for
+  /// another level and before the first page.
+  bool WriteBookmark(std::string_view text, Int16 level = 1) noexcept;
+
+  /// Names the current position. In a conforming document a hyperlink "#name" leads there, also if
+  /// the anchor is set later; a name that is set again leads to the last place. A link whose anchor
+  /// never comes leads nowhere, and LastRefusal says so after Flush. False for an empty name and
+  /// before the first page.
+  bool SetAnchor(std::string_view name) noexcept;
 
   /// The same with a link over the text; the address is written unescaped, so it must be
   /// percent-encoded.

@@ -28,8 +28,17 @@ class _Document:
     __slots__ = ("_document", "__weakref__")
     _class_name = ""  # "PDF" or "PS", also in a class that is derived from one of them
 
-    def __init__(self) -> None:
+    def __init__(self, **properties: Any) -> None:
+        """Sets these properties of the new document, in their order."""
+        for name in properties:
+            found = getattr(type(self), name, None)
+            if not isinstance(found, property):
+                raise TypeError(f"{type(self).__name__}() has no property {name!r}")
+            if found.fset is None:
+                raise TypeError(f"{type(self).__name__}() cannot set {name!r}, which is read-only")
         self._document = _vellumark.new_document(self._class_name, in_memory=False)
+        for name, value in properties.items():
+            setattr(self, name, value)
 
     def __enter__(self: _Self) -> _Self:
         return self

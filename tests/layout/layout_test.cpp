@@ -99,12 +99,13 @@ TEST(Alignment, HalvesTruncateTowardZero) {
 
 /// Positions of words of so many points in a font of 10 points, "x" in front if the result was
 /// false.
-std::string Positions(std::initializer_list<int> words, Points width) {
+std::string Positions(std::initializer_list<double> words, Points width,
+                      Rounding rounding = Rounding::Words) {
   std::vector<std::int32_t> sums;
-  for (const int word : words) sums.push_back(100 * word);
+  for (const double word : words) sums.push_back(static_cast<std::int32_t>(100 * word));
   std::vector<Points> positions;
   std::string list;
-  if (!JustifyWords(sums, width, 10, positions)) list = "x";
+  if (!JustifyWords(sums, width, 10, rounding, positions)) list = "x";
   for (const Points position : positions) list.append(" ").append(std::to_string(position.value()));
   return list;
 }
@@ -115,6 +116,12 @@ TEST(Justification, HandsOutTheSpareWidthFromTheLeft) {
   EXPECT_EQ(Positions({18, 18, 12}, 49), " 0 19 37");
   EXPECT_EQ(Positions({18, 18, 12}, 55), " 0 22 43");
   EXPECT_EQ(Positions({12, 6, 6}, 24), " 0 12 18") << "a word of a blank alone";
+}
+
+TEST(Justification, WordsThatFitAsTheyAreMayNotFitRounded) {
+  EXPECT_EQ(Positions({2.6, 2.6, 2.6, 2.6, 2.6}, 13), " 0 3 6 9 12") << "and the end is at 15";
+  EXPECT_EQ(Positions({2.6, 2.6, 2.6, 2.6, 2.6}, 13, Rounding::Sums), " 0 3 5 8 10");
+  EXPECT_EQ(Positions({2.6, 2.6, 2.6, 2.6, 2.6}, 22, Rounding::Sums), " 0 6 10 15 19");
 }
 
 TEST(Justification, OneWordIsNeverStretched) { EXPECT_EQ(Positions({24}, 100), "x 0"); }

@@ -171,9 +171,10 @@ TEST_F(PdfPictures, WhatIsRefusedLeavesNoTrace) {
   EXPECT_TRUE(Draw("wide.bmp")) << "up to both margins";
   doc.SetPosition(0, 693);
   EXPECT_FALSE(Draw("wide.bmp"));
-  EXPECT_EQ(doc.LastRefusal().sentence,
-            "picture would reach y = 743, but the usable area ends at y = 742; move the position or "
-            "set a box with SetPictureDimensions");
+  EXPECT_EQ(
+      doc.LastRefusal().sentence,
+      "picture would reach y = 743, but the usable area ends at y = 742; move the position or "
+      "set a box with SetPictureDimensions");
   EXPECT_FALSE(Draw("no such file.bmp"));
   EXPECT_EQ(doc.LastRefusal().sentence,
             "the picture cannot be loaded: no such file.bmp: No such file or directory");

@@ -103,7 +103,60 @@ def test_texts_go_through_unchanged_but_for_surrogates(document_class):
     with pytest.raises(AttributeError, match="Version"):
         made.Version = "1.3"
     with pytest.raises(AttributeError, match="Titel"):
-        made.Titel = "a name that is no member"
+        made.Titel = "a name without a member"
+
+
+def test_the_constructor_takes_properties_by_keyword(document_class):
+    made = document_class(Title="Bücherei", Conforming=True, PaperSize=5)
+    assert (made.Title, made.Conforming, made.PaperSize) == ("Bücherei", True, 5)
+    assert document_class().Conforming is False
+    for keywords, words in [({"Titel": ""}, "has no property 'Titel'"),
+                            ({"WriteText": ""}, "has no property 'WriteText'"),
+                            ({"_document": 1}, "has no property '_document'"),
+                            ({"Title": "", "Version": ""}, "cannot set 'Version', which is read-only"),
+                            ({"LostCharacters": ""}, "read-only"),
+                            ({"Title": 3}, "Title must be str, not int")]:
+        with pytest.raises(TypeError, match=words):
+            document_class(**keywords)
+    with pytest.raises(TypeError, match="PS.. has no property 'Compressed'"):
+        PS(Compressed=True)
+    with pytest.raises(TypeError):
+        document_class("title")
+
+
+@pytest.mark.filterwarnings("error")
+def test_a_class_of_ones_own_takes_them_too():
+    class Letter(PDF):
+        def __init__(self, name, **properties):
+            super().__init__(Conforming=True, **properties)
+            self.Subject = name
+    made = Letter("Grüße", Compressed=False)
+    assert (made.Subject, made.Conforming, made.Compressed) == ("Grüße", True, False)
+    with pytest.raises(TypeError, match="Letter.. has no property 'Papersize'"):
+        Letter("", Papersize=1)
+
+
+def test_conforming_documents_show_every_latin_letter_and_tell_what_they_lose(document_class):
+    def write(doc):
+        doc.Conforming = True
+        doc.Create("x")
+        doc.NewPage(50, 50, 50, 50, 255, 255, 255)
+        assert doc.WriteText("Bücherei, été, Łódź") and doc.LostCharacters == ""
+        assert doc.WriteText("日本, 日") and doc.LostCharacters == "日本"
+    vellumark.render(document_class, write)
+
+
+def test_compression_makes_conforming_documents_smaller():
+    sizes = {}
+    for name, keywords in {"small": {}, "plain": {"Compressed": False}}.items():
+        with PDF(Conforming=True, **keywords) as doc:
+            doc.Create(name)
+            doc.NewPage(50, 50, 50, 50, 255, 255, 255)
+            for i in range(30):
+                doc.WriteText(f"line {i} of the page", True)
+        sizes[name] = pathlib.Path(name).stat().st_size
+    assert b"(line 7 of the page)" in pathlib.Path("plain").read_bytes()
+    assert sizes["small"] < sizes["plain"] * 0.7
 
 
 def test_a_surrogate_in_a_text_is_written_as_one_question_mark():

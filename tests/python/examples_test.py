@@ -24,7 +24,7 @@ def test_code_in_the_documentation_runs_and_prints_what_it_says():
     program = "".join(blocks("docs/python.md"))
     printed = run(sys.executable, "-W", "error", "-c", program).splitlines()
     told = re.findall(r"print\(.*# (.*)", program)
-    assert len(told) == len(printed) == 2
+    assert len(told) == len(printed) == 3
     for line, expected in zip(printed, told):
         assert line.startswith(expected.removesuffix("...")), line
     for block in blocks("README.md"):
@@ -44,7 +44,10 @@ def test_the_invoice_is_good_in_both_languages():
     run(sys.executable, "-W", "error", INVOICE, ".")
     assert b"/URI (https://example.org/pay/2024-0117)" in pathlib.Path("invoice.pdf").read_bytes()
     text = run("pdftotext", "-layout", "invoice.pdf", "-")
-    assert re.search(r"To pay, EUR +6,532\.63", text)
+    assert re.search(r"To pay, € +6,532\.63", text)
+    for words in ("Bücherei Kirchberg", "Sülzgasse 4", "Atlas “Böhmen und Mähren”, half-linen"):
+        assert words in text
+    assert run("qpdf", "--check", "invoice.pdf").count("WARNING") == 0
     assert run("gs", "-q", "-dNOPAUSE", "-dBATCH", "-sDEVICE=nullpage", "invoice.ps") == ""
 
 
@@ -54,13 +57,20 @@ def write_rows(*rows):
 
 
 def test_a_long_invoice_goes_over_pages_with_a_head_on_each():
-    write_rows(*(f"{count},Thing {count} :) \\,1.00" for count in range(1, 81)))
+    write_rows(*(f"{count},Thing {count} :) \\ ő,1.00" for count in range(1, 81)))
     run(sys.executable, INVOICE, ".", "rows.csv")
     assert run("gs", "-q", "-dNOPAUSE", "-dBATCH", "-sDEVICE=nullpage", "invoice.ps") == ""
     text = run("pdftotext", "-layout", "invoice.pdf", "-")
     assert text.count("Description") == text.count("\f") == 4
-    assert [int(count) for count in re.findall(r"Thing (\d+) :\) \\", text)] == list(range(1, 81))
+    assert [int(count) for count in re.findall(r"Thing (\d+) :\) \\ ő", text)] == list(range(1, 81))
     assert re.search(r"Net +3,240\.00", text)
+
+
+def test_an_invoice_that_loses_a_letter_is_refused():
+    write_rows("1,Thing 書,1.00")
+    done = subprocess.run([sys.executable, INVOICE, ".", "rows.csv"], capture_output=True, text=True,
+                          check=False)
+    assert done.returncode == 1 and "no letters for 書" in done.stderr
 
 
 def test_a_row_that_is_wrong_is_named():

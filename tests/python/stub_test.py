@@ -45,8 +45,11 @@ def page(doc: vellumark.PDF | vellumark.PS) -> None: ...
 def answer(language: type[vellumark.PDF] | type[vellumark.PS]) -> bytes:
     return vellumark.render(language, page)
 vellumark.render(vellumark.PS, lambda doc: doc.WriteText("x", hyperlink=""))
+vellumark.PDF(Conforming=True, Title="x", PaperSize=vellumark.PaperSizeConstants.A5)
+vellumark.PS(Compressed=False)
+vellumark.PDF(Titel="x")
 """)
     done = subprocess.run(["/usr/bin/mypy", "--cache-dir", "cache", "wrong.py"],
                           capture_output=True, text=True, check=False)
     found = [int(line.split(":")[1]) for line in done.stdout.splitlines() if "error:" in line]
-    assert found == [3, 4, 5, 6, 7, 11], done.stdout
+    assert found == [3, 4, 5, 6, 7, 11, 13, 14], done.stdout

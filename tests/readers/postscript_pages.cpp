@@ -8,7 +8,8 @@
 //     turned_LR.ps, .pdf       landscape if L is 1, rotated if R is 1; the PDF is not rotated
 //     classic.ps, conforming.ps
 //                              the same in both outputs, with nothing in it that is an oddity
-#include <random>
+#include <algorithm>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -87,7 +88,11 @@ std::vector<std::string> HostileTexts() {
                                            "{",
                                            "[",
                                            "1 0 div"};
-  std::mt19937 random(20261115);
+  std::uint32_t state = 20261115;
+  const auto random = [&state] {
+    state = state * 1664525U + 1013904223U;
+    return state >> 16U;
+  };
   for (int i = 0; i < 300; ++i) {
     std::string text;
     for (auto count = 1 + random() % 6; count > 0; --count)
@@ -116,7 +121,9 @@ bool WriteHostile(const std::string& folder) {
       doc.DrawLine(0, 0, 99, 99);
       doc.WriteText(text, true, 0, kNoAlignment);
       doc.WriteTitle(text, kNoAlignment, BulletConstants::Disc);
-      doc.WriteMultiText(text + ' ' + text + " and so on " + text, 0, kNoAlignment, true, 120);
+      std::string thrice = text;
+      thrice.append(" ").append(text).append(" and so on ").append(text);
+      doc.WriteMultiText(thrice, 0, kNoAlignment, true, 120);
       doc.DrawPicture(text);
     }
     if (!Written(doc)) return false;

@@ -54,7 +54,7 @@ class PostScript(unittest.TestCase):
     def setUpClass(cls):
         cls.temporary = tempfile.TemporaryDirectory()
         cls.folder = pathlib.Path(cls.temporary.name)
-        subprocess.run([GALLERY, cls.folder], check=True, capture_output=True)
+        subprocess.run([GALLERY, "--classic", cls.folder], check=True, capture_output=True)
         cls.ps = render(cls.folder, cls.folder / "gallery.ps")
         cls.pdf = render(cls.folder, cls.folder / "gallery.pdf")
 

@@ -28,7 +28,7 @@ class Readers(unittest.TestCase):
     def setUpClass(cls):
         cls.folder = tempfile.TemporaryDirectory()
         folder = pathlib.Path(cls.folder.name)
-        subprocess.run([GALLERY, folder], check=True, capture_output=True)
+        subprocess.run([GALLERY, "--classic", folder], check=True, capture_output=True)
         subprocess.run([PAGES, folder], check=True, capture_output=True)
         cls.gallery = str(folder / "gallery.pdf")
         cls.pages = str(folder / "pages.pdf")

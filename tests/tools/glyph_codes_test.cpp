@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tools/glyph_codes.h"
+#include "tools/classic/glyph_codes.h"
 
 #include <gtest/gtest.h>
 #include <string_view>
@@ -50,9 +50,7 @@ TEST(GlyphCodes, KnownCharactersAreWrittenInOthers) {
   EXPECT_EQ(Glyphs(U"©™€×≤½").codes,
             "(c)(TM)EURx<=1\xA4"
             "2");
-  EXPECT_EQ(Glyphs(U"a\u00A0b\u00ADc\u200Bd").codes, "a bcd");
-  EXPECT_FALSE(IsBreakingBlank(U'\u00A0'));
-  EXPECT_TRUE(IsBreakingBlank(U'\u2003'));
+  EXPECT_EQ(Glyphs(U"a\u00A0b\u2060c").codes, "a bc");
 }
 
 TEST(GlyphCodes, WhatTheFontsLackBecomesAQuestionMark) {
@@ -61,14 +59,6 @@ TEST(GlyphCodes, WhatTheFontsLackBecomesAQuestionMark) {
   EXPECT_FALSE(AppendCharacter(U'\u0001', run));
   EXPECT_FALSE(AppendCharacter(U'\U0001F600', run));
   EXPECT_EQ(run.codes, "???");
-}
-
-TEST(GlyphCodes, APartOfARunTakesItsAccentsAlong) {
-  const GlyphRun run = Glyphs(U"éaé");
-  const GlyphRun part = run.Part(1, 2);
-  EXPECT_EQ(part.codes, "ae");
-  ASSERT_EQ(part.marks.size(), 1U);
-  EXPECT_EQ(part.marks[0].index, 1U);
 }
 
 }  // namespace

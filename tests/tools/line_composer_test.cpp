@@ -3,9 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "tools/pdf_output.h"
-#include "tools/run_strokes.h"
-
 namespace vellumark::tools {
 namespace {
 
@@ -16,25 +13,21 @@ class LineComposition : public ::testing::Test {
   std::vector<Line> Compose(std::string_view text, int width, bool justify) {
     const MarkdownTree tree(text);
     const std::vector<Word> words =
-        MakeWords(ReadInlines(cmark_node_first_child(tree.root())), faces_, measure_,
-                  [](const Span&, std::size_t, char32_t) {});
+        MakeWords(ReadInlines(cmark_node_first_child(tree.root())), faces_, measure_);
     return LineComposer(measure_, width, justify).Compose(words);
   }
 
-  int End(const TextRun& run) {
-    return run.x + ToPoints(measure_.Width(run.face, run.glyphs.codes));
-  }
+  int End(const TextRun& run) { return run.x + ToPoints(measure_.Width(run.face, run.text)); }
 
-  GlyphMeasure measure_;
+  LibraryMeasure measure_;
   BlockFaces faces_{{FontNumberConstants::Times, FontStyleConstants::Regular, 10},
                     {FontNumberConstants::Courier, FontStyleConstants::Regular, 10}};
 };
 
 TEST_F(LineComposition, GlyphWidthsAreThePublishedOnes) {
   const Face bold{FontNumberConstants::Helvetica, FontStyleConstants::Bold, 12};
-  EXPECT_EQ(measure_.GlyphWidth(bold, 'A'), 722);
-  EXPECT_EQ(measure_.GlyphWidth(faces_.text, '\xD0'), 1000);  // em dash
-  EXPECT_EQ(measure_.GlyphWidth(faces_.text, '\\'), 278);
+  EXPECT_EQ(measure_.Width(bold, "A"), 722 * 12);
+  EXPECT_EQ(measure_.Width(faces_.text, "—Ő\\"), (1000 + 722 + 278) * 10);
   EXPECT_EQ(measure_.Width(faces_.code, "ab "), 18000);
 }
 
@@ -42,7 +35,7 @@ TEST_F(LineComposition, APlainRaggedLineIsOneRun) {
   const auto lines = Compose("one two  three", 200, false);
   ASSERT_EQ(lines.size(), 1U);
   ASSERT_EQ(lines[0].runs.size(), 1U);
-  EXPECT_EQ(lines[0].runs[0].glyphs.codes, "one two three");
+  EXPECT_EQ(lines[0].runs[0].text, "one two three");
 }
 
 TEST_F(LineComposition, JustifiedLinesEndAtTheRightEdgeButForTheLast) {
@@ -64,7 +57,7 @@ TEST_F(LineComposition, NoRunReachesOverTheWidth) {
   for (int width = 60; width < 240; ++width) {
     for (const bool justify : {false, true}) {
       for (const Line& line : Compose(text + text, width, justify)) {
-        for (const TextRun& run : line.runs) EXPECT_LE(End(run), width + 1) << run.glyphs.codes;
+        for (const TextRun& run : line.runs) EXPECT_LE(End(run), width + 1) << run.text;
       }
     }
   }
@@ -79,33 +72,18 @@ TEST_F(LineComposition, AWideGapIsLeftRagged) {
 TEST_F(LineComposition, AWordWiderThanTheLineIsBrokenNotLost) {
   std::string joined;
   const std::string word(300, 'm');
-  for (const Line& line : Compose(word, 100, true)) joined += line.runs.at(0).glyphs.codes;
+  for (const Line& line : Compose(word, 100, true)) joined += line.runs.at(0).text;
   EXPECT_EQ(joined, word);
   const auto lines = Compose("https://example.org/path/andmoreofit", 100, true);
-  EXPECT_TRUE(lines.at(0).runs.at(0).glyphs.codes.ends_with('/'));
+  EXPECT_TRUE(lines.at(0).runs.at(0).text.ends_with('/'));
 }
 
-TEST_F(LineComposition, AnAccentIsWrittenRightBehindItsLetterAndCenteredOverIt) {
-  const TextRun run = Compose("fête", 100, false).at(0).runs.at(0);
-  const PdfOutput output(std::make_shared<MemoryPlatform>());
-  const auto strokes = SplitRun(run, {0, 100, &output}, measure_);
-  ASSERT_EQ(strokes.size(), 3U);
-  EXPECT_EQ(strokes[0].codes, "fe");
-  EXPECT_EQ(strokes[1].codes, "\xC3");
-  EXPECT_EQ(strokes[1].x, 4);  // f 3.33, e 4.44, circumflex 3.33: 3.885
-  EXPECT_TRUE(strokes[2].codes.ends_with("te"));
-}
-
-TEST_F(LineComposition, BackslashesAtTheEdgeAreCutForTheLibraryAndAllKept) {
-  const TextRun run = Compose(std::string(40, '\\'), 112, false).at(0).runs.at(0);
-  const PdfOutput output(std::make_shared<MemoryPlatform>());
-  std::size_t count = 0;
-  for (const Stroke& stroke : SplitRun(run, {0, 120, &output}, measure_)) {
-    const std::string text = stroke.codes.substr(stroke.codes.find('\\'));
-    count += text.size();
-    EXPECT_LE(stroke.x + ToPoints(measure_.Width(run.face, stroke.codes + text)), 120);
+TEST_F(LineComposition, AMarkStaysWithItsLetter) {
+  for (const Line& line : Compose(std::string("e\xCC\x81") + std::string(300, 'm'), 10, false)) {
+    EXPECT_FALSE(line.runs.at(0).text.starts_with('\xCC'));
   }
-  EXPECT_EQ(count, run.glyphs.codes.size());
+  EXPECT_EQ(measure_.Width(faces_.text, "e\xCC\x81"), measure_.Width(faces_.text, "é"));
+  EXPECT_EQ(measure_.Width(faces_.text, "W\xCC\xA7"), measure_.Width(faces_.text, "W?"));
 }
 
 }  // namespace

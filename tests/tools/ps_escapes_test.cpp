@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tools/ps_escapes.h"
+#include "tools/classic/ps_escapes.h"
 
 #include <gtest/gtest.h>
 

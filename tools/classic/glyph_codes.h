@@ -11,12 +11,13 @@
 //     GlyphRun run;
 //     if (!AppendCharacter(U'é', run)) ...   // not in the fonts: "?" was appended
 //
-// How a document is given a code is the task of its output format (tools/output_format.h).
+// How a document is given a code is the task of tools/classic/classic_output.h.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vellumark::tools {
@@ -31,11 +32,6 @@ struct AccentMark {
 struct GlyphRun {
   std::string codes;              ///< codes of the standard encoding, one byte per glyph
   std::vector<AccentMark> marks;  ///< in the order of their glyphs
-
-  void Append(const GlyphRun& other);
-
-  /// Glyphs [start, start + count) with their accents.
-  [[nodiscard]] GlyphRun Part(std::size_t start, std::size_t count) const;
 };
 
 /// Appends the character. If the fonts have no glyph for it, appends "?" and returns false. A
@@ -43,7 +39,7 @@ struct GlyphRun {
 /// the last glyph.
 bool AppendCharacter(char32_t character, GlyphRun& run);
 
-/// Whether the character is a blank at which a line may be broken. A no-break space is not.
-[[nodiscard]] bool IsBreakingBlank(char32_t character);
+/// All characters of a text in UTF-8.
+[[nodiscard]] GlyphRun GlyphsOf(std::string_view text);
 
 }  // namespace vellumark::tools

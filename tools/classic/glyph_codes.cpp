@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "tools/glyph_codes.h"
+#include "tools/classic/glyph_codes.h"
 
 #include <algorithm>
 #include <array>
 #include <optional>
 #include <string_view>
+
+#include "tools/shown_text.h"
+#include "tools/utf8_text.h"
 
 namespace vellumark::tools {
 namespace {
@@ -54,15 +57,12 @@ struct Substitute {
   std::u32string_view text;
 };
 
-constexpr std::array<Substitute, 39> kSubstitutes = {{
-    {U'\u00A0', U" "}, {U'\u2007', U" "}, {U'\u202F', U" "}, {U'\u00AD', U""},  {U'\u200B', U""},
-    {U'\u200C', U""},  {U'\u200D', U""},  {U'\uFEFF', U""},  {U'\u2060', U""},  {U'\uFE0F', U""},
-    {U'©', U"(c)"},    {U'®', U"(R)"},    {U'™', U"(TM)"},   {U'€', U"EUR"},    {U'×', U"x"},
-    {U'÷', U"/"},      {U'±', U"+/-"},    {U'−', U"–"},      {U'\u2010', U"-"}, {U'\u2011', U"-"},
-    {U'\u2012', U"–"}, {U'\u2015', U"—"}, {U'°', U"˚"},      {U'¼', U"1⁄4"},    {U'½', U"1⁄2"},
-    {U'¾', U"3⁄4"},    {U'¦', U"|"},      {U'µ', U"u"},      {U'′', U"'"},      {U'″', U"\""},
-    {U'≤', U"<="},     {U'≥', U">="},     {U'≠', U"!="},     {U'→', U"->"},     {U'←', U"<-"},
-    {U'─', U"-"},      {U'│', U"|"},      {U'├', U"+"},      {U'└', U"+"},
+constexpr std::array<Substitute, 25> kSubstitutes = {{
+    {U'\u00A0', U" "}, {U'\u200C', U""}, {U'\u200D', U""}, {U'\uFEFF', U""}, {U'\u2060', U""},
+    {U'\uFE0F', U""},  {U'©', U"(c)"},   {U'®', U"(R)"},   {U'™', U"(TM)"},  {U'€', U"EUR"},
+    {U'×', U"x"},      {U'÷', U"/"},     {U'±', U"+/-"},   {U'−', U"–"},     {U'\u2010', U"-"},
+    {U'\u2011', U"-"}, {U'°', U"˚"},     {U'¼', U"1⁄4"},   {U'½', U"1⁄2"},   {U'¾', U"3⁄4"},
+    {U'¦', U"|"},      {U'µ', U"u"},     {U'≤', U"<="},    {U'≥', U">="},    {U'≠', U"!="},
 }};
 
 std::optional<char> CodeOf(char32_t character) {
@@ -109,23 +109,6 @@ bool AppendCombining(char32_t character, GlyphRun& run) {
 
 }  // namespace
 
-void GlyphRun::Append(const GlyphRun& other) {
-  for (const AccentMark& mark : other.marks) {
-    marks.push_back({codes.size() + mark.index, mark.accent, mark.raised});
-  }
-  codes += other.codes;
-}
-
-GlyphRun GlyphRun::Part(std::size_t start, std::size_t count) const {
-  GlyphRun part;
-  part.codes = codes.substr(start, count);
-  for (const AccentMark& mark : marks) {
-    if (mark.index < start || mark.index - start >= part.codes.size()) continue;
-    part.marks.push_back({mark.index - start, mark.accent, mark.raised});
-  }
-  return part;
-}
-
 bool AppendCharacter(char32_t character, GlyphRun& run) {
   if (const std::optional<char> code = CodeOf(character)) {
     run.codes += *code;
@@ -147,10 +130,10 @@ bool AppendCharacter(char32_t character, GlyphRun& run) {
   return true;
 }
 
-bool IsBreakingBlank(char32_t character) {
-  constexpr std::u32string_view kBlanks = U" \t\n\v\f\r\u1680\u2028\u2029\u205F\u3000";
-  const bool wide = character >= 0x2000 && character <= 0x200A && character != 0x2007;
-  return wide || kBlanks.find(character) != std::u32string_view::npos;
+GlyphRun GlyphsOf(std::string_view text) {
+  GlyphRun run;
+  for (std::size_t at = 0; at < text.size();) AppendCharacter(NextCharacter(text, at), run);
+  return run;
 }
 
 }  // namespace vellumark::tools

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tools/pdf_escapes.h"
+#include "tools/classic/pdf_escapes.h"
 
 #include <algorithm>
 #include <cctype>

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "api/document_parts.h"
+#include "document/lost_bytes.h"
+
 #include "layout/shown_characters.h"
 #include "platform/utf8.h"
 
-namespace vellumark {
+namespace vellumark::document {
 namespace {
 
 /// The characters beyond ASCII whose code in Windows-1252 is their code in the standard encoding of
@@ -41,4 +42,4 @@ void AddLostBytes(Platform& platform, std::string_view utf8, const layout::Font&
   }
 }
 
-}  // namespace vellumark
+}  // namespace vellumark::document

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tools/run_strokes.h"
+#include "tools/classic/run_strokes.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -17,7 +17,7 @@ std::int64_t Misplacement(std::int64_t position) {
 
 class RunSplitter {
  public:
-  RunSplitter(const Run& run, const StrokeRoom& room, GlyphMeasure& measure)
+  RunSplitter(const PlacedGlyphs& run, const StrokeRoom& room, CodeMeasure& measure)
       : run_(run), room_(room), measure_(measure), pen_(std::int64_t{run.x} * 1000) {}
 
   std::vector<Stroke> Split() {
@@ -44,20 +44,20 @@ class RunSplitter {
   void AddStroke(std::string_view codes) {
     const std::size_t blanks = strokes_.empty() ? 0 : BlanksInFront();
     const std::int64_t start = pen_ - static_cast<std::int64_t>(blanks) * Blank();
-    strokes_.push_back({ToPoints(start), 0, std::string(blanks, ' ').append(codes), false});
-    pen_ += measure_.Width(run_.face, codes);
+    strokes_.push_back({ToPoints(start), 0, 0, std::string(blanks, ' ').append(codes), false});
+    pen_ += measure_.CodesWidth(run_.face, codes);
   }
 
   void AddAccent(const AccentMark& mark) {
     const std::string_view accent(&mark.accent, 1);
     const std::string_view letter = std::string_view(run_.glyphs.codes).substr(mark.index, 1);
     const std::int64_t beside =
-        measure_.Width(run_.face, letter) - measure_.Width(run_.face, accent);
-    const std::int64_t start =
-        pen_ - measure_.Width(run_.face, letter) + (mark.accent == kOgonek ? beside : beside / 2);
+        measure_.CodesWidth(run_.face, letter) - measure_.CodesWidth(run_.face, accent);
+    const std::int64_t start = pen_ - measure_.CodesWidth(run_.face, letter) +
+                               (mark.accent == kOgonek ? beside : beside / 2);
     const int rise = mark.raised ? (run_.face.size + 2) / 5 : 0;
     const int x = std::max(ToPoints(start), room_.left);
-    strokes_.push_back({x, rise, std::string(accent), true});
+    strokes_.push_back({x, 0, rise, std::string(accent), true});
   }
 
   /// How many blanks to put in front of a text that continues a word. Texts start at whole points,
@@ -74,29 +74,30 @@ class RunSplitter {
     return best;
   }
 
-  [[nodiscard]] std::int64_t Blank() { return measure_.Width(run_.face, " "); }
+  [[nodiscard]] std::int64_t Blank() { return measure_.CodesWidth(run_.face, " "); }
 
   /// How many codes the library accepts in one text: it counts some of them twice.
   [[nodiscard]] std::size_t Acceptable(std::string_view codes) {
     std::int64_t end = pen_;
     for (std::size_t count = 0; count < codes.size(); ++count) {
       const char code = codes[count];
-      end += measure_.Width(run_.face, {&code, 1}) * room_.format->MeasuredAs(code);
+      end += measure_.CodesWidth(run_.face, {&code, 1}) * room_.measured_as(code);
       if (ToPoints(end) > room_.right) return std::max<std::size_t>(count, 1);
     }
     return codes.size();
   }
 
-  const Run& run_;
+  const PlacedGlyphs& run_;
   const StrokeRoom& room_;
-  GlyphMeasure& measure_;
+  CodeMeasure& measure_;
   std::int64_t pen_;  // in 1/1000 point
   std::vector<Stroke> strokes_;
 };
 
 }  // namespace
 
-std::vector<Stroke> SplitRun(const Run& run, const StrokeRoom& room, GlyphMeasure& measure) {
+std::vector<Stroke> SplitRun(const PlacedGlyphs& run, const StrokeRoom& room,
+                             CodeMeasure& measure) {
   return RunSplitter(run, room, measure).Split();
 }
 

@@ -8,16 +8,25 @@
 // library would refuse it at the right edge.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
-#include "tools/line_composer.h"
-#include "tools/output_format.h"
+#include "tools/classic/code_measure.h"
+#include "tools/classic/glyph_codes.h"
 
 namespace vellumark::tools {
 
+/// A run of glyphs that starts at `x`, in points.
+struct PlacedGlyphs {
+  int x = 0;
+  Face face;
+  GlyphRun glyphs;
+};
+
 struct Stroke {
   int x = 0;
+  int y = 0;     ///< of its top, if it is known
   int rise = 0;  ///< in points above the top of the run
   std::string codes;
   bool accent = false;  ///< without a link and a line of its own
@@ -27,10 +36,10 @@ struct Stroke {
 struct StrokeRoom {
   int left = 0;   ///< no stroke starts left of this
   int right = 0;  ///< no stroke ends right of this, as the library measures it
-  const OutputFormat* format = nullptr;
+  std::function<int(char)> measured_as;  ///< how often the library counts a code
 };
 
-[[nodiscard]] std::vector<Stroke> SplitRun(const Run& run, const StrokeRoom& room,
-                                           GlyphMeasure& measure);
+[[nodiscard]] std::vector<Stroke> SplitRun(const PlacedGlyphs& run, const StrokeRoom& room,
+                                           CodeMeasure& measure);
 
 }  // namespace vellumark::tools

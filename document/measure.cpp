@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+//
+// How wide a text and how high a paragraph would be: the rules of WriteText and WriteMultiText,
+// without writing.
+#include "document/document_model.h"
+#include "layout/shown_characters.h"
+
+namespace vellumark::document {
+
+RefusalNote DocumentModel::MeasureText(std::string_view text, Points& width) noexcept {
+  return Attempt([&]() -> RefusalNote {
+    width = Setter().WidthInPoints(text, state_.font);
+    return {};
+  });
+}
+
+RefusalNote DocumentModel::MeasureParagraph(const Paragraph& given, std::int32_t& height) noexcept {
+  return Attempt([&]() -> RefusalNote {
+    Paragraph paragraph = given;
+    std::string storage;
+    if (!state_.oddities.TextIsCodePageBytes()) {
+      paragraph.text = layout::WithPlainBlanks(given.text, state_.font, storage);
+    }
+    Column column;
+    if (const RefusalNote refused = CheckParagraph(paragraph)) return refused;
+    if (const RefusalNote refused = PlaceParagraph(paragraph, column)) return refused;
+    const layout::CodeWidths* const codes = Setter().ByteWidths(paragraph.text, state_.font);
+    if (const RefusalNote refused = MeasureWords(paragraph.text, codes, column.width)) {
+      return refused;
+    }
+    std::int32_t lines = 1;  // the last one
+    BreakLines(column.width, [&](const LineOfWords& /*line*/) -> RefusalNote {
+      ++lines;
+      return {};
+    });
+    height = lines * (state_.font.height + paragraph.dy);
+    return {};
+  });
+}
+
+}  // namespace vellumark::document

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+//
+// Header and footer, page numbers, measuring.
+#include "tests/document_fixture.h"
+
+namespace vellumark::tests {
+namespace {
+
+class RunningHeads : public PdfTest {
+ protected:
+  /// The strings that the file shows, in their order.
+  Lines Shown() {
+    Lines shown;
+    for (const std::string& line : FlushedLines()) {
+      const std::size_t begin = line.find(" rg (");
+      if (begin != std::string::npos)
+        shown.push_back(line.substr(begin + 5, line.size() - begin - 9));
+    }
+    return shown;
+  }
+};
+
+TEST_F(RunningHeads, TheFooterIsTheLegalNoticeAndCanBeLeftOut) {
+  EXPECT_EQ(doc.Footer(), "Copyright (c) 2026 Vellumark");
+  doc.Footer("");
+  Start();
+  EXPECT_EQ(Shown(), Lines());
+}
+
+TEST_F(RunningHeads, PlaceholdersAreTheNumbersOfPages) {
+  doc.Header("{page}{{page} {unknown");
+  doc.Footer("{page} of {pages}");
+  Start();
+  doc.NewPage(50, 11, 50, 50, 255, 255, 255);  // the top margin has no room for a header
+  EXPECT_EQ(Shown(), (Lines{"1{page} {unknown", "1 of 2", "2 of 2"}));
+}
+
+TEST_F(RunningHeads, AreReadWhenAPageEnds) {
+  doc.Footer("first");
+  Start();
+  doc.Footer("changed");
+  doc.NewPage(50, 50, 50, 50, 255, 255, 255);
+  doc.Footer("{page}");
+  EXPECT_EQ(Shown(), (Lines{"changed", "2"}));
+}
+
+TEST_F(RunningHeads, LeaveThePenAndThePositionAlone) {
+  doc.Header("h");
+  Start();
+  Font(FontNumberConstants::Helvetica, 20);
+  doc.SetPosition(7, 70);
+  doc.Flush();
+  FontNumberConstants number{};
+  std::uint8_t height = 0;
+  FontStyleConstants style{};
+  FontEffectConstants effect{};
+  doc.GetFont(number, height, style, effect);
+  EXPECT_EQ(number, FontNumberConstants::Helvetica);
+  EXPECT_EQ(height, 20);
+  EXPECT_EQ(At(), (Position{7, 70}));
+}
+
+TEST_F(RunningHeads, PageNumberIsThatOfTheOpenPage) {
+  EXPECT_EQ(doc.PageNumber(), 0);
+  Start();
+  EXPECT_EQ(doc.PageNumber(), 1);
+  doc.NewPage(0, 0, 0, 0, 255, 255, 255);
+  EXPECT_EQ(doc.PageNumber(), 2);
+  doc.Flush();
+  Start();
+  EXPECT_EQ(doc.PageNumber(), 1) << "a second document counts anew";
+}
+
+TEST_F(RunningHeads, AConformingParagraphKeepsClearOfTheFooterIfThereIsOne) {
+  doc.Conforming(true);
+  for (const bool footer : {true, false}) {
+    doc.Footer(footer ? "f" : "");
+    Start();
+    doc.SetPosition(0, 742 - 12 - 8);
+    EXPECT_TRUE(doc.WriteMultiText("one"));
+    EXPECT_EQ(doc.PageNumber(), 1);
+    EXPECT_TRUE(doc.WriteMultiText("two"));
+    EXPECT_EQ(doc.PageNumber(), footer ? 2 : 1);
+    doc.Flush();
+  }
+}
+
+TEST_F(RunningHeads, MeasuringIsWhatWritingTakes) {
+  for (const bool conforming : {false, true}) {
+    doc.Conforming(conforming);
+    Start();
+    Font(FontNumberConstants::Times, 12);
+    const std::string text = "A paragraph of some words,  with two blanks, \xC3\xA9 and an end. ";
+    const int width = doc.TextWidth(text);
+    EXPECT_TRUE(doc.WriteText(text));
+    EXPECT_EQ(At().x, width);
+    doc.SetPosition(20, 100);
+    const int height = doc.TextHeight(text + text + text, 3, 200);
+    EXPECT_EQ(At(), (Position{20, 100}));
+    EXPECT_TRUE(doc.WriteMultiText(text + text + text, 3, kNoAlignment, true, 200));
+    EXPECT_EQ(At().y, 100 + height);
+    EXPECT_EQ(doc.TextHeight("unbreakable", 0, 20), 0);
+    EXPECT_EQ(Why(), RefusalReason::WordTooWide);
+    EXPECT_EQ(doc.TextWidth(std::string(100000, 'W')), 0);
+    EXPECT_EQ(Why(), RefusalReason::RunTimeFault);
+    doc.Flush();
+  }
+}
+
+}  // namespace
+}  // namespace vellumark::tests
