@@ -65,9 +65,9 @@ struct Paragraph {
   Points width;  ///< of the lines; below 1 for all that is left of the right margin
 };
 
-/// A picture file at the current position.
-struct PictureFile {
-  std::string_view name;  ///< UTF-8
+/// A picture at the current position.
+struct PlacedPicture {
+  layout::PictureSource source;
   AlignmentConstants alignment = AlignmentConstants::NoAlignment;
   std::string_view hyperlink = {};
   EncodingConstants encoding = EncodingConstants::ASCII85;
@@ -105,7 +105,7 @@ class DocumentModel {
   RefusalNote SetAnchor(std::string_view name) noexcept;
 
   // Pictures (picture.cpp).
-  FileNote DrawPicture(const PictureFile& file) noexcept;
+  FileNote DrawPicture(const PlacedPicture& placed) noexcept;
 
   /// The characters that readers do not see as themselves, of what was written since Create.
   [[nodiscard]] layout::LostCharacters& Lost() noexcept { return lost_; }
@@ -243,7 +243,7 @@ class DocumentModel {
   RefusalNote BreakPageIfFull();
 
   // picture.cpp
-  FileNote TryDrawPicture(const PictureFile& file);
+  FileNote TryDrawPicture(const PlacedPicture& placed);
   [[nodiscard]] layout::Size PictureSize(const layout::Size& pixels) const;
 
   /// Who measures and encodes the document's text; made on first use, which loads the widths.

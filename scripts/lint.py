@@ -40,9 +40,9 @@ LONGEST_FILE = 500
 WINDOWS_HEADER = re.compile(r"automation/server/|(platform|include/vellumark)/windows_(?!1252)|tests/windows/")
 # Who may include the headers of other libraries.
 KNOWN_IN = [
-    (re.compile(r"(jpeglib|jerror|gif_lib)\.h"), ("platform/", "bench/")),
+    (re.compile(r"(jpeglib|jerror|gif_lib|png)\.h"), ("platform/", "bench/")),
     (re.compile(r"(pybind11/.*|Python\.h)"), ("python/",)),
-    (re.compile(r"(windows|unknwn|objbase|ole.*|oa.*)\.h"),
+    (re.compile(r"(windows|unknwn|objbase|ole.*|oa.*|wincodec)\.h"),
      ("platform/windows_", "automation/server/", "tests/windows/")),
 ]
 WINDOWS_COMPILER = "x86_64-w64-mingw32-g++-posix"
