@@ -85,13 +85,26 @@ void AddLayoutOptions(CLI::App& app, RawOptions& raw, Options& options) {
       "--no-justify", [&justify] { justify = false; }, "Set paragraphs ragged on the right");
 }
 
+void AddKindOptions(CLI::App& app, Options& options) {
+  TextKind& kind = options.kind;
+  CLI::Option* const plain = app.add_flag_callback(
+      "--plain", [&kind] { kind = TextKind::Plain; },
+      Wrapped("Set the text as it stands, in Courier [default for standard input and names that "
+              "end in .txt, .log, .diff or .patch]"));
+  app.add_flag_callback(
+         "--markdown", [&kind] { kind = TextKind::Markdown; },
+         "Read the text as Markdown [default otherwise]")
+      ->excludes(plain);
+}
+
 void AddPropertyOptions(CLI::App& app, Options& options) {
   const auto add = [&app](const char* name, std::string& value, const std::string& help,
                           const std::string& standard) {
     app.add_option(name, value, Wrapped(help + " [default: " + standard + "]"))->type_name("TEXT");
   };
   Properties& properties = options.properties;
-  add("--title", properties.title, "Title property", "the first title of the text");
+  add("--title", properties.title, "Title property",
+      "the first title, or the name of a plain text");
   add("--author", properties.author, "Author property", "none");
   add("--creator", properties.creator, "Creator property, the origin of the text",
       properties.creator);
@@ -162,11 +175,13 @@ void TakeOutput(const RawOptions& raw, bool output_given, Options& options) {
     options.format = FormatOfEnding(options.output);
   }
   if (output_given) return;
-  if (options.input == "-") throw Failure("standard input needs an output: add -o FILE");
-  std::filesystem::path path(options.input);
+  const std::string& input = options.inputs.front();
+  if (options.inputs.size() > 1) throw Failure("several inputs need an output: add -o FILE");
+  if (input == "-") throw Failure("standard input needs an output: add -o FILE");
+  std::filesystem::path path(input);
   const char* const ending = options.format == Format::Ps ? ".ps" : ".pdf";
   if (path.extension() == ending) {
-    throw Failure(options.input + " would be written over: name another output with -o");
+    throw Failure(input + " would be written over: name another output with -o");
   }
   options.output = path.replace_extension(ending).string();
 }
@@ -178,14 +193,18 @@ std::optional<Options> ParseOptions(int argc, const char* const* argv) {
   options.properties.creator = "vellumark";
   options.properties.producer = "Vellumark " VELLUMARK_VERSION_STRING;
   RawOptions raw;
-  CLI::App app("Typesets a text file in Markdown as a PDF or PostScript document.", "vellumark");
+  CLI::App app("Typesets Markdown or plain text as a PDF or PostScript document.", "vellumark");
   app.footer(std::string(kFooter));
   app.set_version_flag("--version", "vellumark " VELLUMARK_VERSION_STRING,
                        "Print the version and exit");
   app.set_help_flag("-h,--help", "Print this help and exit");
-  app.add_option("INPUT", options.input, "Text file in UTF-8; - reads standard input")
+  app.add_option(
+         "INPUT", options.inputs,
+         "Text files in UTF-8, each of which begins on a page of its own; - reads standard\n"
+         "input")
       ->required()
       ->type_name(" ");
+  AddKindOptions(app, options);
   app.add_option("-o,--output", options.output,
                  "File to write; - is standard output\n[default: INPUT with the ending .pdf or "
                  ".ps, beside it]")
