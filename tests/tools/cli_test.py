@@ -9,6 +9,7 @@ Needs pdftotext, pdfinfo (poppler-utils), mutool, qpdf and Ghostscript.
 import os
 import re
 import resource
+import shutil
 import signal
 import stat
 import subprocess
@@ -440,6 +441,31 @@ class CommandLine(HostTest):
                         b"--classic"):
             self.assertIn(default, told.stdout)
         self.assertRegex(self.run_tool("--version").stdout, rb"\Avellumark \d+\.\d+\.\d+\n\Z")
+
+    def test_the_manual_page_and_completions_have_every_option(self):
+        told = self.run_tool("--help").stdout.decode()
+        names = set(re.findall(r"^  (?:-\w,)?--([\w-]+)", told, re.M))
+        self.assertGreater(len(names), 20)
+        page = self.run_tool("--man").stdout
+        for name in names:
+            self.assertIn(r"\fB\-\-" + name.replace("-", r"\-") + r"\fR", page.decode())
+        if shutil.which("groff"):
+            done = subprocess.run(["groff", "-man", "-Tutf8", "-ww"], input=page, capture_output=True)
+            self.assertEqual((done.returncode, done.stderr), (0, b""))
+        for shell, form in (("bash", "--{} "), ("zsh", "--{}"), ("fish", " -l {} ")):
+            program = self.run_tool("--completion", shell).stdout.decode()
+            self.assertEqual([name for name in names if form.format(name) not in program], [], shell)
+            self.assertIn("a3 a4 a5", program)
+        self.assertIn("bash, zsh, fish", self.refused("--completion", "tcsh"))
+
+    def test_bash_completes_options_values_and_files(self):
+        self.put("notes with blanks.md", "")
+        self.put("completion", self.run_tool("--completion", "bash").stdout)
+        for words, completed in (("--pap", "--paper"), ("--paper le", "ledger\nlegal\nletter"),
+                                 ("--title n", ""), ("-o n", "notes with blanks.md"), ("n", "notes with blanks.md")):
+            program = (f". ./completion; COMP_WORDS=(vellumark {words}); "
+                       "COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _vellumark; printf '%s\\n' \"${COMPREPLY[@]}\"")
+            self.assertEqual(self.reader("bash", "-c", program).decode().strip(), completed, words)
 
 
 if __name__ == "__main__":
