@@ -47,7 +47,7 @@ file(RELATIVE_PATH prefix_from_pkgconfig
 set(pkgconfig_requires "")
 set(pkgconfig_libraries "")
 if(VELLUMARK_PICTURE_DECODERS)
-  set(pkgconfig_requires libjpeg)
+  set(pkgconfig_requires "libjpeg libpng")
   set(pkgconfig_libraries -lgif)  # giflib has no pkg-config file
 endif()
 configure_file(cmake/vellumark.pc.in ${CMAKE_CURRENT_BINARY_DIR}/vellumark.pc @ONLY)

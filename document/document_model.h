@@ -65,9 +65,9 @@ struct Paragraph {
   Points width;  ///< of the lines; below 1 for all that is left of the right margin
 };
 
-/// A picture file at the current position.
-struct PictureFile {
-  std::string_view name;  ///< UTF-8
+/// A picture at the current position.
+struct PlacedPicture {
+  layout::PictureSource source;
   AlignmentConstants alignment = AlignmentConstants::NoAlignment;
   std::string_view hyperlink = {};
   EncodingConstants encoding = EncodingConstants::ASCII85;
@@ -105,7 +105,7 @@ class DocumentModel {
   RefusalNote SetAnchor(std::string_view name) noexcept;
 
   // Pictures (picture.cpp).
-  FileNote DrawPicture(const PictureFile& file) noexcept;
+  FileNote DrawPicture(const PlacedPicture& placed) noexcept;
 
   /// The characters that readers do not see as themselves, of what was written since Create.
   [[nodiscard]] layout::LostCharacters& Lost() noexcept { return lost_; }
@@ -129,12 +129,14 @@ class DocumentModel {
   auto Attempt(const Steps& steps) noexcept -> decltype(steps()) {
     LineBuffer::Mark lines;
     lines_.Here(lines);
+    const std::size_t lost = lost_.Here();
     writer_.Mark();
     try {
       return steps();
     } catch (const std::exception& error) {
       lines_.RollBack(lines);
       writer_.BackToMark();
+      lost_.RollBack(lost);
       return FaultNote(error);
     }
   }
@@ -143,14 +145,16 @@ class DocumentModel {
   /// the page's state is what it was.
   template <class Steps>
   RefusalNote AllOrNothing(const Steps& steps) noexcept {
-    const PageState page = state_;
+    const PageState page = state_;  // NOLINT(cppcoreguidelines-slicing): the rest stays
     const std::size_t held_pages = held_pages_.size();
     LineBuffer::Mark lines;
     lines_.Here(lines);
+    const std::size_t lost = lost_.Here();
     const RefusalNote outcome = Attempt(steps);
     if (outcome) {
       lines_.RollBack(lines);
       writer_.BackToMark();
+      lost_.RollBack(lost);
       static_cast<PageState&>(state_) = page;
       held_pages_.resize(held_pages);
     }
@@ -221,8 +225,8 @@ class DocumentModel {
     Points left;
     Points width;
   };
-  RefusalNote CheckParagraph(const Paragraph& paragraph) const;
-  RefusalNote PlaceParagraph(const Paragraph& paragraph, Column& column) const;
+  [[nodiscard]] RefusalNote CheckParagraph(const Paragraph& paragraph) const;
+  [[nodiscard]] RefusalNote PlaceParagraph(const Paragraph& paragraph, Column& column) const;
   template <class Line>
   void BreakLines(Points width, const Line& line);
   RefusalNote MeasureWords(std::string_view text, const layout::CodeWidths* codes, Points width);
@@ -239,7 +243,7 @@ class DocumentModel {
   RefusalNote BreakPageIfFull();
 
   // picture.cpp
-  FileNote TryDrawPicture(const PictureFile& file);
+  FileNote TryDrawPicture(const PlacedPicture& placed);
   [[nodiscard]] layout::Size PictureSize(const layout::Size& pixels) const;
 
   /// Who measures and encodes the document's text; made on first use, which loads the widths.

@@ -5,6 +5,7 @@
 
 #include "document/document_model.h"
 #include "layout/alignment.h"
+#include "layout/picture_alpha.h"
 #include "layout/resize.h"
 
 namespace vellumark::document {
@@ -16,19 +17,26 @@ EncodingConstants LastEncoding(const State& state) {
                                                    : EncodingConstants::Original;
 }
 
-}  // namespace
-
-FileNote DocumentModel::DrawPicture(const PictureFile& file) noexcept {
-  return Attempt([&] { return TryDrawPicture(file); });
+/// White before Create, when the page has no color.
+layout::Rgb PaperColor(const State& state) {
+  layout::Rgb color = {255, 255, 255};
+  if (!state.page_color.view().empty()) layout::ParseColor(state.page_color.view(), color);
+  return color;
 }
 
-FileNote DocumentModel::TryDrawPicture(const PictureFile& file) {
-  if (!layout::IsAlignment(file.alignment)) {
-    return RefusalNote{RefusalReason::InvalidAlignment, static_cast<std::int32_t>(file.alignment)};
+}  // namespace
+
+FileNote DocumentModel::DrawPicture(const PlacedPicture& placed) noexcept {
+  return Attempt([&] { return TryDrawPicture(placed); });
+}
+
+FileNote DocumentModel::TryDrawPicture(const PlacedPicture& placed) {
+  if (!layout::IsAlignment(placed.alignment)) {
+    return RefusalNote{RefusalReason::InvalidAlignment, static_cast<std::int32_t>(placed.alignment)};
   }
   const EncodingConstants last = LastEncoding(state_);
-  if (file.encoding < EncodingConstants::ASCII85 || file.encoding > last) {
-    return RefusalNote{RefusalReason::InvalidEncoding, static_cast<std::int32_t>(file.encoding),
+  if (placed.encoding < EncodingConstants::ASCII85 || placed.encoding > last) {
+    return RefusalNote{RefusalReason::InvalidEncoding, static_cast<std::int32_t>(placed.encoding),
                        static_cast<std::int32_t>(last)};
   }
   if (const RefusalNote refused = CheckPage()) return refused;
@@ -36,11 +44,12 @@ FileNote DocumentModel::TryDrawPicture(const PictureFile& file) {
   std::string reason;
   const auto deep = state_.oddities.DeepSamplesStayAsTheyAre() ? layout::DeepSamples::AsTheyAre
                                                                : layout::DeepSamples::TrueColor;
-  const bool original = file.encoding == EncodingConstants::Original &&
-                        layout::LoadOriginal(platform_, file.name, picture);
-  if (!original && !layout::LoadPicture(platform_, file.name, deep, picture, reason)) {
-    return {RefusalReason::PictureNotLoaded, std::string(file.name) + ": " + reason};
+  const bool original = placed.encoding == EncodingConstants::Original &&
+                        layout::LoadOriginal(platform_, placed.source, picture);
+  if (!original && !layout::LoadPicture(platform_, placed.source, deep, picture, reason)) {
+    return {RefusalReason::PictureNotLoaded, layout::NameOf(placed.source) + ": " + reason};
   }
+  if (!picture.alpha.empty() && !writer_.HasSoftMasks()) ComposeOver(PaperColor(state_), picture);
   const layout::Size size = PictureSize({picture.width, picture.height});
   const Points y = state_.Y();
   // From where it stands now, also if it is going to be aligned.
@@ -52,18 +61,19 @@ FileNote DocumentModel::TryDrawPicture(const PictureFile& file) {
     if (!state_.page_open) refused.reason = RefusalReason::NoPage;
     return refused;
   }
-  const Pieces pieces = {.links = file.hyperlink.empty() ? 0 : 1,
+  const Pieces pieces = {.links = placed.hyperlink.empty() ? 0 : 1,
                          .images = 1,
-                         .palettes = picture.HasPalette() ? 1 : 0};
+                         .palettes = picture.HasPalette() ? 1 : 0,
+                         .soft_masks = picture.alpha.empty() ? 0 : 1};
   if (const RefusalNote refused = writer_.RoomFor(pieces)) return refused;
 
-  const bool aligned = file.alignment != AlignmentConstants::NoAlignment;
+  const bool aligned = placed.alignment != AlignmentConstants::NoAlignment;
   const Points x =
-      aligned ? layout::GetAlignmentOffset(state_.UsableWidth(), size.width, file.alignment)
+      aligned ? layout::GetAlignmentOffset(state_.UsableWidth(), size.width, placed.alignment)
               : state_.position_x;
-  writer_.DrawImage(picture, {OnPage(x, y), size.width, size.height, file.encoding});
-  if (!file.hyperlink.empty()) {
-    writer_.WriteLink(file.hyperlink, OnPage(x, y), OnPage(x + size.width, y + size.height));
+  writer_.DrawImage(picture, {OnPage(x, y), size.width, size.height, placed.encoding});
+  if (!placed.hyperlink.empty()) {
+    writer_.WriteLink(placed.hyperlink, OnPage(x, y), OnPage(x + size.width, y + size.height));
   }
   state_.position_y = state_.position_y - size.height;
   state_.position_x = state_.line_start_x;

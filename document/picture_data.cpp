@@ -19,38 +19,37 @@ using Bytes = std::span<const std::uint8_t>;
 /// What is compressed both ways to see which is smaller: whole rows from the middle of the picture.
 constexpr std::size_t kTrial = std::size_t{128} << 10U;
 
-std::size_t RowSize(const layout::Picture& picture) {
-  return picture.samples.size() / static_cast<std::size_t>(picture.height);
-}
+/// Rows of samples.
+struct Samples {
+  Bytes bytes;
+  std::size_t height = 0;
+  std::size_t pixel = 0;  ///< bytes
 
-std::size_t PixelSize(const layout::Picture& picture) {
-  return std::max(1, picture.bits_per_pixel / 8);
-}
+  [[nodiscard]] std::size_t RowSize() const { return bytes.size() / height; }
+};
 
 std::string Compressed(Bytes bytes) {
   return encoding::EncodeStream(bytes, EncodingConstants::Flate);
 }
 
 /// The samples of a picture that was cut down for a trial, or of all of it.
-Bytes TrialRows(const layout::Picture& picture) {
-  const std::size_t row = RowSize(picture);
-  const auto height = static_cast<std::size_t>(picture.height);
-  const std::size_t rows = std::clamp<std::size_t>(kTrial / row, 1, height);
-  return Bytes(picture.samples).subspan((height - rows) / 2 * row, rows * row);
+Bytes TrialRows(const Samples& samples) {
+  const std::size_t row = samples.RowSize();
+  const std::size_t rows = std::clamp<std::size_t>(kTrial / row, 1, samples.height);
+  return samples.bytes.subspan((samples.height - rows) / 2 * row, rows * row);
 }
 
-PictureData EncodeFlate(const layout::Picture& picture) {
-  const std::size_t row = RowSize(picture);
-  const std::size_t pixel = PixelSize(picture);
-  const Bytes trial = TrialRows(picture);
-  const bool whole = trial.size() == picture.samples.size();
+PictureData EncodeFlate(const Samples& samples) {
+  const std::size_t row = samples.RowSize();
+  const Bytes trial = TrialRows(samples);
+  const bool whole = trial.size() == samples.bytes.size();
   std::string plain = Compressed(trial);
-  std::string predicted = Compressed(encoding::PredictedRows(trial, row, pixel).Bytes());
+  std::string predicted = Compressed(encoding::PredictedRows(trial, row, samples.pixel).Bytes());
   const bool predict = predicted.size() < plain.size();
   if (whole) return {EncodingConstants::Flate, predict, predict ? predicted : plain};
-  if (!predict) return {EncodingConstants::Flate, false, Compressed(picture.samples)};
+  if (!predict) return {EncodingConstants::Flate, false, Compressed(samples.bytes)};
   return {EncodingConstants::Flate, true,
-          Compressed(encoding::PredictedRows(picture.samples, row, pixel).Bytes())};
+          Compressed(encoding::PredictedRows(samples.bytes, row, samples.pixel).Bytes())};
 }
 
 }  // namespace
@@ -72,10 +71,19 @@ PictureData EncodePicture(const layout::Picture& picture, EncodingConstants enco
       data.bytes = encoding::EncodePackedRuns(picture.samples);
       break;
     case EncodingConstants::Flate:
-    case EncodingConstants::Original: data = EncodeFlate(picture); break;
+    case EncodingConstants::Original: 
+      data = EncodeFlate({picture.samples, static_cast<std::size_t>(picture.height),
+                          static_cast<std::size_t>(std::max(1, picture.bits_per_pixel / 8))});
+      break;
     default: data.bytes = encoding::EncodeStream(picture.samples, encoding);
   }
   if (data.bytes.empty()) throw RunTimeError(RunTimeError::Overflow);  // beyond 2^31 - 1 bytes
+  return data;
+}
+
+PictureData EncodeAlpha(const layout::Picture& picture) {
+  PictureData data = EncodeFlate({picture.alpha, static_cast<std::size_t>(picture.height), 1});
+  if (data.bytes.empty()) throw RunTimeError(RunTimeError::Overflow);
   return data;
 }
 

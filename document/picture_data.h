@@ -28,4 +28,7 @@ struct PictureData {
 [[nodiscard]] PictureData EncodePicture(const layout::Picture& picture, EncodingConstants encoding,
                                         const Oddities& oddities);
 
+/// The alpha of a picture that has one, as EncodePicture does gray samples of 8 bits under Flate.
+[[nodiscard]] PictureData EncodeAlpha(const layout::Picture& picture);
+
 }  // namespace vellumark::document

@@ -99,7 +99,7 @@ void DocumentModel::WriteRunningHead(std::string_view text, int top, std::int32_
 
 RefusalNote DocumentModel::WriteHeldPlaces() noexcept {
   const std::int32_t pages = state_.pages_ended;
-  const PageState page_state = state_;
+  const PageState page_state = state_;  // NOLINT(cppcoreguidelines-slicing): the rest stays
   RefusalNote first;
   for (std::size_t i = 0; i < held_pages_.size(); ++i) {
     const HeldPage& page = held_pages_[i];

@@ -45,6 +45,7 @@ struct Pieces {
   std::int64_t pages = 0;  ///< page changes: the end of one page and the start of the next
   std::int64_t images = 0;
   std::int64_t palettes = 0;
+  std::int64_t soft_masks = 0;
   std::int64_t bookmarks = 0;
 };
 
@@ -67,6 +68,9 @@ class Writer {
 
   /// Whether a Create that cannot create its file leaves the document that was open as it is.
   [[nodiscard]] virtual bool KeepsFileWhenCreateFails() const { return true; }
+
+  /// Whether a picture may have transparency; otherwise the page's color shows through it.
+  [[nodiscard]] virtual bool HasSoftMasks() const { return false; }
 
   /// Refuses pieces if the page and the document could not be finished after them.
   [[nodiscard]] virtual RefusalNote RoomFor(const Pieces& /*pieces*/) const { return {}; }

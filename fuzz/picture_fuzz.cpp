@@ -9,6 +9,7 @@
 #include <vellumark/run_time_error.h>
 
 #include "layout/picture.h"
+#include "layout/picture_alpha.h"
 
 using vellumark::layout::Picture;
 
@@ -27,6 +28,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
   } catch (const vellumark::RunTimeError&) {
     return 0;  // a row that is too long
+  }
+  if (!picture.alpha.empty()) {
+    const auto width = static_cast<std::size_t>(picture.width);
+    if (picture.alpha.size() != width * static_cast<std::size_t>(picture.height)) std::abort();
+    vellumark::layout::ComposeOver({1, 2, 3}, picture);
   }
   // Reads every byte, so that a sanitizer finds one that was never written.
   std::uint32_t sum = 0;

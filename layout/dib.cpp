@@ -17,10 +17,13 @@ bool IsDepth(int bits) {
 
 /// A host's own platform is not trusted to have counted right.
 bool IsWhole(const Bitmap& bitmap) {
+  const auto pixel_count = static_cast<std::size_t>(bitmap.width) *
+                           static_cast<std::size_t>(bitmap.height);
   return bitmap.width >= 1 && bitmap.height >= 1 && bitmap.width <= kGreatestSide &&
          bitmap.height <= kGreatestSide && IsDepth(bitmap.bits_per_pixel) &&
          bitmap.palette.size() == PaletteCount(bitmap.bits_per_pixel) &&
-         bitmap.pixels.size() == bitmap.RowSize() * static_cast<std::size_t>(bitmap.height);
+         bitmap.pixels.size() == bitmap.RowSize() * static_cast<std::size_t>(bitmap.height) &&
+         (bitmap.alpha.empty() || bitmap.alpha.size() == pixel_count);
 }
 
 }  // namespace
@@ -35,9 +38,9 @@ bool Dib::Create(std::int16_t width, std::int16_t height, std::uint8_t bit_count
   return true;
 }
 
-bool Dib::Load(Platform& platform, std::string_view file, std::string& reason) {
+bool Dib::Load(Platform& platform, const PictureSource& source, std::string& reason) {
   Bitmap loaded;
-  if (!platform.DecodePicture(file, loaded, reason)) return false;
+  if (!Decode(platform, source, loaded, reason)) return false;
   if (bitmap_.width > 0 || !IsWhole(loaded)) {
     reason = "no bitmap can be made of it";
     return false;

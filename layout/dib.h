@@ -20,6 +20,8 @@
 #include <vellumark/bitmap.h>
 #include <vellumark/platform.h>
 
+#include "layout/picture_source.h"
+
 namespace vellumark::layout {
 
 class Dib {
@@ -29,8 +31,8 @@ class Dib {
   bool Create(std::int16_t width, std::int16_t height, std::uint8_t bit_count);
 
   /// Takes the bitmap of a picture file. Returns false, with a `reason`, if the platform cannot
-  /// decode the file, or returns pixels or a palette that do not match its size and depth.
-  bool Load(Platform& platform, std::string_view file, std::string& reason);
+  /// decode the file, or returns pixels, a palette or an alpha that do not match its size and depth.
+  bool Load(Platform& platform, const PictureSource& source, std::string& reason);
 
   /// Forgets the bitmap, if there is one.
   void Destroy() noexcept { bitmap_ = {}; }
@@ -53,6 +55,14 @@ class Dib {
 
   /// The stored rows, from the bottom of the picture upwards.
   [[nodiscard]] std::span<const std::uint8_t> Pixels() const noexcept { return bitmap_.pixels; }
+
+  /// How opaque each pixel is, in the order of the rows; empty if all are opaque.
+  [[nodiscard]] std::span<const std::uint8_t> Alpha() const noexcept { return bitmap_.alpha; }
+
+  /// Moves the alpha out; the bitmap is opaque then.
+  [[nodiscard]] std::vector<std::uint8_t> TakeAlpha() noexcept {
+    return std::exchange(bitmap_.alpha, {});
+  }
 
   /// Moves the stored rows out; no bitmap is left.
   [[nodiscard]] std::vector<std::uint8_t> TakePixels() noexcept {

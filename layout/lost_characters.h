@@ -7,6 +7,7 @@
 //     lost.Text();                      // "бд": each once, in the order of their appearance
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -23,6 +24,12 @@ class LostCharacters {
   }
 
   void Clear() noexcept;
+
+  /// A place to go back to.
+  [[nodiscard]] std::size_t Here() const noexcept { return text_.size(); }
+
+  /// Forgets what was added since Here() returned `place`.
+  void RollBack(std::size_t place) noexcept;
 
   [[nodiscard]] bool Empty() const noexcept { return text_.empty(); }
 

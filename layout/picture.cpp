@@ -12,13 +12,18 @@
 namespace vellumark::layout {
 namespace {
 
+/// Rows without a palette are counted in 16 bits.
+void CheckRowLength(std::size_t length) {
+  if (length > std::numeric_limits<std::int16_t>::max()) {
+    throw RunTimeError(RunTimeError::Overflow);
+  }
+}
+
 std::size_t RowLength(const Dib& dib) {
   const auto width = static_cast<std::size_t>(dib.ImageWidth());
   if (dib.BitsPerPixel() > 8) {
     const std::size_t length = width * (dib.BitsPerPixel() / 8U);
-    if (length > std::numeric_limits<std::int16_t>::max()) {
-      throw RunTimeError(RunTimeError::Overflow);
-    }
+    CheckRowLength(length);
     return length;
   }
   const std::size_t pixels_per_byte = 8U / dib.BitsPerPixel();
@@ -111,15 +116,20 @@ void ShiftFirstBytes(std::span<std::uint8_t> row, std::uint8_t& pushed_out) noex
   pushed_out = from_right;
 }
 
-bool LoadPicture(Platform& platform, std::string_view file, DeepSamples deep, Picture& picture,
-                 std::string& reason) {
+bool LoadPicture(Platform& platform, const PictureSource& source, DeepSamples deep,
+                 Picture& picture, std::string& reason) {
   Dib dib;
-  if (!dib.Load(platform, file, reason)) return false;
+  if (!dib.Load(platform, source, reason)) return false;
+  const bool opaque = dib.Alpha().empty();
+  if (!opaque && deep == DeepSamples::AsTheyAre) {
+    CheckRowLength(3 * static_cast<std::size_t>(dib.ImageWidth()));
+  }
   picture.width = dib.ImageWidth();
   picture.height = dib.ImageHeight();
   picture.bits_per_pixel = dib.BitsPerPixel();
+  picture.alpha = dib.TakeAlpha();
   if (picture.HasPalette()) TakePalette(dib, picture);
-  if (deep == DeepSamples::TrueColor && picture.bits_per_pixel > 8) {
+  if (picture.bits_per_pixel > 8 && (deep == DeepSamples::TrueColor || !opaque)) {
     TakeTrueColor(dib, picture);
   } else {
     TakeSamples(dib, picture);
@@ -127,11 +137,19 @@ bool LoadPicture(Platform& platform, std::string_view file, DeepSamples deep, Pi
   return true;
 }
 
-bool LoadOriginal(Platform& platform, std::string_view file, Picture& picture) {
+bool LoadOriginal(Platform& platform, const PictureSource& source, Picture& picture) {
   std::vector<std::uint8_t> bytes;
-  std::string reason;
-  if (!platform.ReadPicture(file, bytes, reason)) return false;
-  const std::optional<JpegHeader> header = ReadJpegHeader(bytes);
+  std::optional<JpegHeader> header;
+  if (const auto* const file = std::get_if<std::string_view>(&source)) {
+    std::string reason;
+    if (!platform.ReadPicture(*file, bytes, reason)) return false;
+    header = ReadJpegHeader(bytes);
+  } else {
+    const auto given = std::get<std::span<const std::uint8_t>>(source);
+    if (given.size() > std::numeric_limits<std::int32_t>::max()) return false;
+    header = ReadJpegHeader(given);
+    if (header) bytes.assign(given.begin(), given.end());
+  }
   if (!header) return false;
   picture.width = header->width;
   picture.height = header->height;

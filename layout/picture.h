@@ -5,7 +5,7 @@
 //     Picture picture;
 //     std::string reason;
 //     if (!LoadPicture(platform, "logo.bmp", DeepSamples::AsTheyAre, picture, reason)) ...
-//     if (!LoadOriginal(platform, "photo.jpg", picture, reason)) ...        // the file's own bytes
+//     if (!LoadOriginal(platform, "photo.jpg", picture)) ...                // the file's own bytes
 //
 // Samples are the picture's rows from the bottom upwards, without padding:
 //
@@ -14,17 +14,20 @@
 //     16               none                         2 bytes a pixel, see ShiftFirstBytes
 //     24               none                         red, green, blue
 //     32               none                         red, green, blue, the fourth byte as it was
+//
+// A picture with transparency has a palette or 24 bits, and beside its samples the alpha: one byte
+// a pixel, 255 for an opaque one, its rows in the order of the samples'.
 #pragma once
 
 #include <cstdint>
 #include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include <vellumark/platform.h>
 
 #include "layout/jpeg_header.h"
+#include "layout/picture_source.h"
 
 namespace vellumark::layout {
 
@@ -40,6 +43,7 @@ struct Picture {
   std::uint8_t bits_per_pixel = 0;
   std::vector<std::uint8_t> palette;  ///< at 8 bits per pixel or fewer
   std::vector<std::uint8_t> samples;
+  std::vector<std::uint8_t> alpha;  ///< width x height; empty if the picture is opaque
 
   /// Instead of samples: a whole JPG file, and what its header says.
   std::vector<std::uint8_t> original;
@@ -50,13 +54,14 @@ struct Picture {
 
 /// Returns false, with a `reason` and `picture` unchanged, if the platform cannot load the file.
 /// With samples as they are, rows are counted in 16 bits: one of more than 32,767 bytes, such as
-/// 10,923 pixels of 24 bits, raises run-time error 6 unless it has a palette.
-bool LoadPicture(Platform& platform, std::string_view file, DeepSamples deep, Picture& picture,
-                 std::string& reason);
+/// 10,923 pixels of 24 bits, raises run-time error 6 unless it has a palette. A picture with
+/// transparency always counts as one of 24 bits there, which it becomes on its page.
+bool LoadPicture(Platform& platform, const PictureSource& source, DeepSamples deep,
+                 Picture& picture, std::string& reason);
 
 /// Takes the bytes of a JPG file that every reader understands, and its size. Returns false, with
 /// `picture` unchanged, for any other file, and if the platform does not read it.
-bool LoadOriginal(Platform& platform, std::string_view file, Picture& picture);
+bool LoadOriginal(Platform& platform, const PictureSource& source, Picture& picture);
 
 /// What becomes of a row at 16 bits per pixel, on purpose: the exchange of a pixel's first and
 /// third byte, made for three bytes a pixel, moves the first byte of every pixel one pixel to the

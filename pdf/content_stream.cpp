@@ -25,7 +25,8 @@ RefusalNote PdfWriter::RoomFor(const Pieces& pieces) const {
   // A conforming document ends with its fonts and the nodes of its page tree.
   const std::int64_t more = streams ? 0 : 100 + objects_.table.Count() / 16;
   const std::int64_t needed = per_mark * pieces.marks + pieces.links + per_image * pieces.images +
-                              per_palette * pieces.palettes + per_page * pieces.pages;
+                              per_palette * pieces.palettes + pieces.soft_masks +
+                              per_page * pieces.pages;
   const std::int64_t left = objects_.table.Left() - to_finish - more;
   if (needed <= left) return {};
   return {RefusalReason::NoObjectNumbersLeft, 0, static_cast<std::int32_t>(left)};

@@ -16,7 +16,8 @@
 //                                    endobj
 //
 // In a conforming document the length and the palette stand in the image's dictionary, and a
-// picture that was drawn before is the same image again.
+// picture that was drawn before is the same image again. One with transparency has a soft mask, a
+// gray image of its own, and makes the document one of version 1.4.
 //
 // Samples begin with the bottom row. The unit square of the image is mapped downwards from its
 // place (the negative fourth number of "cm"), so that this row comes to lie at the bottom. A JPG's
@@ -52,11 +53,13 @@ std::array<std::uint8_t, 16> KeyOf(const layout::Picture& picture, EncodingConst
   const std::string kind = std::to_string(picture.width) + ' ' + std::to_string(picture.height) +
                            ' ' + std::to_string(picture.bits_per_pixel) + ' ' +
                            std::to_string(static_cast<int>(encoding)) + ' ' +
-                           std::to_string(picture.original.size());
+                           std::to_string(picture.original.size()) + ' ' +
+                           std::to_string(picture.alpha.size());
   hash.Add(kind);
   hash.Add(AsText(picture.palette));
   hash.Add(AsText(picture.samples));
   hash.Add(AsText(picture.original));
+  hash.Add(AsText(picture.alpha));
   return hash.Value();
 }
 
@@ -100,8 +103,9 @@ std::size_t PdfWriter::ImageOf(const layout::Picture& picture, EncodingConstants
   }
   const std::size_t index = objects_.images.size();
   document::PictureData data = document::EncodePicture(picture, encoding, state_.oddities);
+  const int soft_mask = picture.alpha.empty() ? 0 : WriteSoftMask(picture);
   const int image = BeginObject();
-  WriteImageDictionary(image, picture, data);
+  WriteImageDictionary(image, picture, data, soft_mask);
   lines_.Append("stream");
   lines_.AppendOwned(std::move(data.bytes));
   lines_.Append("endstream");
@@ -111,11 +115,33 @@ std::size_t PdfWriter::ImageOf(const layout::Picture& picture, EncodingConstants
   objects_.image_keys.push_back(key);
   objects_.images.push_back(image);
   if (picture.jpeg.progressive) least_version_ = std::max(least_version_, 3);
+  if (soft_mask != 0) least_version_ = std::max(least_version_, 4);
   return index;
 }
 
+/// How opaque each pixel is, as a gray picture of the same size. Returns its object.
+int PdfWriter::WriteSoftMask(const layout::Picture& picture) {
+  document::PictureData data = document::EncodeAlpha(picture);
+  const int number = BeginObject();
+  lines_.Append("<<");
+  lines_.Append("/Type /XObject");
+  lines_.Append("/Subtype /Image");
+  lines_.Append("/Width ", picture.width);
+  lines_.Append("/Height ", picture.height);
+  lines_.Append("/BitsPerComponent 8");
+  lines_.Append("/ColorSpace /DeviceGray");
+  WriteFilter(data, {1, 8, picture.width});
+  lines_.Append("/Length ", data.bytes.size());
+  lines_.Append(">>");
+  lines_.Append("stream");
+  lines_.AppendOwned(std::move(data.bytes));
+  lines_.Append("endstream");
+  lines_.Append("endobj");
+  return number;
+}
+
 void PdfWriter::WriteImageDictionary(int image, const layout::Picture& picture,
-                                     const document::PictureData& data) {
+                                     const document::PictureData& data, int soft_mask) {
   const bool classic = state_.oddities.EachMarkIsAStream();
   lines_.Append("<<");
   lines_.Append("/Type /XObject");
@@ -139,18 +165,23 @@ void PdfWriter::WriteImageDictionary(int image, const layout::Picture& picture,
     lines_.Append("/BitsPerComponent 8");
     lines_.Append("/ColorSpace /DeviceRGB");
   }
-  lines_.Append("/Filter ", FilterName(data.filter));
-  if (data.predicted) {
-    const bool colors = picture.bits_per_pixel == 24;
-    lines_.Append("/DecodeParms << /Predictor 15 /Colors ", colors ? 3 : 1, " /BitsPerComponent ",
-                  colors ? 8 : picture.bits_per_pixel, " /Columns ", picture.width, " >>");
-  }
+  if (soft_mask != 0) lines_.Append("/SMask ", Reference{soft_mask});
+  const bool colors = picture.bits_per_pixel == 24;
+  WriteFilter(data, {colors ? 3 : 1, colors ? 8 : picture.bits_per_pixel, picture.width});
   if (classic) {
     lines_.Append("/Length ", Reference{image + 1});
   } else {
     lines_.Append("/Length ", data.bytes.size());
   }
   lines_.Append(">>");
+}
+
+/// The filter of a picture's data, and the rows that it predicted.
+void PdfWriter::WriteFilter(const document::PictureData& data, const RowOfSamples& row) {
+  lines_.Append("/Filter ", FilterName(data.filter));
+  if (!data.predicted) return;
+  lines_.Append("/DecodeParms << /Predictor 15 /Colors ", row.colors, " /BitsPerComponent ",
+                row.bits, " /Columns ", row.columns, " >>");
 }
 
 void PdfWriter::WriteJpegColors(const layout::JpegHeader& jpeg) {

@@ -52,6 +52,7 @@ class PdfWriter final : public document::Writer {
   };
   Properties properties;
 
+  [[nodiscard]] bool HasSoftMasks() const override { return !state_.oddities.EachMarkIsAStream(); }
   [[nodiscard]] document::RefusalNote RoomFor(const document::Pieces& pieces) const override;
   void Mark() noexcept override;
   void BackToMark() noexcept override;
@@ -137,6 +138,7 @@ class PdfWriter final : public document::Writer {
     std::vector<HeldPlace> held_places;
     std::vector<Bookmark> bookmarks;
     std::array<bool, document::kFontResources> fonts_used{};
+    bool codes_beyond_ascii = false;  // in a text of a conforming document
   };
 
   /// How far the lists of Objects reached.
@@ -174,7 +176,7 @@ class PdfWriter final : public document::Writer {
   void WriteClassicFonts();
   [[nodiscard]] std::string WriteUsedFonts();
   int WriteEncoding(layout::TextEncoding encoding);
-  void WriteWidths(int font, int descriptor);
+  void WriteWidths(int font, layout::TextEncoding encoding, int descriptor);
   void WriteDescriptor(int font);
 
   // pages.cpp
@@ -191,7 +193,14 @@ class PdfWriter final : public document::Writer {
   // image.cpp
   std::size_t ImageOf(const layout::Picture& picture, EncodingConstants encoding);
   void WriteImageDictionary(int image, const layout::Picture& picture,
-                            const document::PictureData& data);
+                            const document::PictureData& data, int soft_mask = 0);
+  int WriteSoftMask(const layout::Picture& picture);
+  struct RowOfSamples {
+    int colors = 1;
+    int bits = 8;
+    int columns = 0;
+  };
+  void WriteFilter(const document::PictureData& data, const RowOfSamples& row);
   void WriteJpegColors(const layout::JpegHeader& jpeg);
   int BeginStreamObject(EncodingConstants encoding);
   void WriteEncodedStream(std::string bytes);

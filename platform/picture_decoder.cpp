@@ -9,7 +9,7 @@ namespace {
 #if defined(VELLUMARK_PICTURE_DECODERS)
 constexpr bool kWithLibraries = true;
 #else
-constexpr bool kWithLibraries = false;  // then DecodeGif and DecodeJpeg do not exist
+constexpr bool kWithLibraries = false;  // then the decoders that need one do not exist
 #endif
 
 std::string_view DecodeAny(std::span<const std::uint8_t> file, std::int64_t greatest,
@@ -22,6 +22,9 @@ std::string_view DecodeAny(std::span<const std::uint8_t> file, std::int64_t grea
     case PictureKind::Jpeg:
       if constexpr (kWithLibraries) return DecodeJpeg(file, greatest, bitmap);
       return "this build cannot read JPG files";
+    case PictureKind::Png:
+      if constexpr (kWithLibraries) return DecodePng(file, greatest, bitmap);
+      return "this build cannot read PNG files";
     case PictureKind::Unknown: break;
   }
   return kUnknownPicture;
@@ -32,6 +35,7 @@ std::string_view DecodeAny(std::span<const std::uint8_t> file, std::int64_t grea
 std::string_view DecodePicture(std::span<const std::uint8_t> file, std::int64_t greatest,
                                Bitmap& bitmap) {
   bitmap = {};
+  if (file.size() > static_cast<std::uint64_t>(kGreatestFile)) return kLargerThan2Gb;
   const std::string_view why_not = DecodeAny(file, greatest, bitmap);
   if (!why_not.empty()) bitmap = {};
   return why_not;

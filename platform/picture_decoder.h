@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// DecodePicture: a BMP, GIF or JPG file, in memory, as a Bitmap.
+// DecodePicture: a BMP, GIF, JPG or PNG file, in memory, as a Bitmap.
 //
 //     Bitmap bitmap;
 //     const std::string_view why_not = DecodePicture(bytes, kGreatestPicture, bitmap);
@@ -12,6 +12,7 @@
 //     BMP   1, 4, 8, 16, 24, 32 bits at their own depth                      bmp_decoder.cpp
 //     GIF   the first frame, 8 bits                                          gif_decoder.cpp
 //     JPG   24 bits, whatever the file's colors                              jpeg_decoder.cpp
+//     PNG   1, 4, 8 or 24 bits, and alpha                                    png_decoder.cpp
 //
 // A build without VELLUMARK_PICTURE_DECODERS reads BMP files only and says so of the other kinds.
 #pragma once
@@ -36,5 +37,7 @@ namespace vellumark::platform {
                                          Bitmap& bitmap);
 [[nodiscard]] std::string_view DecodeJpeg(std::span<const std::uint8_t> file, std::int64_t greatest,
                                           Bitmap& bitmap);
+[[nodiscard]] std::string_view DecodePng(std::span<const std::uint8_t> file, std::int64_t greatest,
+                                         Bitmap& bitmap);
 
 }  // namespace vellumark::platform

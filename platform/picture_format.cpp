@@ -15,6 +15,7 @@ PictureKind PictureKindOf(std::span<const std::uint8_t> file) noexcept {
   if (starts_with("BM")) return PictureKind::Bmp;
   if (starts_with("GIF87a") || starts_with("GIF89a")) return PictureKind::Gif;
   if (starts_with("\xFF\xD8\xFF")) return PictureKind::Jpeg;
+  if (starts_with("\x89PNG\r\n\x1A\n")) return PictureKind::Png;
   return PictureKind::Unknown;
 }
 

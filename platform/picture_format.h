@@ -21,12 +21,13 @@ inline constexpr std::int64_t kGreatestPicture = std::numeric_limits<std::int32_
 inline constexpr std::int64_t kGreatestFile = std::numeric_limits<std::int32_t>::max();
 
 /// Reasons that more than one decoder or platform gives.
-inline constexpr std::string_view kUnknownPicture = "not a BMP, GIF or JPG file";
+inline constexpr std::string_view kUnknownPicture = "not a BMP, GIF, JPG or PNG file";
 inline constexpr std::string_view kNotRegular = "not a regular file";
 inline constexpr std::string_view kLargerThan2Gb = "the file is larger than 2 GB";
 inline constexpr std::string_view kCutOff = "the pixel data is cut off";
+inline constexpr std::string_view kDamagedPng = "the PNG file is damaged";
 
-enum class PictureKind : std::uint8_t { Unknown, Bmp, Gif, Jpeg };
+enum class PictureKind : std::uint8_t { Unknown, Bmp, Gif, Jpeg, Png };
 
 [[nodiscard]] PictureKind PictureKindOf(std::span<const std::uint8_t> file) noexcept;
 

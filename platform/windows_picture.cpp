@@ -8,6 +8,7 @@
 #include <olectl.h>
 
 #include "platform/picture_format.h"
+#include "platform/windows_png.h"
 
 namespace vellumark::platform {
 namespace {
@@ -107,7 +108,12 @@ bool CopyPixels(HBITMAP handle, Bitmap& bitmap) {
 std::string_view LoadWindowsPicture(std::span<const std::uint8_t> file, std::int64_t greatest,
                                     Bitmap& bitmap) {
   bitmap = {};
-  if (PictureKindOf(file) == PictureKind::Unknown) return kUnknownPicture;
+  if (file.size() > static_cast<std::uint64_t>(kGreatestFile)) return kLargerThan2Gb;
+  switch (PictureKindOf(file)) {
+    case PictureKind::Unknown: return kUnknownPicture;
+    case PictureKind::Png: return LoadWindowsPng(file, greatest, bitmap);
+    default: break;
+  }
   const Stream stream = StreamOf(file);
   const Picture picture = Load(*stream, file.size());
   if (picture == nullptr) return "the system's picture loader cannot read it";

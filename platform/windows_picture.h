@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// LoadWindowsPicture: a BMP, GIF or JPG file, in memory, through the system's picture loader.
+// LoadWindowsPicture: a BMP, GIF, JPG or PNG file, in memory, through the system's picture
+// loader, or for PNG through its imaging component (windows_png.h).
 //
 // The loader opens icons and metafiles too; a document has no use for them, so the file's first
 // bytes are looked at before. The depth of the result is the loader's choice: a GIF or JPG comes

@@ -4,7 +4,7 @@
 //
 //     vellumark: "?" stands for 1 character that the fonts lack: U+65E5; the first is at line 3,
 //     column 5
-//     vellumark: picture logo.png at line 7, column 1: not a BMP, GIF or JPG file
+//     vellumark: picture logo.png at line 7, column 1: not a BMP, GIF, JPG or PNG file
 #pragma once
 
 #include <iosfwd>

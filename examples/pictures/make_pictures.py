@@ -5,11 +5,12 @@ the logo of the invoice.
 
 usage: make_pictures.py          (needs python3-pil, for GIF and JPG)
 
-BMP files are written byte by byte, so that every depth and header can be made.
+BMP and PNG files are written byte by byte, so that every depth and header can be made.
 """
 import math
 import pathlib
 import struct
+import zlib
 
 from PIL import Image, ImageDraw
 
@@ -48,6 +49,24 @@ def bmp(name, bits, rows, palette=(), compression=0, masks=(), top_down=False):
     info = struct.pack("<IiiHHIIiiII", 40, WIDTH, -HEIGHT if top_down else HEIGHT, 1, bits,
                        compression, len(data), 2835, 2835, len(palette), 0)
     (HERE / name).write_bytes(head + info + extra + colors + data)
+
+
+def png(name, colors, rows):
+    """Writes a PNG file of 8 bits a sample without filters; `rows` are the rows as bytes."""
+    def chunk(kind, data):
+        return struct.pack(">I", len(data)) + kind + data + struct.pack(">I",
+                                                                        zlib.crc32(kind + data))
+
+    head = struct.pack(">IIBBBBB", WIDTH, HEIGHT, 8, colors, 0, 0, 0)
+    data = zlib.compress(b"".join(b"\0" + row for row in rows), 9)
+    (HERE / name).write_bytes(b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", head) + chunk(b"IDAT", data)
+                              + chunk(b"IEND", b""))
+
+
+def opacity(x, y):
+    """Opaque in the middle, and less and less from there to the corners."""
+    away = math.hypot((x - WIDTH / 2) / WIDTH, (y - HEIGHT / 2) / HEIGHT)
+    return max(0, min(255, int(255 * (1.8 - 3.2 * away))))
 
 
 def packed(indices, bits):
@@ -116,6 +135,10 @@ def main():
     bmp("landscape_32.bmp", 32, [b"".join(bytes((b, g, r, 0)) for r, g, b in row)
                                  for row in pixels], top_down=True)
 
+    png("landscape.png", 2, [b"".join(bytes(color) for color in row) for row in pixels])
+    png("landscape_alpha.png", 6, [b"".join(bytes((*color, opacity(x, y)))
+                                            for x, color in enumerate(row))
+                                   for y, row in enumerate(pixels)])
     picture.quantize(200).save(HERE / "landscape.gif", interlace=0)
     picture.quantize(12).save(HERE / "landscape_interlaced.gif", interlace=1)
     picture.save(HERE / "landscape.jpg", quality=92)

@@ -10,6 +10,10 @@
 //     16               none          5 bits blue, 5 green, 5 red, 1 unused, lowest bits first
 //     24               none          blue, green, red
 //     32               none          blue, green, red, one byte of the file's own
+//
+// A picture with transparency has, beside that, how opaque each pixel is: 0 shows what lies below
+// it, 255 the pixel alone. The rows of `alpha` are in the order of those of `pixels`, without
+// padding.
 #pragma once
 
 #include <cstddef>
@@ -31,6 +35,7 @@ struct Bitmap {
   std::uint8_t bits_per_pixel = 0;
   std::vector<Color> palette;
   std::vector<std::uint8_t> pixels;  ///< height rows of RowSize() bytes
+  std::vector<std::uint8_t> alpha;   ///< width x height; empty if the picture is opaque
 
   /// Bytes of a stored row of `pixel_count` pixels.
   static constexpr std::size_t RowSize(std::int64_t pixel_count, int bits) noexcept {

@@ -66,7 +66,7 @@ class VELLUMARK_API Platform {
   /// Writes what was held back and closes the file. The handle is gone after an error too.
   virtual std::error_code CloseOutput(FileHandle file) = 0;
 
-  /// Decodes the picture file `file` (UTF-8), a BMP, GIF or JPG by its content, into `bitmap`. On
+  /// Decodes the picture file `file` (UTF-8), a BMP, GIF, JPG or PNG by its content, into `bitmap`. On
   /// failure the result is false, `bitmap` is empty and `reason` says why in a few words, such as
   /// "No such file or directory" or "the pixel data is cut off". Must not wait for anything but a
   /// disk. Memory shortage is std::bad_alloc, here and in the next two.

@@ -10,7 +10,7 @@
 // Notice: a message box with an information sign and no owner. It deliberately waits until the user
 // closes it.
 //
-// Pictures: the component runtime's picture loader decodes them.
+// Pictures: the component runtime's picture loader decodes them, PNG files the imaging component.
 //
 // Code page: the system's ANSI code page if that has one byte per character, otherwise
 // Windows-1252.

@@ -104,8 +104,7 @@ TEST_F(Conforming, ConformingLastLinesEndWithTheirLastWord) {
   ASSERT_TRUE(doc.WriteMultiText("a"));
   ASSERT_TRUE(doc.WriteMultiText(""));
   ASSERT_TRUE(doc.WriteMultiText("b "));
-  EXPECT_EQ(Marks(),
-            (Lines{"BT", "/F0 8 Tf", "50 784 Td(a)Tj", "0 -16 Td(b)Tj"}))
+  EXPECT_EQ(Marks(), (Lines{"BT", "/F0 8 Tf", "50 784 Td(a)Tj", "0 -16 Td(b)Tj"}))
       << "the empty line takes its height";
 }
 
@@ -199,7 +198,10 @@ TEST_F(Conforming, ConformingRunLengthDataEndAsTheFilterWants) {
   }
   const Lines lines = FlushedLines();
   EXPECT_TRUE(Has(lines, "\xF5\x77\x80"));
-  EXPECT_TRUE(Has(lines, "\x02" "ABC\x80")) << "a literal run";
+  EXPECT_TRUE(Has(lines,
+                  "\x02"
+                  "ABC\x80"))
+      << "a literal run";
 }
 
 TEST_F(Conforming, ConformingParagraphsOnPagesWithoutRoomAreRefused) {

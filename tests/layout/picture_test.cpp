@@ -7,6 +7,7 @@
 #include <vellumark/run_time_error.h>
 
 #include "layout/dib.h"
+#include "layout/picture_alpha.h"
 #include "layout/resize.h"
 #include "tests/bmp_file.h"
 
@@ -130,6 +131,55 @@ TEST_F(PictureTest, AFileThatCannotBeLoadedLeavesThePictureAsItWas) {
   half.PutFile("a.bmp", PlainBmp(2, 2));
   EXPECT_FALSE(layout::LoadPicture(half, "a.bmp", layout::DeepSamples::AsTheyAre, picture, reason));
   EXPECT_EQ(picture.width, 77);
+}
+
+/// A host's platform that finds pixels shine through.
+class GlassPlatform : public MemoryPlatform {
+ public:
+  bool DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) override {
+    const bool decoded = MemoryPlatform::DecodePicture(file, bitmap, reason);
+    bitmap.alpha = alpha;
+    return decoded;
+  }
+  Bytes alpha;
+};
+
+TEST_F(PictureTest, PaperShowsThroughWhatIsNotOpaque) {
+  GlassPlatform glass;
+  glass.alpha = {0, 255, 128};
+  const auto composed = [&](const BmpFile& file) {
+    glass.PutFile("picture", file.Bytes());
+    const bool loaded =
+        layout::LoadPicture(glass, "picture", layout::DeepSamples::AsTheyAre, picture, reason);
+    EXPECT_TRUE(loaded) << reason;
+    EXPECT_EQ(picture.alpha, glass.alpha);
+    layout::ComposeOver({255, 100, 0}, picture);
+    EXPECT_TRUE(picture.bits_per_pixel == 24 && picture.alpha.empty() && picture.palette.empty());
+    return picture.samples;
+  };
+  const Bytes pixels = {0, 100, 200, 0, 100, 200, 0, 100, 200, 0, 0, 0};
+  EXPECT_EQ(composed({.width = 3, .pixels = pixels}),
+            (Bytes{255, 100, 0, 200, 100, 0, 227, 100, 0}));
+  EXPECT_EQ(composed({.width = 3, .bits = 4, .palette = {0xC86400, 0, 0}, .pixels = {0, 0, 0, 0}}),
+            (Bytes{255, 100, 0, 200, 100, 0, 227, 100, 0}));
+  EXPECT_EQ(composed({.width = 3, .bits = 1, .palette = {0, 0xC86400}, .pixels = {0xC0, 0, 0, 0}}),
+            (Bytes{255, 100, 0, 200, 100, 0, 127, 50, 0}));
+  EXPECT_EQ(composed({.width = 3, .bits = 16, .pixels = {0xFF, 0x7F, 0, 0x7C, 0, 0, 0, 0}}),
+            (Bytes{255, 100, 0, 255, 0, 0, 127, 50, 0}))
+      << "deep samples become true color for it";
+
+  glass.alpha = {0, 255};
+  EXPECT_FALSE(
+      layout::LoadPicture(glass, "picture", layout::DeepSamples::AsTheyAre, picture, reason))
+      << "one byte a pixel, or none";
+  glass.alpha = Bytes(10923);
+  glass.PutFile("picture", BmpFile{.width = 10923, .bits = 1, .pixels = Bytes(1368)}.Bytes());
+  EXPECT_THROW(
+      layout::LoadPicture(glass, "picture", layout::DeepSamples::AsTheyAre, picture, reason),
+      RunTimeError)
+      << "it would have 24 bits";
+  EXPECT_TRUE(
+      layout::LoadPicture(glass, "picture", layout::DeepSamples::TrueColor, picture, reason));
 }
 
 }  // namespace

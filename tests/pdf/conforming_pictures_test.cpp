@@ -126,8 +126,9 @@ TEST_F(ConformingPictures, TheSamePictureIsStoredOnce) {
 TEST_F(ConformingPictures, APaletteStandsInTheImage) {
   const BmpFile bits{.bits = 1, .palette = {0x28295C, 0x0A0D41}, .pixels = {0x80, 0, 0, 0}};
   const std::string file = FileWith(bits.Bytes(), ASCIIHex);
-  EXPECT_TRUE(Holds(file, "/BitsPerComponent 1\n/ColorSpace [ /Indexed /DeviceRGB 1 "
-                          "(\\(\\)\\\\\\n\\rA) ]\n"));
+  EXPECT_TRUE(Holds(file,
+                    "/BitsPerComponent 1\n/ColorSpace [ /Indexed /DeviceRGB 1 "
+                    "(\\(\\)\\\\\\n\\rA) ]\n"));
   EXPECT_TRUE(Holds(file, "\nstream\n80>\nendstream\n"));
 }
 

@@ -123,10 +123,9 @@ TEST_F(ConformingPdf, ConformingMarksAreOneStreamInWhichOnlyChangesAreSet) {
   doc.WriteText("x", true);
   doc.WriteText("y", true);
   doc.DrawLine(0, 0, 1, 1);
-  EXPECT_EQ(Marks(),
-            (Lines{"2 w", "50 792 m", "51 791 l", "S", "1 0 0 RG", "50 792 m", "51 791 l", "S",
-                   "BT", "1 0 0 rg", "/F0 8 Tf", "50 784 Td(x)Tj", "0 -8 Td(y)Tj", "ET",
-                   "50 792 m", "51 791 l", "S"}));
+  EXPECT_EQ(Marks(), (Lines{"2 w", "50 792 m", "51 791 l", "S", "1 0 0 RG", "50 792 m", "51 791 l",
+                            "S", "BT", "1 0 0 rg", "/F0 8 Tf", "50 784 Td(x)Tj", "0 -8 Td(y)Tj",
+                            "ET", "50 792 m", "51 791 l", "S"}));
 }
 
 TEST_F(ConformingPdf, ConformingPagesAreCompressedIfTheyAreToBe) {
@@ -157,7 +156,10 @@ TEST_F(ConformingPdf, ConformingFontsNameTheirEncoding) {
       << "the footer's; only fonts that are used are in the file";
   EXPECT_EQ(std::count(lines.begin(), lines.end(), "/Type /Font"), 2);
   EXPECT_TRUE(Has(lines, "/BaseEncoding /WinAnsiEncoding"));
-  EXPECT_TRUE(Has(lines, "/FirstChar 1"));
+  EXPECT_TRUE(Has(lines, "/FirstChar 1")) << "of the second encoding";
+  EXPECT_TRUE(Has(lines, "/FirstChar 32"));
+  EXPECT_TRUE(Has(lines, "/LastChar 255")) << "of both: a text has a code beyond ASCII";
+  EXPECT_FALSE(Has(lines, "/LastChar 126"));
   EXPECT_TRUE(Has(lines, "/FontBBox [ -166 -225 1000 931 ]"));
 }
 
@@ -231,7 +233,8 @@ TEST_F(ConformingPdf, ConformingPropertiesAreEscaped) {
   EXPECT_TRUE(Has(lines, R"(/A << /URI (https://a.b/\)%20%C3%A9) /S /URI >>)"));
   EXPECT_EQ(std::count_if(lines.begin(), lines.end(),
                           [](const auto& line) { return line.starts_with("/Subject"); }),
-            0) << "a property that was not set is left out";
+            0)
+      << "a property that was not set is left out";
 }
 
 TEST_F(PdfOddities, OddityCurvesHaveWholePoints) {
@@ -244,11 +247,11 @@ TEST_F(ConformingPdf, ConformingCurvesHaveDecimals) {
   Start(0);
   doc.DrawCircle(100, 100, 5);
   doc.DrawArc(100, 100, 50, 0, 45);
-  EXPECT_EQ(Marks(),
-            (Lines{"95 742 m", "95 744.761 97.239 747 100 747 c",
-                   "102.761 747 105 744.761 105 742 c", "105 739.239 102.761 737 100 737 c",
-                   "97.239 737 95 739.239 95 742 c", "s",  //
-                   "100 742 m", "150 742 l", "150 755.261 144.732 767.979 135.355 777.355 c", "s"}));
+  EXPECT_EQ(
+      Marks(),
+      (Lines{"95 742 m", "95 744.761 97.239 747 100 747 c", "102.761 747 105 744.761 105 742 c",
+             "105 739.239 102.761 737 100 737 c", "97.239 737 95 739.239 95 742 c", "s",  //
+             "100 742 m", "150 742 l", "150 755.261 144.732 767.979 135.355 777.355 c", "s"}));
 }
 
 TEST_F(PdfOddities, OddityEllipsesBulge) {
@@ -264,9 +267,10 @@ TEST_F(ConformingPdf, ConformingEllipsesAreRound) {
   Start();
   doc.DrawEllipse(100, 100, 50, 20);
   // 0.552285 of the radii.
-  EXPECT_EQ(Marks(), (Lines{"100 692 m", "100 703.046 122.386 712 150 712 c",
-                            "177.614 712 200 703.046 200 692 c", "200 680.954 177.614 672 150 672 c",
-                            "122.386 672 100 680.954 100 692 c", "s"}));
+  EXPECT_EQ(
+      Marks(),
+      (Lines{"100 692 m", "100 703.046 122.386 712 150 712 c", "177.614 712 200 703.046 200 692 c",
+             "200 680.954 177.614 672 150 672 c", "122.386 672 100 680.954 100 692 c", "s"}));
 }
 
 TEST_F(PdfOddities, OddityBackgroundsHaveAnOutline) {

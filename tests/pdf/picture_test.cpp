@@ -3,6 +3,7 @@
 
 #include "tests/bmp_file.h"
 #include "tests/document_fixture.h"
+#include "tests/png_file.h"
 
 namespace vellumark::tests {
 namespace {
@@ -170,9 +171,10 @@ TEST_F(PdfPictures, WhatIsRefusedLeavesNoTrace) {
   EXPECT_TRUE(Draw("wide.bmp")) << "up to both margins";
   doc.SetPosition(0, 693);
   EXPECT_FALSE(Draw("wide.bmp"));
-  EXPECT_EQ(doc.LastRefusal().sentence,
-            "picture would reach y = 743, but the usable area ends at y = 742; move the position or "
-            "set a box with SetPictureDimensions");
+  EXPECT_EQ(
+      doc.LastRefusal().sentence,
+      "picture would reach y = 743, but the usable area ends at y = 742; move the position or "
+      "set a box with SetPictureDimensions");
   EXPECT_FALSE(Draw("no such file.bmp"));
   EXPECT_EQ(doc.LastRefusal().sentence,
             "the picture cannot be loaded: no such file.bmp: No such file or directory");
@@ -207,6 +209,52 @@ TEST_F(PdfPictures, APlatformFileIsTakenIfNoBufferHasItsName) {
   EXPECT_TRUE(Draw(std::string(VELLUMARK_PICTURES) + "/landscape.gif"));
   EXPECT_FALSE(Draw(VELLUMARK_PICTURES));
   EXPECT_TRUE(doc.LastRefusal().sentence.ends_with("not a regular file"));
+}
+
+TEST_F(PdfPictures, TransparencyShowsThePageInClassicOutput) {
+  const PngFile glass{.width = 2, .colors = 6, .rows = {200, 100, 0, 255, 200, 100, 0, 0}};
+  memory->PutFile("glass.png", glass.Bytes());
+  ASSERT_TRUE(doc.Create("doc"));
+  doc.NewPage(50, 50, 50, 50, 1, 2, 3);
+  ASSERT_TRUE(Draw("glass.png", ASCIIHex));
+  EXPECT_EQ(From("/BitsPerComponent 8", 6),
+            (Lines{"/BitsPerComponent 8", "/ColorSpace /DeviceRGB", "/Filter /ASCIIHexDecode",
+                   "/Length 23 0 R", ">>", "stream"}));
+  EXPECT_TRUE(Has(SplitLines(*memory->File("doc")), "C86400010203>"));
+}
+
+TEST_F(PdfPictures, TransparencyIsASoftMaskInConformingOutput) {
+  const PngFile glass{.width = 2, .colors = 6, .rows = {200, 100, 0, 255, 200, 100, 0, 0}};
+  PngFile other = glass;
+  other.rows[3] = 254;
+  memory->PutFile("glass.png", glass.Bytes());
+  memory->PutFile("other.png", other.Bytes());
+  const PngFile indexed{.width = 300,
+                        .colors = 3,
+                        .palette = {1, 2, 3, 4, 5, 6},
+                        .transparent = "\x7F",
+                        .rows = std::vector<std::uint8_t>(300, 0)};
+  memory->PutFile("indexed.png", indexed.Bytes());
+  doc.Conforming(true);
+  Start();
+  ASSERT_TRUE(Draw("dot.bmp"));
+  EXPECT_EQ(FlushedLines().front(), "%PDF-1.2");
+  Start();
+  for (const char* const name : {"glass.png", "glass.png", "other.png", "indexed.png"}) {
+    ASSERT_TRUE(Draw(name, ASCIIHex)) << name;
+  }
+  const Lines lines = FlushedLines();
+  EXPECT_EQ(lines.front(), "%PDF-1.4");
+  EXPECT_EQ(std::count(lines.begin(), lines.end(), "/ColorSpace /DeviceGray"), 3)
+      << "one that was drawn before is there already, one with another alpha is not";
+  const auto mask = std::find(lines.begin(), lines.end(), "/ColorSpace /DeviceGray");
+  EXPECT_EQ(*(mask + 1), "/Filter /FlateDecode");
+  EXPECT_EQ(std::count(lines.begin(), lines.end(), "C86400C86400>"), 2) << "the colors stay";
+  EXPECT_TRUE(Has(lines, "/SMask 4 0 R"));
+  EXPECT_EQ(*(std::find(lines.begin(), lines.end(), "/SMask 4 0 R") - 1), "/ColorSpace /DeviceRGB");
+  const auto palette = std::find(lines.begin(), lines.end(), "/SMask 8 0 R");
+  ASSERT_NE(palette, lines.end());
+  EXPECT_TRUE((palette - 1)->starts_with("/ColorSpace [ /Indexed /DeviceRGB 255")) << *(palette - 1);
 }
 
 }  // namespace

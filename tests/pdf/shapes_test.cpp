@@ -81,7 +81,8 @@ TEST_F(Shapes, TouchTheMarginsButDoNotCrossThem) {
   Start();  // 495 x 742
   EXPECT_TRUE(doc.DrawLine(0, 0, 495, 742));
   EXPECT_FALSE(doc.DrawLine(0, 0, 496, 742));
-  EXPECT_EQ(doc.LastRefusal().sentence, "shape would reach x = 496, but the usable area ends at x = 495");
+  EXPECT_EQ(doc.LastRefusal().sentence,
+            "shape would reach x = 496, but the usable area ends at x = 495");
   EXPECT_FALSE(doc.DrawLine(0, -1, 0, 0));
   EXPECT_EQ(Why(), RefusalReason::NegativeCoordinate);
   EXPECT_TRUE(doc.DrawRectangle(495, 742, 0, 0));
@@ -92,7 +93,8 @@ TEST_F(Shapes, TouchTheMarginsButDoNotCrossThem) {
   EXPECT_TRUE(doc.DrawCircle(0, 0, 0));
   EXPECT_TRUE(doc.DrawCircle(50, 50, 50));
   EXPECT_FALSE(doc.DrawCircle(5, 50, 10));
-  EXPECT_EQ(doc.LastRefusal().sentence, "radius is 10 points, but the center is only 5 points from the left or top edge");
+  EXPECT_EQ(doc.LastRefusal().sentence,
+            "radius is 10 points, but the center is only 5 points from the left or top edge");
   EXPECT_FALSE(doc.DrawEllipse(100, 20, 50, 21));
   EXPECT_FALSE(doc.DrawArc(490, 50, 10, 0, 90));
   EXPECT_EQ(MarksOfOnlyPage().size(), 4U);

@@ -20,6 +20,18 @@ TEST_F(WholeFile, OnePageWithALine) {
   ExpectFile("one_line");
 }
 
+TEST_F(ConformingPdfTest, ConformingOnePageWithALine) {
+  doc.Author("Ada");
+  doc.Creator("test");
+  doc.Keywords("k");
+  doc.Producer("p");
+  doc.Subject("s");
+  doc.Title("Line");
+  Start();
+  doc.DrawLine(0, 0, 100, 0);
+  ExpectFile("one_line_conforming");
+}
+
 TEST_F(WholeFile, WithoutAnyPageThereIsOneWithTheFooterOnly) {
   doc.PaperSize(PaperSizeConstants::Letter);
   doc.Orientation(OrientationConstants::Landscape);

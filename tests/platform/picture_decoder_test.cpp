@@ -131,8 +131,8 @@ TEST(PictureDecoder, RefusesWhatIsNotAWholePictureAndSaysWhy) {
   const std::string unknown = "this kind of BMP file is not known";
   const std::string cut_off = "the pixel data is cut off";
   const Case cases[] = {
-      {"", "not a BMP, GIF or JPG file"},
-      {"\x89PNG\r\n\x1A\n", "not a BMP, GIF or JPG file"},
+      {"", "not a BMP, GIF, JPG or PNG file"},
+      {"\x89PNG\r\n\x1A", "not a BMP, GIF, JPG or PNG file"},
       {header_alone, "the BMP file's header is cut off"},
       {cut, cut_off},
       {BmpFile{.bits = 2, .pixels = Bytes(4)}.Bytes(), unknown},

@@ -35,7 +35,7 @@ TEST(PictureSource, AFileIsReadAsItIsAndDecodedFromItsBytes) {
   EXPECT_EQ(reason, "No such file or directory");
   EXPECT_TRUE(bytes.empty());
   EXPECT_FALSE(platform.DecodePictureBytes(bytes, from_bytes, reason));
-  EXPECT_EQ(reason, "not a BMP, GIF or JPG file");
+  EXPECT_EQ(reason, "not a BMP, GIF, JPG or PNG file");
   EXPECT_TRUE(from_bytes.pixels.empty());
 }
 

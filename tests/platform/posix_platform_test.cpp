@@ -44,7 +44,7 @@ TEST_F(PosixFiles, APictureIsARegularFileOrRefusedAtOnce) {
   }
   std::ofstream(Path("empty")) << "";
   EXPECT_FALSE(platform.DecodePicture(Path("empty"), bitmap, reason));
-  EXPECT_EQ(reason, "not a BMP, GIF or JPG file");
+  EXPECT_EQ(reason, "not a BMP, GIF, JPG or PNG file");
   EXPECT_FALSE(platform.DecodePicture(std::string("a\0b", 3), bitmap, reason));
   EXPECT_EQ(reason, "No such file or directory");
 }

@@ -4,6 +4,7 @@
 // (oddities_test.cpp).
 #include "tests/bmp_file.h"
 #include "tests/document_fixture.h"
+#include "tests/png_file.h"
 
 namespace vellumark::tests {
 namespace {
@@ -197,6 +198,11 @@ TEST_F(ConformingPs, ConformingPictureDataAreLinesOfTextReadToTheirEnd) {
   Start(20);
   EXPECT_TRUE(doc.DrawPicture("deep", kNoAlignment, ASCIIHex));
   EXPECT_EQ(Marks().back(), "030201>");
+  const PngFile glass{.width = 2, .colors = 4, .rows = {100, 255, 100, 0}};
+  memory->PutFile("glass", glass.Bytes());
+  Start(20);
+  EXPECT_TRUE(doc.DrawPicture("glass", kNoAlignment, ASCIIHex));
+  EXPECT_EQ(Marks().back(), "646464FFFFFF>") << "the page shows through";
 }
 
 TEST_F(ConformingPs, ConformingAShapeBeforeTheFirstPageIsRefused) {

@@ -25,9 +25,9 @@ namespace {
 using namespace vellumark;
 
 constexpr std::array kPapers = {
-    PaperSizeConstants::A3,        PaperSizeConstants::A4,      PaperSizeConstants::A5,
-    PaperSizeConstants::Executive, PaperSizeConstants::Folio,   PaperSizeConstants::Ledger,
-    PaperSizeConstants::Legal,     PaperSizeConstants::Letter,  PaperSizeConstants::Tabloid};
+    PaperSizeConstants::A3,        PaperSizeConstants::A4,     PaperSizeConstants::A5,
+    PaperSizeConstants::Executive, PaperSizeConstants::Folio,  PaperSizeConstants::Ledger,
+    PaperSizeConstants::Legal,     PaperSizeConstants::Letter, PaperSizeConstants::Tabloid};
 
 /// The sample pictures, by their names.
 const std::vector<std::string>& Pictures() {
@@ -132,7 +132,10 @@ class Recorded {
 void WriteEachCharacter(const std::string& folder) {
   using enum FontNumberConstants;
   constexpr std::array<std::pair<FontNumberConstants, const char*>, 5> kFonts = {
-      {{Courier, "courier"}, {Helvetica, "helvetica"}, {Times, "times"}, {Symbol, "symbol"},
+      {{Courier, "courier"},
+       {Helvetica, "helvetica"},
+       {Times, "times"},
+       {Symbol, "symbol"},
        {ZapfDingbats, "dingbats"}}};
   for (const auto& [number, name] : kFonts) {
     Recorded recorded(folder, std::string("each_") + name);
@@ -165,9 +168,13 @@ void WritePictures(const std::string& folder, bool compressed) {
         recorded.doc.SetPosition(static_cast<std::int16_t>(200 * twice),
                                  static_cast<std::int16_t>(100 * encoding));
         const std::string link = "https://example.org/(" + std::to_string(encoding);
-        recorded.Text("", [&] {
-          return recorded.doc.DrawPicture(file, {}, link, static_cast<EncodingConstants>(encoding));
-        }, link);
+        recorded.Text(
+            "",
+            [&] {
+              return recorded.doc.DrawPicture(file, {}, link,
+                                              static_cast<EncodingConstants>(encoding));
+            },
+            link);
       }
     }
   }
@@ -213,14 +220,58 @@ class Chance {
   }
 
   std::string Word() {
-    static const std::vector<std::string> kWords = {
-        "(", ")", "\\", "))((", "\\)", "\\(", "\\\\", "C:\\temp\\new", "%%EOF", "endstream", "Tj ET Q",
-        "]TJ", "\\101", "<<", ">>", "/F0", "{}", "\r", "\n", "\r\n", "\t", std::string(1, '\0'),
-        "stra\u00DFe", "\u00E9t\u00E9", "B\u00FCcherei", "Dvo\u0159\u00E1k", "\u0141\u00F3d\u017A",
-        "\u021Bar\u0103", "\u0130stanbul", "\uFB01nd \uFB02ow", "e\u0301a\u0308\u0301", "T\u0326",
-        "\u20AC 5\u00A0000", "\u2211\u221A\u2260\u2264\u25CA", "\u03B1\u2192\u2713", "\U0001F600",
-        "\u200B\u200D", "\u00AD", "\u2028", "\uFEFF", "\xFF\xFE", "\xC3", "\xED\xA0\x80", "\xF4\x90\x80\x80",
-        "'`\"", "fi", "plain", "words", "that", "wrap", "\u010F\u0165\u013E\u013D", "\u2206\u0394\u00B5\u03BC"};
+    static const std::vector<std::string> kWords = {"(",
+                                                    ")",
+                                                    "\\",
+                                                    "))((",
+                                                    "\\)",
+                                                    "\\(",
+                                                    "\\\\",
+                                                    "C:\\temp\\new",
+                                                    "%%EOF",
+                                                    "endstream",
+                                                    "Tj ET Q",
+                                                    "]TJ",
+                                                    "\\101",
+                                                    "<<",
+                                                    ">>",
+                                                    "/F0",
+                                                    "{}",
+                                                    "\r",
+                                                    "\n",
+                                                    "\r\n",
+                                                    "\t",
+                                                    std::string(1, '\0'),
+                                                    "stra\u00DFe",
+                                                    "\u00E9t\u00E9",
+                                                    "B\u00FCcherei",
+                                                    "Dvo\u0159\u00E1k",
+                                                    "\u0141\u00F3d\u017A",
+                                                    "\u021Bar\u0103",
+                                                    "\u0130stanbul",
+                                                    "\uFB01nd \uFB02ow",
+                                                    "e\u0301a\u0308\u0301",
+                                                    "T\u0326",
+                                                    "\u20AC 5\u00A0000",
+                                                    "\u2211\u221A\u2260\u2264\u25CA",
+                                                    "\u03B1\u2192\u2713",
+                                                    "\U0001F600",
+                                                    "\u200B\u200D",
+                                                    "\u00AD",
+                                                    "\u2028",
+                                                    "\uFEFF",
+                                                    "\xFF\xFE",
+                                                    "\xC3",
+                                                    "\xED\xA0\x80",
+                                                    "\xF4\x90\x80\x80",
+                                                    "'`\"",
+                                                    "fi",
+                                                    "plain",
+                                                    "words",
+                                                    "that",
+                                                    "wrap",
+                                                    "\u010F\u0165\u013E\u013D",
+                                                    "\u2206\u0394\u00B5\u03BC"};
     if (Once(6)) return Characters(Number(1, 5));
     return kWords[static_cast<std::size_t>(Number(0, static_cast<int>(kWords.size()) - 1))];
   }
@@ -248,7 +299,8 @@ class Chance {
 
 void DrawShapes(Document& doc, Chance& chance) {
   const auto point = [&] { return chance.Number(-5, 400); };
-  static constexpr std::array kDashes = {"", "3 2", "1", "0 0", "3 ] 0 d Q", "1e9", "-1 2", "(", "0.5 .25"};
+  static constexpr std::array kDashes = {"",    "3 2",  "1", "0 0",    "3 ] 0 d Q",
+                                         "1e9", "-1 2", "(", "0.5 .25"};
   doc.SetDash(chance.Once(4) ? chance.Hostile()
                              : std::string(kDashes[static_cast<std::size_t>(chance.Number(0, 8))]));
   doc.SetFillStyle(chance.Once(2));
@@ -272,10 +324,12 @@ void WriteTexts(Recorded& recorded, Chance& chance) {
       chance.Once(2) ? AlignmentConstants{} : chance.Member<AlignmentConstants>(3);
   const std::string link = chance.Once(3) ? chance.Hostile() : std::string();
   const std::string text = chance.Hostile();
-  recorded.Text(text, [&] { return doc.WriteText(text, true, 3, alignment, link); }, link);
+  recorded.Text(
+      text, [&] { return doc.WriteText(text, true, 3, alignment, link); }, link);
   const std::string title = chance.Text(2);
   const auto bullet = chance.Once(2) ? BulletConstants::Disc : BulletConstants::Square;
-  recorded.Text(title, [&] { return doc.WriteTitle(title, alignment, bullet, link); }, link);
+  recorded.Text(
+      title, [&] { return doc.WriteTitle(title, alignment, bullet, link); }, link);
   const std::string words = chance.Text(chance.Number(0, 300));
   const bool justified = chance.Once(2);
   const int width = chance.Once(2) ? 0 : chance.Number(60, 400);

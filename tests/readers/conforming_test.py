@@ -45,7 +45,7 @@ KEYS = {  # the keys of each kind of dictionary
                        "CapHeight", "StemV"},
     "Encoding": {"Type", "BaseEncoding", "Differences"},
     "XObject": {"Type", "Subtype", "Width", "Height", "BitsPerComponent", "ColorSpace", "Filter",
-                "DecodeParms", "Decode", "Length"},
+                "DecodeParms", "Decode", "Length", "SMask"},
     None: {"Length", "Filter", "Font", "XObject",
            "Author", "CreationDate", "Creator", "Producer", "Title", "Subject", "Keywords"},
 }

@@ -12,6 +12,7 @@ import subprocess
 import sys
 import tempfile
 import unittest
+import zlib
 
 PROGRAM = sys.argv[1]
 PICTURES = pathlib.Path(sys.argv[2])
@@ -19,6 +20,7 @@ DEPTHS = (1, 4, 8, 24)
 ENCODINGS = ("ASCII85", "ASCIIHex", "Flate")
 SCALE = 4               # rendered pixels to a pixel of the picture, so that none is mixed
 MARGIN = 20
+PAGE_COLOR = (60, 220, 120)
 ROUNDING = 3            # a reader's own color arithmetic
 
 
@@ -36,6 +38,21 @@ def source_pixels(bits):
         byte = file[row + x * bits // 8]
         index = byte >> (8 - bits - x * bits % 8) & (1 << bits) - 1
         return tuple(file[54 + 4 * index:54 + 4 * index + 3][::-1])
+
+    return [[pixel(x, y) for x in range(width)] for y in range(height)]
+
+
+def alpha_on_page():
+    """The PNG file with transparency, whose rows have no filter, as it looks on the page."""
+    file = (PICTURES / "landscape_alpha.png").read_bytes()
+    width, height = struct.unpack_from(">II", file, 16)
+    size, = struct.unpack_from(">I", file, 33)
+    data = zlib.decompress(file[41:41 + size])
+
+    def pixel(x, y):
+        *color, alpha = data[y * (4 * width + 1) + 1 + 4 * x:][:4]
+        return tuple(round((part * alpha + below * (255 - alpha)) / 255)
+                     for part, below in zip(color, PAGE_COLOR))
 
     return [[pixel(x, y) for x in range(width)] for y in range(height)]
 
@@ -97,6 +114,23 @@ class Pictures(unittest.TestCase):
             self.expect_sources(f"gs_{kind}", [
                 "gs", "-q", "-dNOPAUSE", "-dBATCH", "-sDEVICE=ppmraw", f"-r{72 * SCALE}",
                 f"-sOutputFile=gs_{kind}-%02d.ppm", f"pictures.{kind}"])
+
+    def test_transparency_shows_the_page_everywhere(self):
+        expected = alpha_on_page()
+        size = ["-r", str(72 * SCALE)]
+        ghostscript = ["gs", "-q", "-dNOPAUSE", "-dBATCH", "-sDEVICE=ppmraw", f"-r{72 * SCALE}"]
+        for output in ("alpha", "conforming_alpha"):
+            pdf, ps = f"{output}_pdf.pdf", f"{output}_ps.ps"
+            for name, command in (
+                    (f"poppler_{output}", ["pdftoppm", *size, pdf]),
+                    (f"mupdf_{output}", ["mutool", "draw", "-q", "-A", "0", *size, "-o",
+                                         f"mupdf_{output}-%02d.ppm", pdf]),
+                    (f"gs_pdf_{output}", [*ghostscript, "-o", f"gs_pdf_{output}-%02d.ppm", pdf]),
+                    (f"gs_ps_{output}", [*ghostscript, "-o", f"gs_ps_{output}-%02d.ppm", ps])):
+                if command[0] == "pdftoppm":
+                    command = [*command, name]
+                page, = rendered(self.folder, name, command)
+                self.assertLessEqual(farthest(page, expected), ROUNDING, name)
 
 
 if __name__ == "__main__":

@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "tests/bmp_file.h"
+#include "tests/png_file.h"
 #include "tests/windows/facts.h"
 
 namespace vellumark::tests {
@@ -55,6 +56,8 @@ void CheckSamples(Facts& facts, const std::string& pictures) {
       {"landscape_interlaced.gif", 0, {0x744D93, 0xEACF9C, 0x123322, 0x44487C}},
       {"landscape.jpg", 12, {0x5B4695, 0xFFF0C0, 0x123328, 0x3F417A}},
       {"landscape_progressive.jpg", 12, {0x5B4695, 0xFFF0C0, 0x123328, 0x3F417A}},
+      {"landscape.png", 0, {0x5A4696, 0xFFF0BE, 0x123622, 0x3C4782}},
+      {"landscape_alpha.png", 0, {0x5A4696, 0xFFF0BE, 0x123622, 0x3C4782}},
       {"landscape_gray.jpg", 12, {0x555555, 0xF0F0F0, 0x282828, 0x474747}},
   };
   QuietPlatform platform;
@@ -98,24 +101,102 @@ void CheckHostile(Facts& facts, const std::string& pictures) {
       {"an empty file", ""},
       {"an icon", std::string("\0\0\1\0\1\0", 6)},
       {"a metafile", "\xD7\xCD\xC6\x9A"},
-      {"another format", "\x89PNG\r\n\x1A\n"},
+      {"another format", "\x89PNQ\r\n\x1A\n"},
   };
   for (const auto& [what, bytes] : hostile) {
     file.Put(bytes);
-    CheckRefused(facts, what, file.Name(), "not a BMP, GIF or JPG file");
+    CheckRefused(facts, what, file.Name(), "not a BMP, GIF, JPG or PNG file");
   }
   const std::pair<const char*, std::string> broken[] = {
       {"a BMP of two bytes", "BM"},
       {"a GIF of a header only", "GIF89a\x5E"},
       {"a JPG of a mark only", "\xFF\xD8\xFF"},
+      {"a PNG without its palette", PngFile{.colors = 3, .rows = {0}}.Bytes()},
   };
   for (const auto& [what, bytes] : broken) {
     file.Put(bytes);
     CheckRefused(facts, what, file.Name());
   }
+  const std::string png = PngFile{.width = 2, .colors = 2, .rows = {1, 2, 3, 4, 5, 6}}.Bytes();
+  const std::pair<std::string, const char*> pngs[] = {
+      {png.substr(0, 20), "the PNG file's header is cut off"},
+      {png.substr(0, png.size() - 1), "the pixel data is cut off"},
+      {PngFile{.width = 32767, .height = 32767, .rows = {0}}.Bytes(), "the pixel data is cut off"},
+      {PngFile{.width = 32768}.Bytes(), "the picture has more than 32,767 pixels a side"}};
+  for (const auto& [bytes, reason] : pngs) {
+    file.Put(bytes);
+    CheckRefused(facts, "a PNG that is not whole", file.Name(), reason);
+  }
   file.Put(PlainBmp(32768, 1));
   CheckRefused(facts, "a BMP too wide", file.Name(),
                "the picture has more than 32,767 pixels a side");
+}
+
+/// Color types and depths of PNG files: the bitmap's bits, and the last pixel's color and opacity.
+void CheckPng(Facts& facts) {
+  struct Case {
+    const char* what;
+    PngFile file;
+    int bits;
+    std::uint32_t color;
+    int alpha = 255;
+  };
+  const Case cases[] = {
+      {"gray, 1 bit", {.width = 2, .depth = 1, .rows = {0x40}}, 1, 0xFFFFFF},
+      {"gray, 2 bits, interlaced",
+       {.width = 5, .depth = 2, .interlaced = true, .rows = {0x1B, 0x80}},
+       4,
+       0xAAAAAA},
+      {"gray, 4 bits", {.width = 3, .depth = 4, .rows = {0x12, 0x30}}, 4, 0x333333},
+      {"gray, 8 bits", {.width = 2, .rows = {1, 0x77}}, 8, 0x777777},
+      {"gray, 16 bits", {.depth = 16, .rows = {0x77, 0x77}}, 24, 0x777777},
+      {"true color, 16 bits",
+       {.depth = 16, .colors = 2, .rows = {0x11, 0x11, 0x22, 0x22, 0x33, 0x33}},
+       24,
+       0x112233},
+      {"indexed, 1 bit",
+       {.width = 2, .depth = 1, .colors = 3, .palette = {1, 2, 3, 4, 5, 6}, .rows = {0x40}},
+       1,
+       0x040506},
+      {"indexed, 2 bits",
+       {.width = 3, .depth = 2, .colors = 3, .palette = {1, 2, 3, 4, 5, 6}, .rows = {0x04}},
+       4,
+       0x040506},
+      {"indexed, with transparency",
+       {.width = 2,
+        .depth = 4,
+        .colors = 3,
+        .palette = {1, 2, 3, 4, 5, 6},
+        .transparent = "\xFF\x80",
+        .rows = {0x01}},
+       24,
+       0x040506,
+       0x80},
+      {"gray and alpha", {.colors = 4, .rows = {0x55, 0x40}}, 24, 0x555555, 0x40},
+      {"true color and alpha, interlaced",
+       {.width = 2, .colors = 6, .interlaced = true, .rows = {9, 9, 9, 9, 1, 2, 3, 4}},
+       24,
+       0x010203,
+       4},
+      {"true color and alpha, 16 bits",
+       {.depth = 16, .colors = 6, .rows = {0x11, 0x11, 0x22, 0x22, 0x33, 0x33, 0x44, 0x44}},
+       24,
+       0x112233,
+       0x44},
+      {"alpha that is opaque", {.colors = 6, .rows = {1, 2, 3, 255}}, 24, 0x010203},
+  };
+  QuietPlatform platform;
+  for (const Case& c : cases) {
+    const std::string file = c.file.Bytes();
+    Bitmap bitmap;
+    std::string reason;
+    const bool decoded = platform.DecodePictureBytes(
+        {reinterpret_cast<const std::uint8_t*>(file.data()), file.size()}, bitmap, reason);
+    const bool right = decoded && bitmap.bits_per_pixel == c.bits &&
+                       ColorAt(bitmap, bitmap.width - 1, 0) == c.color &&
+                       (c.alpha == 255 ? bitmap.alpha.empty() : bitmap.alpha.back() == c.alpha);
+    facts.Check(std::string("PNG, ").append(c.what), right, reason);
+  }
 }
 
 /// The other ways to a picture: its file's bytes, and a picture out of bytes.
@@ -147,6 +228,7 @@ void CheckBytes(Facts& facts, const std::string& pictures) {
 
 void CheckPictures(Facts& facts, const std::string& pictures) {
   CheckSamples(facts, pictures);
+  CheckPng(facts);
   CheckHostile(facts, pictures);
   CheckBytes(facts, pictures);
 }
