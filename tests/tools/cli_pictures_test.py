@@ -82,9 +82,9 @@ class Pictures(HostTest):
         self.put("sub/in.md", "![](document)")
         self.assertEqual(self.run_tool("sub/in.md", "-o", "out.pdf").returncode, 0)
         absolute = "![](" + self.path("sub/document") + ")"
-        self.assertEqual(self.run_tool("-", "-o", "out.pdf", stdin=absolute.encode()).returncode, 0)
+        self.assertEqual(self.run_tool("-", "--markdown", "-o", "out.pdf", stdin=absolute.encode()).returncode, 0)
         self.assertEqual(
-            self.run_tool("-", "-o", "out.pdf", stdin=b"![](document)").returncode, 1)
+            self.run_tool("-", "--markdown", "-o", "out.pdf", stdin=b"![](document)").returncode, 1)
 
     def test_pictures_of_16_and_32_bits_are_seen(self):
         """Within five bits of the picture of 24 bits, in both formats."""
