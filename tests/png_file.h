@@ -7,6 +7,7 @@
 // The pixel data is stored, not compressed.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -83,7 +84,7 @@ struct PngFile {
     for (std::size_t at = 0; at < rows.size(); at += size) {
       filtered += '\0';  // no filter
       filtered.append(rows.begin() + static_cast<std::ptrdiff_t>(at),
-                      rows.begin() + static_cast<std::ptrdiff_t>(at + size));
+                      rows.begin() + static_cast<std::ptrdiff_t>(std::min(at + size, rows.size())));
     }
     return filtered;
   }

@@ -91,7 +91,7 @@ TEST_F(ConformingPictures, AJpgThatReadersMayNotTakeIsDecodedOrRefused) {
   const std::size_t scan = named.find("\xFF\xDA");
   for (std::size_t i = 0; i < 3; ++i) named[scan + 5 + 2 * i] = "RGB"[i];
   const std::size_t jfif = named.find("JFIF");
-  if (jfif != named.npos) named.replace(jfif, 4, "none");
+  if (jfif != std::string::npos) named.replace(jfif, 4, "none");
   EXPECT_TRUE(Holds(FileWith(named), "/Filter /FlateDecode\n"));
 }
 

@@ -70,7 +70,7 @@ class Pictures(HostTest):
                              "-o", "out.pdf")
         self.assertEqual(done.returncode, 1)
         self.assertEqual(done.stderr.decode(),
-                         "vellumark: picture p.png at line 1, column 1: not a BMP, GIF, JPG or PNG file\n"
+                         "vellumark: picture p.png at line 1, column 1: the PNG file's header is cut off\n"
                          "vellumark: picture no?ne.jpg at line 3, column 1: "
                          "No such file or directory\n")
         self.assertEqual(self.text().split()[:3], ["first", "second", "end"])
