@@ -115,7 +115,8 @@ struct PngFile {
 
   void AddPixel(std::uint32_t x, std::uint32_t y, std::vector<bool>& bits) const {
     const std::size_t row = (std::size_t{width} * PixelBits() + 7) / 8 * y;
-    for (std::size_t bit = x * PixelBits(); bit < (x + 1) * PixelBits(); ++bit) {
+    const std::size_t first = std::size_t{x} * PixelBits();
+    for (std::size_t bit = first; bit < first + PixelBits(); ++bit) {
       bits.push_back((rows[row + bit / 8] >> (7 - bit % 8) & 1) != 0);
     }
   }
