@@ -33,7 +33,8 @@ using Value = std::variant<std::monostate, std::int16_t, std::uint8_t, bool, flo
 
 struct ValueType {
   Type type = Type::None;
-  const Enumeration* enumeration = nullptr;  ///< which one; null for a plain Long and for every other type
+  const Enumeration* enumeration =
+      nullptr;  ///< which one; null for a plain Long and for every other type
 };
 
 }  // namespace vellumark::automation

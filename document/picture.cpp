@@ -32,7 +32,8 @@ FileNote DocumentModel::DrawPicture(const PlacedPicture& placed) noexcept {
 
 FileNote DocumentModel::TryDrawPicture(const PlacedPicture& placed) {
   if (!layout::IsAlignment(placed.alignment)) {
-    return RefusalNote{RefusalReason::InvalidAlignment, static_cast<std::int32_t>(placed.alignment)};
+    return RefusalNote{RefusalReason::InvalidAlignment,
+                       static_cast<std::int32_t>(placed.alignment)};
   }
   const EncodingConstants last = LastEncoding(state_);
   if (placed.encoding < EncodingConstants::ASCII85 || placed.encoding > last) {

@@ -71,7 +71,7 @@ PictureData EncodePicture(const layout::Picture& picture, EncodingConstants enco
       data.bytes = encoding::EncodePackedRuns(picture.samples);
       break;
     case EncodingConstants::Flate:
-    case EncodingConstants::Original: 
+    case EncodingConstants::Original:
       data = EncodeFlate({picture.samples, static_cast<std::size_t>(picture.height),
                           static_cast<std::size_t>(std::max(1, picture.bits_per_pixel / 8))});
       break;

@@ -17,8 +17,8 @@ bool IsDepth(int bits) {
 
 /// A host's own platform is not trusted to have counted right.
 bool IsWhole(const Bitmap& bitmap) {
-  const auto pixel_count = static_cast<std::size_t>(bitmap.width) *
-                           static_cast<std::size_t>(bitmap.height);
+  const auto pixel_count =
+      static_cast<std::size_t>(bitmap.width) * static_cast<std::size_t>(bitmap.height);
   return bitmap.width >= 1 && bitmap.height >= 1 && bitmap.width <= kGreatestSide &&
          bitmap.height <= kGreatestSide && IsDepth(bitmap.bits_per_pixel) &&
          bitmap.palette.size() == PaletteCount(bitmap.bits_per_pixel) &&

@@ -31,7 +31,8 @@ class Dib {
   bool Create(std::int16_t width, std::int16_t height, std::uint8_t bit_count);
 
   /// Takes the bitmap of a picture file. Returns false, with a `reason`, if the platform cannot
-  /// decode the file, or returns pixels, a palette or an alpha that do not match its size and depth.
+  /// decode the file, or returns pixels, a palette or an alpha that do not match its size and
+  /// depth.
   bool Load(Platform& platform, const PictureSource& source, std::string& reason);
 
   /// Forgets the bitmap, if there is one.

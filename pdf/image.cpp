@@ -50,11 +50,10 @@ std::string_view AsText(std::span<const std::uint8_t> bytes) {
 /// What two pictures share if they are the same one under the same encoding.
 std::array<std::uint8_t, 16> KeyOf(const layout::Picture& picture, EncodingConstants encoding) {
   encoding::ContentHash hash;
-  const std::string kind = std::to_string(picture.width) + ' ' + std::to_string(picture.height) +
-                           ' ' + std::to_string(picture.bits_per_pixel) + ' ' +
-                           std::to_string(static_cast<int>(encoding)) + ' ' +
-                           std::to_string(picture.original.size()) + ' ' +
-                           std::to_string(picture.alpha.size());
+  const std::string kind =
+      std::to_string(picture.width) + ' ' + std::to_string(picture.height) + ' ' +
+      std::to_string(picture.bits_per_pixel) + ' ' + std::to_string(static_cast<int>(encoding)) +
+      ' ' + std::to_string(picture.original.size()) + ' ' + std::to_string(picture.alpha.size());
   hash.Add(kind);
   hash.Add(AsText(picture.palette));
   hash.Add(AsText(picture.samples));

@@ -133,8 +133,7 @@ class PngReader {
 
   static void OnError(png_struct* png, const char* message) {
     const bool short_of_pixels = std::strcmp(message, "Not enough image data") == 0;
-    static_cast<PngReader*>(png_get_error_ptr(png))
-        ->Fail(short_of_pixels ? kCutOff : kDamagedPng);
+    static_cast<PngReader*>(png_get_error_ptr(png))->Fail(short_of_pixels ? kCutOff : kDamagedPng);
   }
 
   static void OnWarning(png_struct* /*png*/, const char* /*message*/) {}

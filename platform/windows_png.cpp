@@ -5,9 +5,9 @@
 #include <array>
 #include <memory>
 #include <new>
-#include <windows.h>
 #include <objbase.h>
 #include <wincodec.h>
+#include <windows.h>
 
 #include "platform/picture_format.h"
 #include "platform/png_header.h"
@@ -87,7 +87,10 @@ bool IsOwnDepth(const PngHeader& header, const WICPixelFormatGUID& format) {
   const bool has_palette = header.colors == PngHeader::Indexed;
   if (header.has_transparency || header.depth > 8) return false;
   if (!has_palette && header.colors != PngHeader::Gray) return false;
-  const std::size_t place = header.depth == 1 ? 0 : header.depth == 2 ? 1 : header.depth == 4 ? 2 : 3;
+  const std::size_t place = header.depth == 1   ? 0
+                            : header.depth == 2 ? 1
+                            : header.depth == 4 ? 2
+                                                : 3;
   return IsEqualGUID(format, has_palette ? *indexed[place] : *grays[place]) != 0;
 }
 
@@ -108,8 +111,8 @@ bool CopyRows(IWICBitmapSource& source, std::size_t stride, Bitmap& bitmap) {
   const auto height = static_cast<std::size_t>(bitmap.height);
   bitmap.pixels.resize(stride * height);
   const HRESULT copied =
-      source.CopyPixels(nullptr, static_cast<UINT>(stride),
-                        static_cast<UINT>(bitmap.pixels.size()), bitmap.pixels.data());
+      source.CopyPixels(nullptr, static_cast<UINT>(stride), static_cast<UINT>(bitmap.pixels.size()),
+                        bitmap.pixels.data());
   if (copied == E_OUTOFMEMORY) throw std::bad_alloc();
   for (std::size_t y = 0; y < height / 2; ++y) {
     std::uint8_t* const low = bitmap.pixels.data() + y * stride;
@@ -156,8 +159,7 @@ bool TakeConverted(IWICImagingFactory& factory, IWICBitmapFrameDecode& frame,
   return true;
 }
 
-std::string_view Load(std::span<const std::uint8_t> file, const PngHeader& header,
-                      Bitmap& bitmap) {
+std::string_view Load(std::span<const std::uint8_t> file, const PngHeader& header, Bitmap& bitmap) {
   const ComponentRuntime runtime;
   const Held<IWICImagingFactory> factory = NewFactory();
   if (factory == nullptr) return "the system has no imaging component";
@@ -166,8 +168,7 @@ std::string_view Load(std::span<const std::uint8_t> file, const PngHeader& heade
   UINT width = 0;
   UINT height = 0;
   if (frame == nullptr || FAILED(frame->GetPixelFormat(&format)) ||
-      FAILED(frame->GetSize(&width, &height)) || width != header.width ||
-      height != header.height) {
+      FAILED(frame->GetSize(&width, &height)) || width != header.width || height != header.height) {
     return kDamagedPng;
   }
   const bool taken = IsOwnDepth(header, format) ? TakeOwnDepth(*factory, *frame, header, bitmap)

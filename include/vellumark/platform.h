@@ -66,10 +66,10 @@ class VELLUMARK_API Platform {
   /// Writes what was held back and closes the file. The handle is gone after an error too.
   virtual std::error_code CloseOutput(FileHandle file) = 0;
 
-  /// Decodes the picture file `file` (UTF-8), a BMP, GIF, JPG or PNG by its content, into `bitmap`. On
-  /// failure the result is false, `bitmap` is empty and `reason` says why in a few words, such as
-  /// "No such file or directory" or "the pixel data is cut off". Must not wait for anything but a
-  /// disk. Memory shortage is std::bad_alloc, here and in the next two.
+  /// Decodes the picture file `file` (UTF-8), a BMP, GIF, JPG or PNG by its content, into `bitmap`.
+  /// On failure the result is false, `bitmap` is empty and `reason` says why in a few words, such
+  /// as "No such file or directory" or "the pixel data is cut off". Must not wait for anything but
+  /// a disk. Memory shortage is std::bad_alloc, here and in the next two.
   virtual bool DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) = 0;
 
   /// Reads the bytes of the picture file `file` as they are, for a format that takes the file

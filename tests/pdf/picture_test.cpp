@@ -254,7 +254,8 @@ TEST_F(PdfPictures, TransparencyIsASoftMaskInConformingOutput) {
   EXPECT_EQ(*(std::find(lines.begin(), lines.end(), "/SMask 4 0 R") - 1), "/ColorSpace /DeviceRGB");
   const auto palette = std::find(lines.begin(), lines.end(), "/SMask 8 0 R");
   ASSERT_NE(palette, lines.end());
-  EXPECT_TRUE((palette - 1)->starts_with("/ColorSpace [ /Indexed /DeviceRGB 255")) << *(palette - 1);
+  EXPECT_TRUE((palette - 1)->starts_with("/ColorSpace [ /Indexed /DeviceRGB 255"))
+      << *(palette - 1);
 }
 
 }  // namespace

@@ -39,7 +39,11 @@ TEST(PngDecoder, EveryColorTypeAndDepthBecomesItsBitmap) {
        1,
        {0x5A, 0, 0, 0, 0xA5, 0x80, 0, 0},
        {}},
-      {"gray, 2 bits", {.width = 5, .depth = 2, .rows = {0x1B, 0xC0}}, 4, {0x01, 0x23, 0x30, 0}, {}},
+      {"gray, 2 bits",
+       {.width = 5, .depth = 2, .rows = {0x1B, 0xC0}},
+       4,
+       {0x01, 0x23, 0x30, 0},
+       {}},
       {"gray, 4 bits", {.width = 3, .depth = 4, .rows = {0x12, 0x30}}, 4, {0x12, 0x30, 0, 0}, {}},
       {"gray, 16 bits, rounded",
        {.width = 3, .depth = 16, .rows = {0x12, 0x12, 0x12, 0xFF, 0xFF, 0xFF}},
@@ -83,8 +87,10 @@ TEST(PngDecoder, EveryColorTypeAndDepthBecomesItsBitmap) {
        {0x11, 0, 0, 0},
        {0x80}},
       {"true color and alpha",
-       {.width = 2, .height = 2, .colors = 6, .rows = {1, 2,  3,  4,  5,  6,  7,  255,
-                                                       9, 10, 11, 12, 13, 14, 15, 16}},
+       {.width = 2,
+        .height = 2,
+        .colors = 6,
+        .rows = {1, 2, 3, 4, 5, 6, 7, 255, 9, 10, 11, 12, 13, 14, 15, 16}},
        24,
        {11, 10, 9, 15, 14, 13, 0, 0, 3, 2, 1, 7, 6, 5, 0, 0},
        {12, 16, 4, 255}},
@@ -224,7 +230,8 @@ TEST(PngDecoder, WhatOnlyDescribesThePictureIsNotLookedAt) {
   EXPECT_EQ(Decode(file.Bytes(), bitmap), "");
   EXPECT_EQ(bitmap.pixels, (Bytes{9, 0, 0, 0}));
   file.more = PngFile::Chunk("QUUX", "?");
-  EXPECT_EQ(Decode(file.Bytes(), bitmap), "the PNG file is damaged") << "one that readers must know";
+  EXPECT_EQ(Decode(file.Bytes(), bitmap), "the PNG file is damaged")
+      << "one that readers must know";
 }
 
 }  // namespace
