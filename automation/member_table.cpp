@@ -25,10 +25,10 @@ constexpr Caption kWriteText = {
     "margin and, without alignment, between the current x and the right margin; with alignment, "
     "within the usable width. Afterwards the position is at the end of the text; with "
     "carriagereturn it is at the x of the last SetPosition, lower by the font height plus dy "
-    "points. PDF escapes parentheses in the text, PS escapes nothing; both pass a backslash on. "
-    "PDF "
-    "puts a link to the address hyperlink over the text. The address is written without escaping, "
-    "so it must be percent-encoded."};
+    "points. In conforming output the text is literal, and a line feed or tab in it is a blank. In "
+    "classic output PDF escapes parentheses, PS escapes nothing, and both pass a backslash on. PDF "
+    "puts a link to the address hyperlink over the text; in classic output the address is written "
+    "without escaping, so it must be percent-encoded."};
 
 bool DrawLinkedPicture(PDF& document, FileOrBytes file, AlignmentConstants alignment,
                        std::string_view hyperlink, EncodingConstants encoding) {
@@ -57,14 +57,16 @@ constexpr Caption kDrawPicture = {
     "must fit between the current position and the right and bottom margins, even if it is then "
     "aligned. Afterwards the position is below the picture, at the x of the last SetPosition. "
     "encoding is the filter of the samples: Flate makes the smallest files, ASCII85 and ASCIIHex "
-    "are plain text, and not every reader supports RunLength. hyperlink works as in WriteText.",
+    "are plain text, and in classic output not every reader supports RunLength. Original, in "
+    "conforming output only, takes the bytes of a JPG file as they are, and Flate for other files. "
+    "hyperlink works as in WriteText.",
     {.takes_long = true}};
 
 constexpr Member kMembers[] = {
     Property<Document, string, &Document::Author, &Document::Author>(
         {"Author", 1, "Returns or sets the author of the document.",
-         "Create writes it into the file exactly as set: nothing is escaped. The same applies to "
-         "the other properties that are texts."}),
+         "Create writes it into the file: in conforming output any text, in classic output exactly "
+         "as set, with nothing escaped. The same applies to the other properties that are texts."}),
     Property<Document, string, &Document::Creator, &Document::Creator>(
         {"Creator", 2, "Returns or sets the program that the document comes from.", ""}),
     Property<PDF, string, &PDF::Keywords, &PDF::Keywords>(
@@ -81,8 +83,10 @@ constexpr Member kMembers[] = {
         {"Producer", 6, "Returns or sets the program that makes the file.", ""}),
     Property<Document, bool, &Document::Rotated, &Document::Rotated>(
         {"Rotated", 7, "Returns or sets whether the pages are rotated.",
-         "Initially False. PDF marks each page that ends while it is True, but readers show the "
-         "page upright all the same. PS rotates the whole document; set it before Create."}),
+         "Initially False. A conforming PDF turns each page that ends while it is True by 90 "
+         "degrees; a classic one marks it, but readers show it upright all the same. PS rotates "
+         "the "
+         "document; set it before Create."}),
     Property<PDF, string, &PDF::Subject, &PDF::Subject>(
         {"Subject", 8, "Returns or sets the subject of the document.", ""}),
     Property<Document, string, &Document::Title, &Document::Title>(
@@ -132,8 +136,9 @@ constexpr Member kMembers[] = {
     Method<&Document::DrawRectangle>(
         {"DrawRectangle", 15,
          "Draws a rectangle in the current color, dash, fill color, fill style and thickness.",
-         "x and y are the top left corner. An unfilled closed shape is white inside in a PDF, and "
-         "covers what is below it; in a PS it is transparent."},
+         "x and y are the top left corner. An unfilled closed shape is transparent; in a classic "
+         "PDF "
+         "it is white inside and covers what is below it."},
         {{{"x"}, {"y"}, {"width"}, {"height"}}}),
     Method<&Document::DrawCurve>(
         {"DrawCurve", 16,
@@ -149,8 +154,8 @@ constexpr Member kMembers[] = {
     Method<&Document::DrawEllipse>(
         {"DrawEllipse", 18,
          "Draws an ellipse in the current color, dash, fill color, fill style and thickness.",
-         "x and y are the center, rx and ry the horizontal and vertical radius. In a PDF the "
-         "ellipse bulges toward the corners of its box."},
+         "x and y are the center, rx and ry the horizontal and vertical radius. In a "
+         "classic PDF the ellipse bulges toward the corners of its box."},
         {{{"x"}, {"y"}, {"rx"}, {"ry"}}}),
     Method<&Document::DrawArc>(
         {"DrawArc", 19,
@@ -158,7 +163,7 @@ constexpr Member kMembers[] = {
          "The arc is a slice of a circle, counterclockwise from the angle th1 to th2 in degrees "
          "from the positive x axis. PDF starts at the smaller angle and reduces both to less than "
          "360; if the second is then less than the first, the slice passes through 0 degrees. PS "
-         "takes the angles as they are."},
+         "takes the angles as they are, in conforming output less whole turns."},
         {{{"x"}, {"y"}, {"r"}, {"th1"}, {"th2"}}}),
 
     Method<kLinkedText>(kWriteText, {{{"text"},
@@ -207,7 +212,8 @@ constexpr Member kMembers[] = {
     Method<&Document::SetDash>({"SetDash", 30, "Sets the dash pattern of lines.",
                                 "The lengths of dashes and gaps in points, separated by blanks, "
                                 "such as \"3 2\"; \"\" is a "
-                                "solid line. The text is not checked."},
+                                "solid line. In conforming output any other text is a solid "
+                                "line too; in classic output the text is not checked."},
                                {{{"dash"}}}),
     Method<&Document::GetFillStyle>(
         {"GetFillStyle", 31, "Returns whether closed shapes are filled.", ""}),

@@ -227,7 +227,7 @@ class DocumentModel {
   };
 
   // paragraph.cpp
-  RefusalNote TryWriteMultiText(const Paragraph& paragraph);
+  RefusalNote TryWriteMultiText(const Paragraph& given);
   /// Where the lines of a paragraph stand.
   struct Column {
     Points left;

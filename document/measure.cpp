@@ -14,18 +14,19 @@ RefusalNote DocumentModel::MeasureText(std::string_view text, Points& width) noe
   });
 }
 
-RefusalNote DocumentModel::MeasureParagraph(const Paragraph& given, std::int32_t& height) noexcept {
+RefusalNote DocumentModel::MeasureParagraph(const Paragraph& paragraph,
+                                            std::int32_t& height) noexcept {
   return Attempt([&]() -> RefusalNote {
-    Paragraph paragraph = given;
+    Paragraph measured = paragraph;
     std::string storage;
     if (!state_.oddities.TextIsCodePageBytes()) {
-      paragraph.text = layout::WithPlainBlanks(given.text, state_.font, storage);
+      measured.text = layout::WithPlainBlanks(paragraph.text, state_.font, storage);
     }
     Column column;
-    if (const RefusalNote refused = CheckParagraph(paragraph)) return refused;
-    if (const RefusalNote refused = PlaceParagraph(paragraph, column)) return refused;
-    const layout::CodeWidths* const codes = Setter().ByteWidths(paragraph.text, state_.font);
-    if (const RefusalNote refused = MeasureWords(paragraph.text, codes, column.width)) {
+    if (const RefusalNote refused = CheckParagraph(measured)) return refused;
+    if (const RefusalNote refused = PlaceParagraph(measured, column)) return refused;
+    const layout::CodeWidths* const codes = Setter().ByteWidths(measured.text, state_.font);
+    if (const RefusalNote refused = MeasureWords(measured.text, codes, column.width)) {
       return refused;
     }
     std::int32_t lines = 1;  // the last one

@@ -27,9 +27,11 @@ const FontDescriptor& DescriptorOf(int font) noexcept {
   return kDescriptors[static_cast<std::size_t>(font - kFirstFont)];
 }
 
-std::string WidthsArray(const layout::CodeWidths& widths) {
+std::string WidthsArray(const layout::CodeWidths& widths, int first, int last) {
   WrappedWords words("[");
-  for (std::size_t code = 1; code < widths.size(); ++code) words.Add(std::to_string(widths[code]));
+  for (int code = first; code <= last; ++code) {
+    words.Add(std::to_string(widths[static_cast<std::size_t>(code)]));
+  }
   words.Add("]");
   return words.Text();
 }

@@ -2,12 +2,12 @@
 //
 // FontDescriptor: what a font dictionary with widths of its own must say about a standard font.
 //
-// Readers know the fourteen fonts and need no widths, but the fonts that they have in their place
-// differ from the published widths in some signs and letters beyond WinAnsi (layout/glyphs/
-// latin.txt). So Helvetica and Times under the second encoding come with their widths, for which
-// the format wants a descriptor too:
+// Readers know the fourteen fonts, but what they show in their place has other widths for some
+// signs and letters beyond WinAnsi (layout/glyphs/latin.txt), or, in a browser, for all of them:
+// lines then end elsewhere than they were measured to end. So Helvetica and Times come with their
+// widths, for which the format wants a descriptor too:
 //
-//     /FirstChar 1 /LastChar 255                 << /Type /FontDescriptor
+//     /FirstChar 32 /LastChar 126                << /Type /FontDescriptor
 //     /Widths [ 556 722 ... ]                    /FontName /Times-Roman /Flags 34
 //     /FontDescriptor 9 0 R                      /FontBBox [ -168 -218 1000 898 ] ... >>
 #pragma once
@@ -33,7 +33,8 @@ struct FontDescriptor {
 /// `font` is the index of a face of Helvetica or Times into layout::kFontNames, 4 to 11.
 [[nodiscard]] const FontDescriptor& DescriptorOf(int font) noexcept;
 
-/// The array of widths of the codes 1 to 255, brackets included, in lines of at most 80 characters.
-[[nodiscard]] std::string WidthsArray(const layout::CodeWidths& widths);
+/// The array of widths of the codes `first` to `last`, brackets included, in lines of at most 80
+/// characters.
+[[nodiscard]] std::string WidthsArray(const layout::CodeWidths& widths, int first, int last);
 
 }  // namespace vellumark::pdf

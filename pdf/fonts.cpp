@@ -3,17 +3,17 @@
 // The fourteen standard fonts. A classic document has all of them; a conforming one those that it
 // uses, under at most two encodings each (pdf/font_encoding.h):
 //
-//     6 0 obj                                     9 0 obj
+//     6 0 obj                                     10 0 obj
 //     <<                                          <<
 //     /Type /Font                                 /Type /Font
 //     /Subtype /Type1                             /Subtype /Type1
 //     /BaseFont /Helvetica                        /BaseFont /Helvetica
-//     /Encoding /WinAnsiEncoding                  /Encoding 7 0 R         its /Differences
-//     >>                                          /ToUnicode 8 0 R
-//     endobj                                      /FirstChar 1 /LastChar 255 /Widths [ ... ]
-//                                                 /FontDescriptor 10 0 R
-//                                                 >>
-//                                                 endobj
+//     /Encoding /WinAnsiEncoding                  /Encoding 8 0 R         its /Differences
+//     /FirstChar 32 /LastChar 126                 /ToUnicode 9 0 R
+//     /Widths [ ... ]                             /FirstChar 1 /LastChar 255 /Widths [ ... ]
+//     /FontDescriptor 7 0 R                       /FontDescriptor 11 0 R
+//     >>                                          >>
+//     endobj                                      endobj
 #include <array>
 
 #include "document/font_resource.h"
@@ -30,10 +30,9 @@ namespace {
 constexpr std::size_t kFonts = layout::kFontNames.size();
 constexpr std::size_t kFaces = 4;
 
-/// Readers' own Courier has the same width everywhere.
-bool NeedsWidths(std::size_t font, layout::TextEncoding encoding) {
-  return encoding == layout::TextEncoding::Extended && font >= kFaces;
-}
+/// Readers' own Courier has the same width everywhere, and Symbol and ZapfDingbats are the same
+/// ones everywhere.
+bool NeedsWidths(std::size_t font) { return font >= kFaces && font < 3 * kFaces; }
 
 }  // namespace
 
@@ -76,24 +75,28 @@ std::string PdfWriter::WriteUsedFonts() {
       lines_.Append("/Encoding ", Reference{object});
       lines_.Append("/ToUnicode ", Reference{object + 1});
     }
-    if (NeedsWidths(font, encoding)) WriteWidths(static_cast<int>(font), number + 1);
+    if (NeedsWidths(font)) WriteWidths(static_cast<int>(font), encoding, number + 1);
     lines_.Append(">>");
     lines_.Append("endobj");
-    if (NeedsWidths(font, encoding)) WriteDescriptor(static_cast<int>(font));
+    if (NeedsWidths(font)) WriteDescriptor(static_cast<int>(font));
     named.append("/F").append(std::to_string(resource)).append(" ");
     named.append(std::to_string(number)).append(" 0 R ");
   }
   return named;
 }
 
-/// The widths under the second encoding, in the dictionary of a face of Helvetica or Times.
-void PdfWriter::WriteWidths(int font, int descriptor) {
+/// The widths in the dictionary of a face of Helvetica or Times. Under WinAnsi most documents have
+/// no codes beyond ASCII.
+void PdfWriter::WriteWidths(int font, layout::TextEncoding encoding, int descriptor) {
   constexpr int kFacesOfFamily = static_cast<int>(kFaces);
   const layout::Font face = {.number = static_cast<FontNumberConstants>(font / kFacesOfFamily + 1),
                              .style = static_cast<FontStyleConstants>(font % kFacesOfFamily + 1)};
-  lines_.Append("/FirstChar 1");
-  lines_.Append("/LastChar 255");
-  lines_.Append("/Widths ", WidthsArray(layout::WidthsOf(face, layout::TextEncoding::Extended)));
+  const bool extended = encoding == layout::TextEncoding::Extended;
+  const int first = extended ? 1 : ' ';
+  const int last = extended || objects_.codes_beyond_ascii ? 255 : '~';
+  lines_.Append("/FirstChar ", first);
+  lines_.Append("/LastChar ", last);
+  lines_.Append("/Widths ", WidthsArray(layout::WidthsOf(face, encoding), first, last));
   lines_.Append("/FontDescriptor ", Reference{descriptor});
 }
 

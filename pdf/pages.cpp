@@ -17,6 +17,7 @@
 #include <string>
 #include <utility>
 
+#include "encoding/eight_bytes.h"
 #include "encoding/zlib.h"
 #include "pdf/content_stream.h"
 #include "pdf/syntax.h"
@@ -32,6 +33,13 @@ std::string ReferenceArray(std::span<const int> numbers) {
   std::string array = "[ ";
   for (const int number : numbers) array.append(std::to_string(number)).append(" 0 R ");
   return array.append("]");
+}
+
+bool HasBytesBeyondAscii(std::string_view bytes) {
+  std::uint64_t all = 0;
+  for (; bytes.size() >= 8; bytes.remove_prefix(8)) all |= encoding::LoadEight(bytes.data());
+  for (const char c : bytes) all |= static_cast<std::uint8_t>(c);
+  return (all & encoding::kHighBits) != 0;
 }
 
 /// A node of the page tree: its number and the pages below it.
@@ -168,6 +176,7 @@ void PdfWriter::WritePageContent() {
   std::string_view marks = page_.Text(joined_);
   if (!marks.empty()) {
     marks.remove_suffix(1);  // the line end, which stands behind the stream anyway
+    objects_.codes_beyond_ascii = objects_.codes_beyond_ascii || HasBytesBeyondAscii(marks);
     objects_.contents.push_back(WriteStream(marks));
   }
   // The marks stay for as long as the call that ended the page can be taken back.

@@ -138,6 +138,7 @@ class PdfWriter final : public document::Writer {
     std::vector<HeldPlace> held_places;
     std::vector<Bookmark> bookmarks;
     std::array<bool, document::kFontResources> fonts_used{};
+    bool codes_beyond_ascii = false;  // in a text of a conforming document
   };
 
   /// How far the lists of Objects reached.
@@ -175,7 +176,7 @@ class PdfWriter final : public document::Writer {
   void WriteClassicFonts();
   [[nodiscard]] std::string WriteUsedFonts();
   int WriteEncoding(layout::TextEncoding encoding);
-  void WriteWidths(int font, int descriptor);
+  void WriteWidths(int font, layout::TextEncoding encoding, int descriptor);
   void WriteDescriptor(int font);
 
   // pages.cpp

@@ -10,6 +10,8 @@
 - Every header compiles alone; those that need Windows with the cross compiler, if there is one.
 - Every source has an SPDX line first, and every file at most 500 lines.
 - Words are spelled the American way, and some turns of phrase that stumble do not come back.
+- Each oddity of document/oddities.h is told in docs/output.md and has a test of its name, Oddity...;
+  the test behind it is that of the conforming output, Conforming....
 - Relative links of the documents, and the paths that ARCHITECTURE.md names, lead somewhere.
 """
 import concurrent.futures
@@ -72,6 +74,21 @@ OWN_WORDS = "scripts/lint.py"  # which names what it looks for
 PRINTED_AS_BEFORE = ("examples/gallery_pages.h", "examples/gallery_pictures.h")
 GENERATED = ("docs/reference.md",)  # may have more lines than a file that somebody writes
 
+# Oddities of PostScript whose tests in tests/ps have names of their own.
+TESTED_IN_PS = {
+    "FilesAreWithoutSetup": "OddityTheFileHasNoSetupAndEachMarkSpellsOutItsPen",
+    "MarksAreSpelledOut": "OddityTheFileHasNoSetupAndEachMarkSpellsOutItsPen",
+    "PageCommentsBeginWithTheCount": "OddityThePageCommentCountsFirstAndFollowsTheBackground",
+    "PageCommentsFollowTheBackground": "OddityThePageCommentCountsFirstAndFollowsTheBackground",
+    "OnlyTheFirstPageTurns": "OddityTheRotationStandsOnceAndMovesHeightFirst",
+    "TextIsPasted": "OddityTextAndPropertiesAreNotEscaped",
+    "LinesAreClosed": "OddityALineIsClosedAndNeverFilled",
+    "DashesStayInForce": "OddityASolidLineDoesNotResetTheDash",
+    "ArcsTurnAsOftenAsTold": "OddityAnArcTurnsAsOftenAsTold",
+    "PictureDataIsOneLine": "OddityRunLengthEndsWithAMarkerOfItsOwn",
+    "FailedCreatesForgetTheFile": "OddityACreateThatFailsForgetsTheOpenFile",
+}
+
 INTRINSICS = {"immintrin.h", "emmintrin.h", "tmmintrin.h", "arm_neon.h"}
 
 
@@ -129,6 +146,24 @@ def check_architecture(path):
             name = name.strip("`")
             if not (ROOT / name).exists() and not any(ROOT.glob(f"{name}.*")):
                 yield f"{path}:{number}: {name} does not exist"
+
+
+def check_oddities():
+    names = re.findall(r"constexpr bool (\w+)\(\) const",
+                       (ROOT / "document/oddities.h").read_text(encoding="utf-8"))
+    told = (ROOT / "docs/output.md").read_text(encoding="utf-8")
+    tests = {}  # each test's name, and that of the next one in its file
+    for path in tracked("tests/*.cpp"):
+        found = re.findall(r"^TEST\w*\(\w+,\s*(\w+)\)", (ROOT / path).read_text(encoding="utf-8"),
+                           flags=re.M)
+        tests.update(zip(found, [*found[1:], ""]))
+    for name in names:
+        if f"`{name}`" not in told:
+            yield f"docs/output.md: nothing about {name} of document/oddities.h"
+        if TESTED_IN_PS.get(name, f"Oddity{name}") not in tests:
+            yield f"document/oddities.h: no test Oddity{name}"
+        elif name not in TESTED_IN_PS and not tests[f"Oddity{name}"].startswith("Conforming"):
+            yield f"document/oddities.h: no test Conforming... behind Oddity{name}"
 
 
 def floor_of(path):
@@ -198,6 +233,7 @@ def main():
     faults += check_spelling(text)
     faults += [fault for path in text if path.endswith(".md") for fault in check_links(path)]
     faults += check_architecture("ARCHITECTURE.md")
+    faults += check_oddities()
     headers = [path for path in paths if path.endswith(".h")]
     with concurrent.futures.ThreadPoolExecutor() as pool:
         for found in pool.map(lambda path: list(check_compiles_alone(path)), headers):

@@ -7,6 +7,7 @@
 // The pixel data is stored, not compressed.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -83,7 +84,7 @@ struct PngFile {
     for (std::size_t at = 0; at < rows.size(); at += size) {
       filtered += '\0';  // no filter
       filtered.append(rows.begin() + static_cast<std::ptrdiff_t>(at),
-                      rows.begin() + static_cast<std::ptrdiff_t>(at + size));
+                      rows.begin() + static_cast<std::ptrdiff_t>(std::min(at + size, rows.size())));
     }
     return filtered;
   }
@@ -114,7 +115,8 @@ struct PngFile {
 
   void AddPixel(std::uint32_t x, std::uint32_t y, std::vector<bool>& bits) const {
     const std::size_t row = (std::size_t{width} * PixelBits() + 7) / 8 * y;
-    for (std::size_t bit = x * PixelBits(); bit < (x + 1) * PixelBits(); ++bit) {
+    const std::size_t first = std::size_t{x} * PixelBits();
+    for (std::size_t bit = first; bit < first + PixelBits(); ++bit) {
       bits.push_back((rows[row + bit / 8] >> (7 - bit % 8) & 1) != 0);
     }
   }

@@ -2,13 +2,12 @@
 #include "tools/conversion.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <utility>
 
 #include "tools/classic/classic_output.h"
-#include "tools/lost_characters.h"
 #include "tools/notes.h"
 #include "tools/pdf_output.h"
 #include "tools/picture_platform.h"
@@ -21,20 +20,6 @@ namespace vellumark::tools {
 namespace {
 
 constexpr const char* kFile = "document";
-
-/// The first title of the text, as the Title property.
-std::string FirstTitle(const MarkdownTree& tree) {
-  for (NodeWalk walk(tree.root()); walk.Next();) {
-    if (KindOf(walk.node()) == NodeKind::Heading) return PlainText(ReadInlines(walk.node()));
-  }
-  return {};
-}
-
-/// The folder that relative names of pictures start from.
-std::filesystem::path PictureFolder(const Options& options) {
-  if (options.input == "-") return {};
-  return std::filesystem::path(options.input).parent_path();
-}
 
 /// Conforming or classic documents, and how texts are measured for them.
 class Outputs {
@@ -65,28 +50,38 @@ class Outputs {
   std::unique_ptr<LibraryMeasure> conforming_;
 };
 
+std::size_t LinesOf(const Source& source) {
+  return static_cast<std::size_t>(std::count(source.text.begin(), source.text.end(), '\n'));
+}
+
+std::size_t LinesOf(const std::vector<Source>& sources) {
+  std::size_t lines = 0;
+  for (const Source& source : sources) lines += LinesOf(source);
+  return lines;
+}
+
 class Conversion {
  public:
-  Conversion(const std::string& text, const Options& options)
-      : text_(text),
-        tree_(text),
-        options_(options),
-        outputs_(options),
-        progress_(static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'))) {
-    if (!options.title_given) options_.properties.title = FirstTitle(tree_);
+  Conversion(const std::vector<Source>& sources, const Options& options)
+      : sources_(sources), options_(options), outputs_(options), progress_(LinesOf(sources)) {
+    if (!options.title_given) options_.properties.title = sources.front().Title();
   }
 
   Converted Run(std::ostream& notes) {
-    std::string bytes;
+    Converted done;
     try {
-      bytes = Attempt(options_.style);
+      done.bytes = Attempt(options_.style);
     } catch (const ObjectNumbersUsedUp&) {
       if (!options_.style.justify) FailTooLong();
-      bytes = RunRagged(notes);
+      done.bytes = RunRagged(notes);
     }
     progress_.Clear();
-    WriteNotes(result_, text_, notes);
-    return {std::move(bytes), result_.lost_pictures.empty()};
+    for (std::size_t i = 0; i < sources_.size(); ++i) {
+      const std::string_view name = sources_.size() > 1 ? sources_[i].name : std::string_view();
+      WriteNotes(results_[i], sources_[i].text, name, notes);
+      if (!results_[i].lost_pictures.empty()) done.complete = false;
+    }
+    return done;
   }
 
  private:
@@ -104,50 +99,65 @@ class Conversion {
   }
 
   std::string Attempt(const TextStyle& style) {
-    auto platform = std::make_shared<PicturePlatform>(PictureFolder(options_));
+    auto platform = std::make_shared<PicturePlatform>();
     const std::unique_ptr<OutputFormat> output = outputs_.Make(platform);
     Document& document = output->document();
     output->SetProperties(options_.properties);
     document.PaperSize(options_.paper);
     document.Orientation(options_.orientation);
     if (!document.Create(kFile)) throw Failure(document.LastRefusal().sentence);
-    result_ = {};
-    Typesetter(*output, outputs_.measure(), *platform, style)
-        .Typeset(tree_, result_,
-                 [this](int pages, std::size_t line) { progress_.Show(pages, line); });
+    results_.clear();
+    Typesetter typesetter(*output, outputs_.measure(), *platform, style);
+    std::size_t before = 0;
+    for (const Source& source : sources_) {
+      platform->SetFolder(source.Folder());
+      typesetter.Typeset(source, results_.emplace_back(), [&](int pages, std::size_t line) {
+        progress_.Show(pages, before + line);
+      });
+      before += LinesOf(source);
+    }
     document.Flush();
-    NoteLostCharacters(output->LostCharacters());
     const Refusal refusal = document.LastRefusal();
+    NoteLostCharacters(output->LostCharacters());
     if (refusal.reason != RefusalReason::None) throw Failure(refusal.sentence);
     return platform->TakeFile(kFile);
   }
 
-  void NoteLostCharacters(std::string lost) {
-    result_.lost_characters = std::move(lost);
-    if (result_.lost_characters.empty()) return;
+  /// With the input in which the first of them is.
+  void NoteLostCharacters(const std::string& lost) {
+    if (lost.empty()) return;
     std::size_t at = 0;
-    const char32_t first = NextCharacter(result_.lost_characters, at);
-    result_.first_lost = PlaceOfCharacter(first, tree_.root(), text_);
+    const char32_t first = NextCharacter(lost, at);
+    std::size_t found = 0;
+    std::optional<Place> place;
+    for (std::size_t i = 0; i < sources_.size() && !place; ++i) {
+      place = sources_[i].PlaceOf(first);
+      if (place) found = i;
+    }
+    results_[found].lost_characters = lost;
+    results_[found].first_lost = place;
   }
 
   [[noreturn]] void FailTooLong() const {
+    const TypesetResult& last = results_.back();
+    const std::string& name = sources_[results_.size() - 1].name;
     throw Failure("the text is too long for one document: it is full at line " +
-                  std::to_string(result_.line) + " of the input, after " +
-                  std::to_string(result_.pages) + " pages; split the input there");
+                  std::to_string(last.line) + " of " +
+                  (sources_.size() > 1 ? name : std::string("the input")) + ", after " +
+                  std::to_string(last.pages) + " pages; split the input there");
   }
 
-  std::string_view text_;
-  MarkdownTree tree_;
+  const std::vector<Source>& sources_;
   Options options_;
   Outputs outputs_;
   ProgressLine progress_;
-  TypesetResult result_;
+  std::vector<TypesetResult> results_;  // of the sources that were begun
 };
 
 }  // namespace
 
-Converted Convert(const std::string& text, const Options& options, std::ostream& notes) {
-  return Conversion(text, options).Run(notes);
+Converted Convert(const std::vector<Source>& sources, const Options& options, std::ostream& notes) {
+  return Conversion(sources, options).Run(notes);
 }
 
 }  // namespace vellumark::tools

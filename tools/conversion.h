@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// Convert: from a text to the bytes of a finished document.
+// Convert: from texts to the bytes of a finished document.
 //
-//     const Converted done = Convert(text, options, std::cerr);
+//     const Converted done = Convert(sources, options, std::cerr);
 //
 // If a justified document runs out of object numbers (a PDF has 32,767), the text is set again,
 // ragged, which needs far fewer; `notes` then gets a line that says so. It gets another line if
@@ -12,8 +12,10 @@
 
 #include <iosfwd>
 #include <string>
+#include <vector>
 
 #include "tools/options.h"
+#include "tools/source.h"
 
 namespace vellumark::tools {
 
@@ -22,7 +24,8 @@ struct Converted {
   bool complete = true;  ///< false if a picture is missing
 };
 
-[[nodiscard]] Converted Convert(const std::string& text, const Options& options,
+/// There must be one source at least; each begins on a page of its own.
+[[nodiscard]] Converted Convert(const std::vector<Source>& sources, const Options& options,
                                 std::ostream& notes);
 
 }  // namespace vellumark::tools

@@ -28,6 +28,7 @@ struct Run {
   std::string text;  ///< UTF-8
   std::size_t link = 0;
   bool struck = false;
+  bool underlined = false;
 };
 
 struct Line {

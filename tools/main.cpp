@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// vellumark INPUT -o OUTPUT.pdf: typesets a text file in Markdown.
+// vellumark INPUT... -o OUTPUT.pdf: typesets text files in Markdown or as they stand.
 //
 // It reads, converts and then writes, so the output does not appear until the document is finished.
 // The exit status is 0, 1 or 2; see docs/command-line.md.
@@ -10,12 +10,13 @@
 #include <new>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "tools/conversion.h"
 #include "tools/failure.h"
-#include "tools/input_text.h"
 #include "tools/options.h"
 #include "tools/output_file.h"
+#include "tools/source.h"
 
 namespace {
 
@@ -26,9 +27,12 @@ int Run(int argc, const char* const* argv) {
   using namespace vellumark::tools;
   const std::optional<Options> options = ParseOptions(argc, argv);
   if (!options) return 0;
-  const OutputFile output(options->output, options->input);
-  const std::string text = ReadInput(options->input);
-  const Converted done = Convert(text, *options, std::cerr);
+  const OutputFile output(options->output, options->inputs);
+  std::vector<Source> sources;
+  for (const std::string& input : options->inputs) {
+    sources.push_back(ReadSource(input, options->kind));
+  }
+  const Converted done = Convert(sources, *options, std::cerr);
   output.Write(done.bytes);
   return done.complete ? 0 : kIncomplete;
 }

@@ -19,10 +19,6 @@ std::string UnicodeName(char32_t character) {
   return {text.data(), static_cast<std::size_t>(std::max(size, 0))};
 }
 
-std::string PlaceText(const Place& place) {
-  return "line " + std::to_string(place.line) + ", column " + std::to_string(place.column);
-}
-
 /// "1 character is" or "3 characters are".
 std::string Count(std::size_t number, const std::string& one, const std::string& more) {
   return std::to_string(number) + " " + (number == 1 ? one : more);
@@ -42,8 +38,9 @@ std::string Shown(std::string name) {
 
 class Notes {
  public:
-  Notes(const TypesetResult& result, std::string_view text, std::ostream& stream)
-      : result_(result), source_(text), stream_(stream) {}
+  Notes(const TypesetResult& result, std::string_view text, std::string_view name,
+        std::ostream& stream)
+      : result_(result), source_(text), name_(name), stream_(stream) {}
 
   void Write() {
     WriteLostCharacters();
@@ -54,7 +51,7 @@ class Notes {
     }
     if (result_.remote_pictures > 0) {
       Line(Count(result_.remote_pictures, "remote picture is", "remote pictures are") +
-           " represented by a link");
+           " represented by a link" + (name_.empty() ? "" : ", in " + Shown(std::string(name_))));
     }
     for (const LostPicture& picture : result_.lost_pictures) {
       Line("picture " + Shown(picture.file) + " at " +
@@ -79,17 +76,28 @@ class Notes {
     Line(text);
   }
 
+  [[nodiscard]] std::string PlaceText(const Place& place) const {
+    return "line " + std::to_string(place.line) + ", column " + std::to_string(place.column) +
+           OfName();
+  }
+
+  [[nodiscard]] std::string OfName() const {
+    return name_.empty() ? std::string() : " of " + Shown(std::string(name_));
+  }
+
   void Line(const std::string& text) { stream_ << "vellumark: " << text << '\n'; }
 
   const TypesetResult& result_;
   SourceText source_;
+  std::string_view name_;
   std::ostream& stream_;
 };
 
 }  // namespace
 
-void WriteNotes(const TypesetResult& result, std::string_view text, std::ostream& stream) {
-  Notes(result, text, stream).Write();
+void WriteNotes(const TypesetResult& result, std::string_view text, std::string_view name,
+                std::ostream& stream) {
+  Notes(result, text, name, stream).Write();
 }
 
 }  // namespace vellumark::tools

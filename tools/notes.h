@@ -14,7 +14,8 @@
 
 namespace vellumark::tools {
 
-/// `text` is the input that `result` is about.
-void WriteNotes(const TypesetResult& result, std::string_view text, std::ostream& stream);
+/// `text` is the input that `result` is about; its name is told if it is not empty.
+void WriteNotes(const TypesetResult& result, std::string_view text, std::string_view name,
+                std::ostream& stream);
 
 }  // namespace vellumark::tools

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "tools/failure.h"
+#include "tools/option_pages.h"
 #include "tools/option_values.h"
 #include "tools/type_scale.h"
 #include "tools/utf8_text.h"
@@ -51,29 +52,33 @@ std::string Wrapped(const std::string& help) {
   return wrapped;
 }
 
-void AddLayoutOptions(CLI::App& app, RawOptions& raw, Options& options) {
-  const auto add = [&app](const char* name, std::string& value, const std::string& help,
-                          const char* type) {
-    app.add_option(name, value, Wrapped(help + " [default: " + value + "]"))->type_name(type);
+void AddLayoutOptions(OptionTable& table, RawOptions& raw, Options& options) {
+  CLI::App& app = table.app;
+  const auto add = [&](const std::string& name, std::string& value, const std::string& help,
+                       const char* type) {
+    app.add_option("--" + name, value, Wrapped(help + " [default: " + value + "]"))
+        ->type_name(type);
   };
-  app.add_option("--format", raw.format,
-                 Wrapped(OneOf("Format of the output", kFormatNames) +
-                         " [default: by the ending of the output, otherwise pdf]"))
-      ->type_name("NAME");
-  add("--paper", raw.paper, OneOf("Paper size", kPaperNames), "NAME");
-  add("--orientation", raw.orientation, OneOf("Orientation of the paper", kOrientationNames),
-      "NAME");
-  add("--margins", raw.margins,
-      "Margins in points (1/72 inch), one number or LEFT,TOP,RIGHT,BOTTOM", "POINTS");
-  add("--page-color", raw.page_color, OneOf("Color of the page, #rrggbb or one of", kColorNames),
+  const auto add_one_of = [&](const std::string& name, std::string& value, std::string_view help,
+                              std::string_view names, const std::string& standard) {
+    table.values[name] = names;
+    app.add_option("--" + name, value, Wrapped(OneOf(help, names) + " [default: " + standard + "]"))
+        ->type_name("NAME");
+  };
+  add_one_of("format", raw.format, "Format of the output", kFormatNames,
+             "by the ending of the output, otherwise pdf");
+  add_one_of("paper", raw.paper, "Paper size", kPaperNames, raw.paper);
+  add_one_of("orientation", raw.orientation, "Orientation of the paper", kOrientationNames,
+             raw.orientation);
+  add("margins", raw.margins, "Margins in points (1/72 inch), one number or LEFT,TOP,RIGHT,BOTTOM",
+      "POINTS");
+  table.values["page-color"] = kColorNames;
+  add("page-color", raw.page_color, OneOf("Color of the page, #rrggbb or one of", kColorNames),
       "COLOR");
-  add("--font", raw.font, OneOf("Font of text and titles", kFontNames), "NAME");
-  add("--size", raw.size, "Size of the text in points, 8 to 72", "POINTS");
-  app.add_option("--encoding", raw.encoding,
-                 Wrapped(OneOf("Picture encoding", kEncodingNames) +
-                         " [default: original, which keeps a JPG file as it is; with --classic "
-                         "ascii85]"))
-      ->type_name("NAME");
+  add_one_of("font", raw.font, "Font of text and titles", kFontNames, raw.font);
+  add("size", raw.size, "Size of the text in points, 8 to 72", "POINTS");
+  add_one_of("encoding", raw.encoding, "Picture encoding", kEncodingNames,
+             "original, which keeps a JPG file as it is; with --classic ascii85");
   app.add_flag("--classic", options.classic,
                Wrapped("Write a classic document, whose bytes never change, instead of one that "
                        "every reader accepts"));
@@ -85,13 +90,47 @@ void AddLayoutOptions(CLI::App& app, RawOptions& raw, Options& options) {
       "--no-justify", [&justify] { justify = false; }, "Set paragraphs ragged on the right");
 }
 
+void AddKindOptions(CLI::App& app, Options& options) {
+  TextKind& kind = options.kind;
+  CLI::Option* const plain = app.add_flag_callback(
+      "--plain", [&kind] { kind = TextKind::Plain; },
+      Wrapped("Set the text as it stands, in Courier [default for standard input and names that "
+              "end in .txt, .log, .diff or .patch]"));
+  app.add_flag_callback(
+         "--markdown", [&kind] { kind = TextKind::Markdown; },
+         "Read the text as Markdown [default otherwise]")
+      ->excludes(plain);
+}
+
+/// What the program prints about itself, whether there are inputs or not.
+void AddPageOptions(OptionTable& table) {
+  table.app.add_flag_callback(
+      "--man", [&table] { throw CLI::CallForVersion(ManualPage(table), 0); },
+      "Print the manual page and exit, for man -l -");
+  table.values["completion"] = kShellNames;
+  table.app
+      .add_option_function<std::string>(
+          "--completion",
+          [&table](const std::string& shell) {
+            if (std::string(", ").append(kShellNames).append(", ").find(", " + shell + ", ") ==
+                std::string::npos) {
+              throw Failure("--completion: \"" + shell +
+                            "\" is not one of: " + std::string(kShellNames));
+            }
+            throw CLI::CallForVersion(Completion(table, shell), 0);
+          },
+          Wrapped(OneOf("Print what completes command lines in a shell and exit", kShellNames)))
+      ->type_name("SHELL");
+}
+
 void AddPropertyOptions(CLI::App& app, Options& options) {
   const auto add = [&app](const char* name, std::string& value, const std::string& help,
                           const std::string& standard) {
     app.add_option(name, value, Wrapped(help + " [default: " + standard + "]"))->type_name("TEXT");
   };
   Properties& properties = options.properties;
-  add("--title", properties.title, "Title property", "the first title of the text");
+  add("--title", properties.title, "Title property",
+      "the first title, or the name of a plain text");
   add("--author", properties.author, "Author property", "none");
   add("--creator", properties.creator, "Creator property, the origin of the text",
       properties.creator);
@@ -162,11 +201,13 @@ void TakeOutput(const RawOptions& raw, bool output_given, Options& options) {
     options.format = FormatOfEnding(options.output);
   }
   if (output_given) return;
-  if (options.input == "-") throw Failure("standard input needs an output: add -o FILE");
-  std::filesystem::path path(options.input);
+  const std::string& input = options.inputs.front();
+  if (options.inputs.size() > 1) throw Failure("several inputs need an output: add -o FILE");
+  if (input == "-") throw Failure("standard input needs an output: add -o FILE");
+  std::filesystem::path path(input);
   const char* const ending = options.format == Format::Ps ? ".ps" : ".pdf";
   if (path.extension() == ending) {
-    throw Failure(options.input + " would be written over: name another output with -o");
+    throw Failure(input + " would be written over: name another output with -o");
   }
   options.output = path.replace_extension(ending).string();
 }
@@ -178,20 +219,28 @@ std::optional<Options> ParseOptions(int argc, const char* const* argv) {
   options.properties.creator = "vellumark";
   options.properties.producer = "Vellumark " VELLUMARK_VERSION_STRING;
   RawOptions raw;
-  CLI::App app("Typesets a text file in Markdown as a PDF or PostScript document.", "vellumark");
+  OptionTable table;
+  CLI::App& app = table.app;
+  app.name("vellumark");
+  app.description("Typesets Markdown or plain text as a PDF or PostScript document.");
   app.footer(std::string(kFooter));
   app.set_version_flag("--version", "vellumark " VELLUMARK_VERSION_STRING,
                        "Print the version and exit");
   app.set_help_flag("-h,--help", "Print this help and exit");
-  app.add_option("INPUT", options.input, "Text file in UTF-8; - reads standard input")
+  app.add_option(
+         "INPUT", options.inputs,
+         "Text files in UTF-8, each of which begins on a page of its own; - reads standard\n"
+         "input")
       ->required()
       ->type_name(" ");
+  AddKindOptions(app, options);
   app.add_option("-o,--output", options.output,
                  "File to write; - is standard output\n[default: INPUT with the ending .pdf or "
                  ".ps, beside it]")
       ->type_name("FILE");
-  AddLayoutOptions(app, raw, options);
+  AddLayoutOptions(table, raw, options);
   AddPropertyOptions(app, options);
+  AddPageOptions(table);
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& answered) {

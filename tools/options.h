@@ -10,17 +10,20 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "tools/output_format.h"
+#include "tools/source.h"
 #include "tools/text_style.h"
 
 namespace vellumark::tools {
 
 struct Options {
   Format format = Format::Pdf;
-  bool classic = false;  ///< otherwise conforming
-  std::string input;     ///< a file name, or "-" for standard input
-  std::string output;    ///< a file name, or "-" for standard output
+  bool classic = false;             ///< otherwise conforming
+  std::vector<std::string> inputs;  ///< file names, or "-" for standard input; at least one
+  TextKind kind = TextKind::ByName;
+  std::string output;  ///< a file name, or "-" for standard output
   PaperSizeConstants paper = PaperSizeConstants::A4;
   OrientationConstants orientation = OrientationConstants::Portrait;
   TextStyle style;

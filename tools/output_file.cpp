@@ -40,7 +40,8 @@ fs::path FollowLinks(const std::string& name) {
 
 }  // namespace
 
-OutputFile::OutputFile(std::string name, const std::string& input) : name_(std::move(name)) {
+OutputFile::OutputFile(std::string name, const std::vector<std::string>& inputs)
+    : name_(std::move(name)) {
   if (name_ == "-") return;
   if (name_.empty()) throw Failure("the name of the output is empty");
   target_ = FollowLinks(name_);
@@ -52,7 +53,9 @@ OutputFile::OutputFile(std::string name, const std::string& input) : name_(std::
   }
   if (error) Fail(name_, error);
   if (fs::is_directory(status)) Fail(name_, "it is a directory");
-  if (input != "-" && fs::equivalent(input, target_, error)) Fail(name_, "it is the input");
+  for (const std::string& input : inputs) {
+    if (input != "-" && fs::equivalent(input, target_, error)) Fail(name_, "it is the input");
+  }
   direct_ = !fs::is_regular_file(status);
   if (!direct_ && ::faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) {
     Fail(name_, {errno, std::generic_category()});

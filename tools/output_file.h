@@ -2,7 +2,7 @@
 //
 // OutputFile: all of the document under its name, or nothing.
 //
-//     const OutputFile output(name, input);    // refuses at once what cannot be written
+//     const OutputFile output(name, inputs);   // refuses at once what cannot be written
 //     output.Write(bytes);
 //
 // The bytes go to a temporary file in the same directory (tools/temporary_file.h), which then takes
@@ -14,14 +14,15 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vellumark::tools {
 
 class OutputFile {
  public:
   /// Checks that `name` can be written: its directory exists, and it is not a directory and not the
-  /// file `input`.
-  OutputFile(std::string name, const std::string& input);
+  /// input.
+  OutputFile(std::string name, const std::vector<std::string>& inputs);
 
   void Write(std::string_view bytes) const;
 

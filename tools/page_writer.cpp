@@ -125,8 +125,9 @@ void PageWriter::Prepare(const Run& run, int x, int below) {
   using enum FontEffectConstants;
   Document& document = output_.document();
   SetColor(document, run.link == 0 ? kTextColor : kLinkColor);
+  const auto underline = run.underlined ? Underline : NoFontEffect;
   document.SetFont(run.face.family, run.face.size, run.face.style,
-                   run.struck ? Strikethrough : NoFontEffect);
+                   run.struck ? Strikethrough : underline);
   document.SetPosition(Coordinate(inset_x_ + x + run.x), Coordinate(inset_y_ + y_ + below));
 }
 

@@ -3,7 +3,8 @@
 // PicturePlatform: the platform of a conversion. The document is kept in memory, pictures are read
 // from files, and the size of a picture can be asked for before it is drawn.
 //
-//     auto platform = std::make_shared<PicturePlatform>("notes");    // the folder of the input
+//     auto platform = std::make_shared<PicturePlatform>();
+//     platform->SetFolder("notes");                                   // of the input
 //     PictureSize pixels;
 //     std::string reason;
 //     if (!platform->Measure("logo.jpg", pixels, reason)) ...        // notes/logo.jpg
@@ -34,8 +35,12 @@ struct PictureSize {
 
 class PicturePlatform final : public MemoryPlatform {
  public:
-  /// Relative names start from `folder`; an empty one is the current folder.
-  explicit PicturePlatform(std::filesystem::path folder) : folder_(std::move(folder)) {}
+  /// Relative names of pictures start from `folder`; an empty one, as at first, is the current
+  /// folder.
+  void SetFolder(std::filesystem::path folder) {
+    folder_ = std::move(folder);
+    kept_name_.reset();
+  }
 
   /// Sets the size of a picture in pixels. Returns false, with a `reason` of a few words, if it
   /// cannot be loaded.

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tools/code_block.h"
+#include "tools/plain_text.h"
 #include "tools/table_block.h"
 
 namespace vellumark::tools {
@@ -50,9 +51,22 @@ Typesetter::Typesetter(OutputFormat& output, TextMeasure& measure, PicturePlatfo
       flow_(pages_, measure, style),
       setting_{pages_, flow_, measure, style} {}
 
-void Typesetter::Typeset(const MarkdownTree& tree, TypesetResult& result,
-                         const Progress& progress) {
+void Typesetter::Typeset(const Source& source, TypesetResult& result, const Progress& progress) {
+  if (result_ != nullptr) flow_.NewPage();
   result_ = &result;
+  if (source.tree) {
+    TypesetTree(*source.tree, progress);
+  } else {
+    SetPlainText(source.text, pages_, style_, setting_.measure, [&](std::size_t line) {
+      result.line = line;
+      result.pages = pages_.pages();
+      progress(result.pages, line);
+    });
+  }
+  result.pages = pages_.pages();
+}
+
+void Typesetter::TypesetTree(const MarkdownTree& tree, const Progress& progress) {
   for (NodeWalk walk(tree.root()); walk.Next();) {
     const NodeKind kind = KindOf(walk.node());
     if (kind == NodeKind::Document) continue;
@@ -60,12 +74,11 @@ void Typesetter::Typeset(const MarkdownTree& tree, TypesetResult& result,
       flow_.Leave();
       continue;
     }
-    result.line = StartOf(walk.node()).line;
-    result.pages = pages_.pages();
-    progress(result.pages, result.line);
+    result_->line = StartOf(walk.node()).line;
+    result_->pages = pages_.pages();
+    progress(result_->pages, result_->line);
     Enter(walk, kind);
   }
-  result.pages = pages_.pages();
 }
 
 void Typesetter::Enter(NodeWalk& walk, NodeKind kind) {

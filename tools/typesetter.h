@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// Typesetter: makes a document from a text in Markdown.
+// Typesetter: makes a document from texts, in Markdown or plain.
 //
 //     TypesetResult result;
-//     Typesetter(output, measure, pictures, style).Typeset(tree, result, progress);
+//     Typesetter typesetter(output, measure, pictures, style);
+//     typesetter.Typeset(source, result, progress);
 //
 // It decides how a document looks: sizes, spaces, indents, and what is kept together. A title stays
 // with the text below it, and no page begins or ends with a single line of a paragraph. If the
@@ -18,6 +19,7 @@
 #include "tools/block_setting.h"
 #include "tools/markdown_tree.h"
 #include "tools/picture_platform.h"
+#include "tools/source.h"
 #include "tools/typeset_result.h"
 
 namespace vellumark::tools {
@@ -30,9 +32,11 @@ class Typesetter {
   Typesetter(OutputFormat& output, TextMeasure& measure, PicturePlatform& pictures,
              const TextStyle& style);
 
-  void Typeset(const MarkdownTree& tree, TypesetResult& result, const Progress& progress);
+  /// Sets one input behind those before it, on a page of its own.
+  void Typeset(const Source& source, TypesetResult& result, const Progress& progress);
 
  private:
+  void TypesetTree(const MarkdownTree& tree, const Progress& progress);
   void Enter(NodeWalk& walk, NodeKind kind);
   void EnterList(cmark_node* list);
   void SetTitle(cmark_node* heading);
@@ -62,7 +66,7 @@ class Typesetter {
   PageWriter pages_;
   TextFlow flow_;
   BlockSetting setting_;
-  TypesetResult* result_ = nullptr;
+  TypesetResult* result_ = nullptr;  // of the source that is set
 };
 
 }  // namespace vellumark::tools

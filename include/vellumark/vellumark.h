@@ -2,7 +2,7 @@
 //
 // Vellumark: printable documents without a printer driver.
 //
-// The one header a C++ host includes. It declares PDF, which writes PDF 1.2 files, PS, which writes
+// The one header a C++ host includes. It declares PDF, which writes PDF files, PS, which writes
 // PostScript programs, and Enumerations and the eight enumerations whose members the calls take:
 //
 //     #include <vellumark/vellumark.h>
@@ -34,8 +34,14 @@
 // is the top left corner of the area inside the page margins, y grows downwards. The usable width
 // and height are the page's size less its margins. The paper's size is turned by Landscape.
 //
-// Text is UTF-8. A property gives back exactly what was set; what goes into the file is converted
-// to the platform's single-byte code page, where a character that it lacks becomes "?".
+// Output. A document is conforming or classic (Conforming). Conforming files are what every reader
+// accepts; a classic file never changes by a byte, and has the oddities of docs/output.md. A
+// comment that does not name the output holds for both.
+//
+// Text is UTF-8. A property gives back exactly what was set. In a conforming file a text is literal
+// and shows every character that the font has; a line feed or tab is a blank. In a classic file it
+// is converted to the platform's single-byte code page, where a character that it lacks becomes
+// "?".
 //
 // Results and errors. A drawing or writing call returns true if it wrote something, and false,
 // without throwing, if it refused an argument or met a run-time error; LastRefusal then says why.
@@ -76,7 +82,8 @@ class VELLUMARK_API Document {
 
   // --- Properties. They keep their values from one Create to the next. ---
 
-  /// Written into the file by Create, exactly as set: nothing is escaped.
+  /// Written into the file by Create: in conforming output any text, in classic output exactly as
+  /// set, with nothing escaped.
   [[nodiscard]] std::string Author() const;
   void Author(std::string_view author);
   [[nodiscard]] std::string Creator() const;
@@ -90,7 +97,8 @@ class VELLUMARK_API Document {
   [[nodiscard]] PaperSizeConstants PaperSize() const;
   void PaperSize(PaperSizeConstants papersize);
 
-  /// PDF: marks each page that ends while it is set; readers show the page upright all the same.
+  /// PDF: turns each page that ends while it is set by 90 degrees; in classic output only marks it,
+  /// and readers show it upright all the same.
   /// PS: turns the whole document, set before Create; see docs/postscript.md.
   [[nodiscard]] bool Rotated() const;
   void Rotated(bool rotated);
@@ -161,8 +169,8 @@ class VELLUMARK_API Document {
 
   bool DrawLine(Int16 x1, Int16 y1, Int16 x2, Int16 y2) noexcept;
 
-  /// By its top left corner. PDF: an unfilled closed shape is white inside and covers what is
-  /// below; PS leaves it open.
+  /// By its top left corner. An unfilled closed shape is open; in a classic PDF it is white inside
+  /// and covers what is below.
   bool DrawRectangle(Int16 x, Int16 y, Int16 width, Int16 height) noexcept;
 
   /// From the first point to the third, pulled by the second, and closed by a straight line.
@@ -171,19 +179,21 @@ class VELLUMARK_API Document {
   /// By its center.
   bool DrawCircle(Int16 x, Int16 y, Int16 r) noexcept;
 
-  /// PDF: bulges toward the corners of its box, visibly less round than a circle.
+  /// Classic PDF: bulges toward the corners of its box, visibly less round than a circle.
   bool DrawEllipse(Int16 x, Int16 y, Int16 rx, Int16 ry) noexcept;
 
   /// A slice of a circle from the center, counter-clockwise between two angles in degrees from the
   /// positive x axis. PDF takes the smaller angle first and brings both below 360; if the second
-  /// is then below the first, the slice runs through 0 degrees. PS takes the angles as they are.
+  /// is then below the first, the slice runs through 0 degrees. PS takes the angles as they are, in
+  /// conforming output less whole turns.
   bool DrawArc(Int16 x, Int16 y, Int16 r, float th1, float th2) noexcept;
 
   // --- Text, in the current color and font. ---
 
   /// One run of text; the current position is its top left corner. It must fit: without alignment
   /// between the current x and the right margin, else within the usable width, and above the bottom
-  /// margin. PDF escapes parentheses in it, PS nothing; a backslash is passed on by both. Then the
+  /// margin. Conforming text is literal; in classic output PDF escapes parentheses in it, PS
+  /// nothing, and both pass a backslash on. Then the
   /// position moves behind it, or with `carriagereturn` to the x of the last SetPosition and down
   /// by the font height and `dy`.
   bool WriteText(std::string_view text, bool carriagereturn = false, Byte dy = 0,
@@ -212,7 +222,9 @@ class VELLUMARK_API Document {
   /// aligned. Afterwards the position is below it, at the x of the last SetPosition.
   ///
   /// `encoding` is the filter of its samples. Flate makes the smallest files, ASCII85 and ASCIIHex
-  /// plain text. RunLength ends with a marker of its own instead of the filter's, which not every
+  /// plain text. Original, in conforming output only, is a JPG file's own bytes, and Flate for
+  /// other kinds. In classic output
+  /// RunLength ends with a marker of its own instead of the filter's, which not every
   /// reader takes; docs/pictures.md says which do, and what becomes of pictures of 16 and 32 bits
   /// per pixel.
   ///
@@ -245,7 +257,7 @@ class VELLUMARK_API Document {
   void GetPageColor(std::uint8_t& red, std::uint8_t& green, std::uint8_t& blue) const;
 
   /// Lengths of dashes and gaps in points, separated by blanks, such as "3 2"; "" for a solid line.
-  /// Unchecked.
+  /// Any other text is a solid line in conforming output, and unchecked in classic output.
   [[nodiscard]] std::string GetDash() const;
   void SetDash(std::string_view dash);
 
@@ -350,8 +362,8 @@ class VELLUMARK_API PDF : public Document {
   /// before the first page.
   bool SetAnchor(std::string_view name) noexcept;
 
-  /// The same with a link over the text; the address is written unescaped, so it must be
-  /// percent-encoded.
+  /// The same with a link over the text. In classic output the address is written unescaped, so it
+  /// must be percent-encoded.
   using Document::WriteText;
   bool WriteText(std::string_view text, bool carriagereturn, Byte dy, AlignmentConstants alignment,
                  std::string_view hyperlink) noexcept;

@@ -73,7 +73,7 @@ void WriteFourteenLines(PDF& doc) {
 /// How many of them stand on the first page.
 std::ptrdiff_t LinesOnFirstPage(const Lines& file) {
   const auto holds = [](std::string_view text) {
-    return [text](const std::string& line) { return line.find(text) != line.npos; };
+    return [text](const std::string& line) { return line.find(text) != std::string::npos; };
   };
   const auto footer = std::find_if(file.begin(), file.end(), holds("(Copyright"));
   EXPECT_EQ(std::count_if(file.begin(), file.end(), holds("(line")), 14);

@@ -95,9 +95,11 @@ TEST_F(RunningHeads, MeasuringIsWhatWritingTakes) {
     EXPECT_TRUE(doc.WriteText(text));
     EXPECT_EQ(At().x, width);
     doc.SetPosition(20, 100);
-    const int height = doc.TextHeight(text + text + text, 3, 200);
+    std::string long_text = text;
+    for (int i = 0; i < 2; ++i) long_text.append(text);
+    const int height = doc.TextHeight(long_text, 3, 200);
     EXPECT_EQ(At(), (Position{20, 100}));
-    EXPECT_TRUE(doc.WriteMultiText(text + text + text, 3, kNoAlignment, true, 200));
+    EXPECT_TRUE(doc.WriteMultiText(long_text, 3, kNoAlignment, true, 200));
     EXPECT_EQ(At().y, 100 + height);
     EXPECT_EQ(doc.TextHeight("unbreakable", 0, 20), 0);
     EXPECT_EQ(Why(), RefusalReason::WordTooWide);

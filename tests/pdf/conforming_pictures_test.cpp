@@ -87,11 +87,11 @@ TEST_F(ConformingPictures, AJpgThatReadersMayNotTakeIsDecodedOrRefused) {
   }
   // Three components that are colors themselves: copied, readers would take them for luminance.
   std::string named = jpg;
-  for (int i = 0; i < 3; ++i) named[frame + 10 + 3 * i] = "RGB"[i];
+  for (std::size_t i = 0; i < 3; ++i) named[frame + 10 + 3 * i] = "RGB"[i];
   const std::size_t scan = named.find("\xFF\xDA");
-  for (int i = 0; i < 3; ++i) named[scan + 5 + 2 * i] = "RGB"[i];
+  for (std::size_t i = 0; i < 3; ++i) named[scan + 5 + 2 * i] = "RGB"[i];
   const std::size_t jfif = named.find("JFIF");
-  if (jfif != named.npos) named.replace(jfif, 4, "none");
+  if (jfif != std::string::npos) named.replace(jfif, 4, "none");
   EXPECT_TRUE(Holds(FileWith(named), "/Filter /FlateDecode\n"));
 }
 

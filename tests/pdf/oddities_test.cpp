@@ -156,7 +156,10 @@ TEST_F(ConformingPdf, ConformingFontsNameTheirEncoding) {
       << "the footer's; only fonts that are used are in the file";
   EXPECT_EQ(std::count(lines.begin(), lines.end(), "/Type /Font"), 2);
   EXPECT_TRUE(Has(lines, "/BaseEncoding /WinAnsiEncoding"));
-  EXPECT_TRUE(Has(lines, "/FirstChar 1"));
+  EXPECT_TRUE(Has(lines, "/FirstChar 1")) << "of the second encoding";
+  EXPECT_TRUE(Has(lines, "/FirstChar 32"));
+  EXPECT_TRUE(Has(lines, "/LastChar 255")) << "of both: a text has a code beyond ASCII";
+  EXPECT_FALSE(Has(lines, "/LastChar 126"));
   EXPECT_TRUE(Has(lines, "/FontBBox [ -166 -225 1000 931 ]"));
 }
 

@@ -223,8 +223,8 @@ bool WriteAlike(const std::string& file, bool conforming) {
   }
   doc.SetFont(FontNumberConstants::Times, 11, kRegular, kNoEffect);
   std::string text;
-  for (int i = 0; i < 20; ++i) text += "words that are moved apart ";
-  doc.WriteMultiText(text + "to the end.", 1, kNoAlignment, true, 300);
+  for (int i = 0; i < 20; ++i) text += "words that are wrapped ";
+  doc.WriteMultiText(text + "to the end.", 1, kNoAlignment, false, 300);
   doc.SetFillStyle(true);
   doc.SetFillColor(0, 200, 0);
   for (std::int16_t i = 0; i < 4; ++i) {

@@ -9,6 +9,7 @@ Needs pdftotext, pdfinfo (poppler-utils), mutool, qpdf and Ghostscript.
 import os
 import re
 import resource
+import shutil
 import signal
 import stat
 import subprocess
@@ -206,8 +207,61 @@ class CommandLine(HostTest):
         said = self.refused(self.put("in.md", "a\n\n" * 20000), "-o", "out.pdf", "--no-justify", "--classic")
         self.assertRegex(said, r"full at line 3\d{4} of the input")
 
+    def lines(self, *options):
+        """The lines on every page of out.pdf as a terminal shows them, without the footer."""
+        text = self.reader("pdftotext", "-layout", *options, "out.pdf", "-").decode()
+        return [[line.rstrip() for line in page.splitlines() if line.strip()
+                 and "Copyright" not in line] for page in text.split("\f")[:-1]]
+
+    def test_plain_text_keeps_its_lines(self):
+        text = "*no* list:\n\n- a  b\tc\n    indented `x` <b>\r\n# no title\n"
+        for options in (("in.txt",), ("in.md", "--plain"), ("-",)):
+            self.put("in.txt", text)
+            self.put("in.md", text)
+            done = self.run_tool(*options, "-o", "out.pdf", stdin=text.encode())
+            self.assertEqual((done.returncode, done.stderr), (0, b""))
+            lines = [re.sub(r"(\S) +", r"\1 ", line) for line in self.lines()[0]]
+            self.assertEqual(lines, ["*no* list:", "- a b c", "    indented `x` <b>", "# no title"])
+            self.assertIn(b"(- a  b  c)", self.expanded())
+            self.assertEqual(self.info("Title"), options[0].replace("-", ""))
+        self.run_tool("in.txt", "--markdown", "-o", "out.pdf")
+        self.assertIn("no title", self.info("Title"))
+        self.assertIn("exclude", self.refused("in.md", "--plain", "--markdown"))
+
+    def test_plain_text_has_pages_bold_and_underlined_words_and_long_lines(self):
+        long = "".join(chr(33 + i % 90) for i in range(200))
+        self.put("in.txt", "N\bNA\bA _\bé\x1b[1;31m_\b_x\x1b[0m\n\fone\ftwo\n\f\n" + long + "\n é" + long)
+        self.assertEqual(self.run_tool("in.txt", "-o", "out.pdf").returncode, 0)
+        first, one, two, rest = self.lines()
+        self.assertEqual((first, one, two), (["NA é_x"], ["one"], ["two"]))
+        self.assertEqual("".join(rest), long + " é" + long)
+        self.assertEqual(len({len(line) for line in rest[:2]}), 1)
+        self.assertRegex(self.reader("pdffonts", "out.pdf"), rb"Courier-Bold ")
+        self.assertEqual(len(re.findall(rb"\n\d+ \d+ m\s\d+ \d+ l\sS", self.expanded())), 1)
+
+    def test_a_place_in_plain_text_is_told(self):
+        self.put("in.txt", "a\n\té 日\n")
+        said = self.run_tool("in.txt", "-o", "out.pdf").stderr.decode()
+        self.assertIn("U+65E5; the first is at line 2, column 4\n", said)
+
+    def test_several_inputs_are_one_document(self):
+        self.put("a.md", "# First\n\ntext ![](none.jpg)\n\n![](none.jpg)")
+        self.put("b.txt", "plain 日\n")
+        self.put("c.md", "# Third\n")
+        done = self.run_tool("a.md", "b.txt", "c.md", "-o", "out.pdf")
+        self.assertEqual(done.returncode, 1)
+        self.assertEqual(done.stderr.decode().splitlines(), [
+            "vellumark: picture none.jpg at line 5, column 1 of a.md: No such file or directory",
+            'vellumark: "?" stands for 1 character that the fonts lack: U+65E5; the first is at line 1, '
+            "column 7 of b.txt"])
+        self.assertEqual([page[0].split()[-1] for page in self.lines()], ["First", "?", "Third"])
+        self.assertEqual(self.info("Title"), "First")
+        self.assertIn("several inputs", self.refused("a.md", "b.txt"))
+        self.assertIn("is the input", self.refused("a.md", "b.txt", "-o", "./b.txt", "--format", "pdf"))
+        self.assertIn("No such file", self.refused("a.md", "none.md", "-o", "other.pdf"))
+
     def test_input_may_be_standard_input_with_a_mark_and_crlf(self):
-        done = self.run_tool("-", "-o", "out.pdf",
+        done = self.run_tool("-", "--markdown", "-o", "out.pdf",
                              stdin=b"\xef\xbb\xbf# T\r\n\r\nalpha\r\nbeta\r\n")
         self.assertEqual((done.returncode, done.stderr), (0, b""))
         self.assertIn("alpha beta", self.text())
@@ -387,6 +441,31 @@ class CommandLine(HostTest):
                         b"--classic"):
             self.assertIn(default, told.stdout)
         self.assertRegex(self.run_tool("--version").stdout, rb"\Avellumark \d+\.\d+\.\d+\n\Z")
+
+    def test_the_manual_page_and_completions_have_every_option(self):
+        told = self.run_tool("--help").stdout.decode()
+        names = set(re.findall(r"^  (?:-\w,)?--([\w-]+)", told, re.M))
+        self.assertGreater(len(names), 20)
+        page = self.run_tool("--man").stdout
+        for name in names:
+            self.assertIn(r"\fB\-\-" + name.replace("-", r"\-") + r"\fR", page.decode())
+        if shutil.which("groff"):
+            done = subprocess.run(["groff", "-man", "-Tutf8", "-ww"], input=page, capture_output=True)
+            self.assertEqual((done.returncode, done.stderr), (0, b""))
+        for shell, form in (("bash", "--{} "), ("zsh", "--{}"), ("fish", " -l {} ")):
+            program = self.run_tool("--completion", shell).stdout.decode()
+            self.assertEqual([name for name in names if form.format(name) not in program], [], shell)
+            self.assertIn("a3 a4 a5", program)
+        self.assertIn("bash, zsh, fish", self.refused("--completion", "tcsh"))
+
+    def test_bash_completes_options_values_and_files(self):
+        self.put("notes with blanks.md", "")
+        self.put("completion", self.run_tool("--completion", "bash").stdout)
+        for words, completed in (("--pap", "--paper"), ("--paper le", "ledger\nlegal\nletter"),
+                                 ("--title n", ""), ("-o n", "notes with blanks.md"), ("n", "notes with blanks.md")):
+            program = (f". ./completion; COMP_WORDS=(vellumark {words}); "
+                       "COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _vellumark; printf '%s\\n' \"${COMPREPLY[@]}\"")
+            self.assertEqual(self.reader("bash", "-c", program).decode().strip(), completed, words)
 
 
 if __name__ == "__main__":

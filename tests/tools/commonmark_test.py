@@ -67,7 +67,7 @@ def fault(markdown, page):
     visible.feed(page)
     visible.close()
     with tempfile.TemporaryDirectory() as here:
-        done = subprocess.run([TOOL, "-", "-o", "out.pdf"], cwd=here, input=markdown.encode(),
+        done = subprocess.run([TOOL, "--markdown", "-", "-o", "out.pdf"], cwd=here, input=markdown.encode(),
                               capture_output=True, check=False)
         if done.returncode != 0 and not (done.returncode == 1 and visible.local_pictures):
             return f"status {done.returncode}: {done.stderr.decode()}"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Writes jscript.pdf, jscript.ps, jscript_picture.pdf and jscript_picture.ps with the calls of
-// reference_document.cpp. JScript has no variables that receive values.
+// Writes jscript.pdf and jscript.ps, and more whose names end in _picture, _conforming and _plain,
+// with the calls of reference_document.cpp. JScript has no variables that receive values.
 
 function describe(doc, pdf) {
   doc.Title = "Pages of a script";
@@ -12,7 +12,7 @@ function describe(doc, pdf) {
   if (pdf) {
     doc.Keywords = "words";
     doc.Producer = "script";
-    doc.Subject = undefined;
+    if (!doc.Conforming) doc.Subject = undefined;
   }
 }
 
@@ -84,7 +84,38 @@ function writePages(doc, file, pdf) {
   writeAtPositions(doc);
   drawShapes(doc);
   writeParagraphs(doc);
+  if (doc.Conforming) writeForEveryReader(doc, pdf);
   doc.Flush();
+}
+
+function writeForEveryReader(doc, pdf) {
+  doc.Footer = "{page} of {pages}";
+  doc.NewPage(50, 40, 50, 40, 255, 255, 255);
+  doc.WriteMultiText(doc.Creator + " a) (b \\\tc");
+  var width = doc.TextWidth("Lost");
+  var height = doc.TextHeight("Two lines of a narrow paragraph", 2, 100);
+  doc.SetPosition(0, 200);
+  doc.DrawRectangle(0, 200, width, height);
+  doc.DrawPicture("landscape_24.bmp");
+  if (pdf) {
+    doc.WriteBookmark("Page " + doc.PageNumber);
+    doc.SetAnchor("here");
+    doc.WriteText(doc.LostCharacters, true, 3, 0, "#here");
+    doc.DrawPicture("landscape.jpg", 3, "", 5);
+    doc.Subject = doc.LostCharacters;
+  } else {
+    doc.WriteText(doc.LostCharacters, true, 3);
+    doc.DrawPicture("landscape.jpg", 3, 5);
+  }
+}
+
+function writeConforming(doc, kind) {
+  doc.Conforming = true;
+  writePages(doc, "jscript_conforming." + kind, kind == "pdf");
+  if (kind == "pdf") {
+    doc.Compressed = false;
+    writePages(doc, "jscript_plain.pdf", true);
+  }
 }
 
 function writePictures(doc, file, pdf) {
@@ -108,5 +139,6 @@ for (var i = 0; i < kinds.length; ++i) {
   var doc = new ActiveXObject("Vellumark." + kinds[i]);
   writePages(doc, "jscript." + kinds[i], kinds[i] == "pdf");
   writePictures(doc, "jscript_picture." + kinds[i], kinds[i] == "pdf");
+  writeConforming(doc, kinds[i]);
 }
 WScript.Echo("end of script");

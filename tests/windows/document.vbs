@@ -1,21 +1,22 @@
 ' SPDX-License-Identifier: MIT
 '
-' Writes vbscript.pdf, vbscript.ps, vbscript_picture.pdf and vbscript_picture.ps with the calls of
-' reference_document.cpp, in VBScript's own ways: variables that receive values, omitted arguments,
-' texts and fractions where numbers belong. Chr knows the code page only (Wine's VBScript has no
-' ChrW), so that the characters beyond it are written as what becomes of them.
+' Writes vbscript.pdf and vbscript.ps, and more whose names end in _picture, _conforming and _plain,
+' with the calls of reference_document.cpp, in VBScript's own ways: variables that receive values,
+' omitted arguments, texts and fractions where numbers belong. Chr knows the code page only (Wine's
+' VBScript has no ChrW), so that the characters beyond it are read from letters.txt for conforming
+' documents, and written as what becomes of them in classic ones.
 Option Explicit
 
-Sub Describe(doc, pdf)
+Sub Describe(doc, pdf, letters)
   doc.Title = "Pages of a script"
   doc.Author = "Zo" & Chr(235) & " M" & Chr(252) & "ller"
-  doc.Creator = "? ? ? " & Chr(128)
+  doc.Creator = letters
   doc.PaperSize = 1
   doc.Rotated = pdf
   If pdf Then
     doc.Keywords = "words"
     doc.Producer = "script"
-    doc.Subject = Empty
+    If Not doc.Conforming Then doc.Subject = Empty
   End If
 End Sub
 
@@ -40,7 +41,7 @@ Sub WriteTitles(doc, pdf)
   End If
 End Sub
 
-Sub WriteAtPositions(doc)
+Sub WriteAtPositions(doc, letters)
   Dim x, y, number, height, style, effect
   doc.SetPosition 30, 300
   doc.SetPosition , 320
@@ -48,7 +49,7 @@ Sub WriteAtPositions(doc)
   doc.DrawRectangle x, y, 100, 20
   doc.GetFont number, height, style, effect
   doc.SetFont number + 1, height + 6, style, effect
-  doc.WriteText "Stra" & Chr(223) & "e (" & Chr(128) & ", ?)", True
+  doc.WriteText "Stra" & Chr(223) & "e (" & Chr(128) & ", " & Mid(letters, 3, 1) & ")", True
   doc.WriteText Empty
   doc.SetThickness "3"
   doc.DrawLine 1.5, 2.5, "100", 40
@@ -86,17 +87,44 @@ Sub WriteParagraphs(doc)
   doc.WriteMultiText text, , 2, , 300
 End Sub
 
-Sub WritePages(doc, file, pdf)
-  Describe doc, pdf
+Sub WritePages(doc, file, pdf, letters)
+  Describe doc, pdf, letters
   If Not doc.Create(file) Then Exit Sub
   doc.NewPage 50, 40, 50, 40, 255, 250, 240
   WriteAlignedTexts doc
   WriteTitles doc, pdf
-  WriteAtPositions doc
+  WriteAtPositions doc, letters
   DrawShapes doc
   WriteParagraphs doc
+  If doc.Conforming Then WriteForEveryReader doc, pdf
   doc.Flush
 End Sub
+
+Sub WriteForEveryReader(doc, pdf)
+  Dim width, height
+  doc.Footer = "{page} of {pages}"
+  doc.NewPage 50, 40, 50, 40, 255, 255, 255
+  doc.WriteMultiText doc.Creator & " a) (b \" & vbTab & "c"
+  width = doc.TextWidth("Lost")
+  height = doc.TextHeight("Two lines of a narrow paragraph", 2, 100)
+  doc.SetPosition 0, 200
+  doc.DrawRectangle 0, 200, width, height
+  doc.DrawPicture "landscape_24.bmp"
+  If pdf Then
+    doc.WriteBookmark "Page " & doc.PageNumber
+    doc.SetAnchor "here"
+    doc.WriteText doc.LostCharacters, True, 3, , "#here"
+    doc.DrawPicture "landscape.jpg", 3, , 5
+    doc.Subject = doc.LostCharacters
+  Else
+    doc.WriteText doc.LostCharacters, True, 3
+    doc.DrawPicture "landscape.jpg", 3, 5
+  End If
+End Sub
+
+Function Letters()
+  Letters = CreateObject("Scripting.FileSystemObject").OpenTextFile("letters.txt", 1, False, -1).ReadAll
+End Function
 
 Sub WritePictures(doc, file, pdf)
   If Not doc.Create(file) Then Exit Sub
@@ -114,10 +142,22 @@ Sub WritePictures(doc, file, pdf)
   doc.Flush
 End Sub
 
+Sub WriteConforming(doc, kind)
+  Dim pdf
+  pdf = kind = "pdf"
+  doc.Conforming = True
+  WritePages doc, "vbscript_conforming." & kind, pdf, Letters
+  If pdf Then
+    doc.Compressed = False
+    WritePages doc, "vbscript_plain.pdf", pdf, Letters
+  End If
+End Sub
+
 Dim kind, doc
 For Each kind In Array("pdf", "ps")
   Set doc = CreateObject("Vellumark." & kind)
-  WritePages doc, "vbscript." & kind, kind = "pdf"
+  WritePages doc, "vbscript." & kind, kind = "pdf", "? ? ? " & Chr(128)
   WritePictures doc, "vbscript_picture." & kind, kind = "pdf"
+  WriteConforming doc, kind
 Next
 WScript.Echo "end of script"

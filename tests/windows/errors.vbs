@@ -30,6 +30,8 @@ doc.Paint : Raised "an unknown method", 438
 names.Version : Raised "Enumerations has no members", 438
 ps.Keywords = "k" : Raised "PS has no keywords", 438
 doc.Version = "1.3" : Raised "a read-only property", 438
+doc.LostCharacters = "x" : Raised "what a document lost", 438
+ps.Compressed = True : Raised "compression of PS", 438
 doc.DrawLine 1, 2, 3 : Raised "too few arguments", 450
 doc.Flush 1 : Raised "too many arguments", 450
 ps.WriteText "a", True, 0, 0, "link" : Raised "PS takes no link", 450
@@ -51,6 +53,8 @@ On Error GoTo 0
 
 Expect "version of PDF", "1.2", doc.Version
 Expect "version of PS", "3.0", ps.Version
+Expect "output at first", False, ps.Conforming
+Expect "compression at first", True, doc.Compressed
 doc.PaperSize = 2
 Expect "an unknown paper size is kept", CLng(2), doc.PaperSize
 Expect "and refused by Create", False, doc.Create("refused.pdf")

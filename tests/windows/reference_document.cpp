@@ -5,6 +5,9 @@
 //
 //     reference.pdf            reference.ps              texts, shapes, a paragraph
 //     reference_picture.pdf    reference_picture.ps      pictures, which lie in FOLDER
+//     reference_conforming.pdf, .ps; reference_plain.pdf without compression
+//                                                        the first as conforming documents, and
+//                                                        more
 //
 // wine_test.py compares them. The three sources make the same calls in the same order.
 #include <cstdint>
@@ -36,7 +39,7 @@ void Describe(D& doc) {
   if constexpr (kIsPdf<D>) {
     doc.Keywords("words");
     doc.Producer("script");
-    doc.Subject("");
+    if (!doc.Conforming()) doc.Subject("");
   }
 }
 
@@ -105,15 +108,38 @@ void WriteParagraphs(Document& doc) {
 }
 
 template <class D>
-bool WritePages(D& doc, const std::string& file) {
+void WriteForEveryReader(D& doc, const std::string& folder) {
+  doc.Footer("{page} of {pages}");
+  doc.NewPage(50, 40, 50, 40, 255, 255, 255);
+  doc.WriteMultiText(doc.Creator() + " a) (b \\\tc");
+  const std::int16_t width = doc.TextWidth("Lost");
+  const std::int32_t height = doc.TextHeight("Two lines of a narrow paragraph", 2, 100);
+  doc.SetPosition(0, 200);
+  doc.DrawRectangle(0, 200, width, As<std::int16_t>(height));
+  doc.DrawPicture(folder + "landscape_24.bmp");
+  if constexpr (kIsPdf<D>) {
+    doc.WriteBookmark("Page " + std::to_string(doc.PageNumber()));
+    doc.SetAnchor("here");
+    doc.WriteText(doc.LostCharacters(), true, 3, NoAlignment, "#here");
+    doc.DrawPicture(folder + "landscape.jpg", RightAlign, "", EncodingConstants::Original);
+    doc.Subject(doc.LostCharacters());
+  } else {
+    doc.WriteText(doc.LostCharacters(), true, 3);
+    doc.DrawPicture(folder + "landscape.jpg", RightAlign, EncodingConstants::Original);
+  }
+}
+
+template <class D>
+bool WritePages(D& doc, const std::string& folder, const std::string& file) {
   Describe(doc);
-  if (!doc.Create(file)) return false;
+  if (!doc.Create(folder + file)) return false;
   doc.NewPage(50, 40, 50, 40, 255, 250, 240);
   WriteAlignedTexts(doc);
   WriteTitles(doc);
   WriteAtPositions(doc);
   DrawShapes(doc);
   WriteParagraphs(doc);
+  if (doc.Conforming()) WriteForEveryReader(doc, folder);
   doc.Flush();
   return doc.LastRefusal().reason == RefusalReason::None;
 }
@@ -142,10 +168,22 @@ bool WritePictures(D& doc, const std::string& folder, const std::string& file) {
 }
 
 template <class D>
-bool WriteBoth(const std::string& folder, const std::string& extension) {
+bool WriteConforming(D& doc, const std::string& folder, const std::string& extension) {
+  doc.Conforming(true);
+  if (!WritePages(doc, folder, "reference_conforming" + extension)) return false;
+  if constexpr (kIsPdf<D>) {
+    doc.Compressed(false);
+    return WritePages(doc, folder, "reference_plain.pdf");
+  }
+  return true;
+}
+
+template <class D>
+bool WriteAll(const std::string& folder, const std::string& extension) {
   D doc;
-  return WritePages(doc, folder + "reference" + extension) &&
-         WritePictures(doc, folder, "reference_picture" + extension);
+  return WritePages(doc, folder, "reference" + extension) &&
+         WritePictures(doc, folder, "reference_picture" + extension) &&
+         WriteConforming(doc, folder, extension);
 }
 
 }  // namespace
@@ -153,5 +191,5 @@ bool WriteBoth(const std::string& folder, const std::string& extension) {
 int main(int argc, char** argv) {
   if (argc != 2) return 2;
   const std::string folder = std::string(argv[1]) + "/";
-  return WriteBoth<PDF>(folder, ".pdf") && WriteBoth<PS>(folder, ".ps") ? 0 : 1;
+  return WriteAll<PDF>(folder, ".pdf") && WriteAll<PS>(folder, ".ps") ? 0 : 1;
 }

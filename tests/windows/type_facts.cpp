@@ -68,7 +68,8 @@ VARTYPE DescribedType(Type type) {
 
 bool SameType(const ValueType& value, ITypeInfo* type, const TYPEDESC& described) {
   const bool plain = value.type == Type::Enumeration && value.enumeration == nullptr;
-  if (described.vt != (plain ? VT_I4 : DescribedType(value.type))) return false;
+  const VARTYPE expected = plain ? VARTYPE{VT_I4} : DescribedType(value.type);
+  if (described.vt != expected) return false;
   if (value.enumeration == nullptr) return true;
   ComPointer<ITypeInfo> enumeration;
   if (FAILED(type->GetRefTypeInfo(described.hreftype, enumeration.Receive()))) return false;

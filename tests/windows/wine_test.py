@@ -148,21 +148,23 @@ class Documents(Registered):
         super().setUpClass()
         subprocess.run([BUILD / "release" / "tests" / "reference_document", OUT], check=True,
                        capture_output=True)
+        (OUT / "letters.txt").write_bytes("\ufeffĀ 中 😀 €".encode("utf-16-le"))
         for script in ("document.vbs", "document.js"):
             run_script(HERE / script, boxes=2, bits=cls.bits)
 
-    def expect_reference(self, kind, host):
-        written, expected = (re.sub(rb"(CreationDate).*", rb"\1", (OUT / name).read_bytes())
-                             for name in (f"{host}.{kind}", f"reference.{kind}"))
+    def expect_reference(self, ending, host):
+        # The identifier of a conforming PDF is made from its contents, with the date in it.
+        written, expected = (re.sub(rb"(CreationDate|/ID).*", rb"\1", (OUT / name).read_bytes())
+                             for name in (host + ending, "reference" + ending))
         for number, pair in enumerate(zip(written.split(b"\n"), expected.split(b"\n")), 1):
-            self.assertEqual(*pair, f"line {number} of {host}.{kind}")
+            self.assertEqual(*pair, f"line {number} of {host}{ending}")
         self.assertEqual(len(written), len(expected))
 
     def test_are_those_of_the_library_elsewhere_byte_for_byte(self):
-        for kind in ("pdf", "ps"):
+        for ending in (".pdf", ".ps", "_conforming.pdf", "_plain.pdf", "_conforming.ps"):
             for host in ("vbscript", "jscript"):
-                with self.subTest(host=host, kind=kind):
-                    self.expect_reference(kind, host)
+                with self.subTest(host=host, ending=ending):
+                    self.expect_reference(ending, host)
 
     def pages(self, name):
         """The pages as pixels, as a reader shows them."""
@@ -198,6 +200,23 @@ class Documents(Registered):
                                   capture_output=True, text=True).stdout
             self.assertRegex(info, r"Pages: +3\n")
             self.assertRegex(info, r"Title: +Pages of a script\n")
+
+    def test_conforming_ones_are_taken_without_a_word(self):
+        for name in ("reference_conforming.pdf", "reference_plain.pdf", "vbscript_conforming.pdf",
+                     "jscript_plain.pdf"):
+            done = subprocess.run(["qpdf", "--check", OUT / name], check=False, capture_output=True)
+            self.assertEqual((done.returncode, done.stderr), (0, b""), name)
+        for command in (["pdftotext", "jscript_conforming.pdf", "-"],
+                        ["gs", "-q", "-dSAFER", "-dNOPAUSE", "-dBATCH", "-sDEVICE=txtwrite",
+                         "-sOutputFile=-", "jscript_conforming.ps"]):
+            done = subprocess.run(command, cwd=OUT, check=True, capture_output=True)
+            self.assertEqual(done.stderr, b"")
+            for words in ("Straße (€, ?)", "Ā ? ? € a) (b \\ c", "4 of 4"):
+                self.assertIn(words, done.stdout.decode())
+        info = subprocess.run(["pdfinfo", OUT / "vbscript_plain.pdf"], check=True,
+                              capture_output=True).stdout.decode()
+        self.assertRegex(info, "Creator: +Ā 中 😀 €\n")
+        self.assertRegex(info, "Subject: +中😀\n")
 
     def test_the_message_box_was_seen(self):
         self.assertGreater((OUT / "message_box.png").stat().st_size, 1000)
