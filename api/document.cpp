@@ -44,11 +44,19 @@ void Document::Header(std::string_view header) { parts_->state.header = header; 
 std::int32_t Document::PageNumber() const { return parts_->state.page_number; }
 bool Document::Conforming() const { return parts_->state.conforming; }
 void Document::Conforming(bool conforming) { parts_->state.conforming = conforming; }
+bool Document::PicturesEnlarged() const { return parts_->state.pictures_enlarged; }
+void Document::PicturesEnlarged(bool picturesenlarged) {
+  parts_->state.pictures_enlarged = picturesenlarged;
+}
 std::string Document::LostCharacters() const { return parts_->model.Lost().Text(); }
 std::string Document::Version() const { return std::string(parts_->version); }
 
 bool Document::Create(std::string_view file) noexcept {
   return parts_->Run([&] { return parts_->model.Create(file); });
+}
+
+bool Document::Create(std::ostream& stream) noexcept {
+  return parts_->Run([&] { return parts_->model.Create(&stream); });
 }
 
 void Document::NewPage(Int16 marginleft, Int16 margintop, Int16 marginright, Int16 marginbottom,
@@ -114,6 +122,11 @@ bool Document::WriteMultiText(std::string_view text, Byte dy, AlignmentConstants
 bool Document::DrawPicture(std::string_view file, AlignmentConstants alignment,
                            EncodingConstants encoding) noexcept {
   return parts_->DrawPicture(file, alignment, {}, encoding);
+}
+
+bool Document::DrawPicture(std::span<const std::uint8_t> bytes, AlignmentConstants alignment,
+                           EncodingConstants encoding) noexcept {
+  return parts_->DrawPicture(bytes, alignment, {}, encoding);
 }
 
 void Document::GetColor(std::uint8_t& red, std::uint8_t& green, std::uint8_t& blue) const {

@@ -128,11 +128,11 @@ class Document::Parts {
   }
 
   /// The file's name stays as it is, UTF-8.
-  bool DrawPicture(std::string_view file, AlignmentConstants alignment, std::string_view hyperlink,
-                   EncodingConstants encoding) noexcept {
+  bool DrawPicture(const layout::PictureSource& source, AlignmentConstants alignment,
+                   std::string_view hyperlink, EncodingConstants encoding) noexcept {
     return Run([&] {
       const ModelText link(*platform, state, hyperlink);
-      return model.DrawPicture({file, alignment, link, encoding});
+      return model.DrawPicture({source, alignment, link, encoding});
     });
   }
 

@@ -65,4 +65,9 @@ bool PDF::DrawPicture(std::string_view file, AlignmentConstants alignment,
   return parts().DrawPicture(file, alignment, hyperlink, encoding);
 }
 
+bool PDF::DrawPicture(std::span<const std::uint8_t> bytes, AlignmentConstants alignment,
+                      std::string_view hyperlink, EncodingConstants encoding) noexcept {
+  return parts().DrawPicture(bytes, alignment, hyperlink, encoding);
+}
+
 }  // namespace vellumark

@@ -31,6 +31,7 @@ struct Parameter {
   bool in_out = false;  ///< the member stores a result here and never looks at what was passed
   Default default_value;
   bool file_name = false;  ///< a text that names a file; see MemberFacts
+  bool bytes = false;      ///< or the content of that file, as Bytes
 
   [[nodiscard]] constexpr bool optional() const noexcept { return default_value.index() != 0; }
 };

@@ -10,15 +10,19 @@
 //     Method<&Document::Create>({"Create", 11, "Creates ...", ""}, {FileName("file")})
 //     Property<Document, std::string, &Document::Author, &Document::Author>({...})
 //
+//     Method<&DrawPlainPicture, PS>(...)              // a function that takes the document first
+//
 // A parameter of type T& is in/out. A C++ member takes a text as std::string_view and returns it as
 // std::string.
 #pragma once
 
 #include <functional>
+#include <span>
 #include <string>
 #include <tuple>
 #include <type_traits>
 #include <utility>
+#include <variant>
 
 #include "automation/enumeration_table.h"
 #include "automation/member.h"
@@ -56,6 +60,9 @@ constexpr ParameterName FileName(const char* name) {
   return parameter;
 }
 
+/// The type of a parameter that takes a file by its name or as bytes. Both lie in the Value.
+using FileOrBytes = std::variant<std::string_view, std::span<const std::uint8_t>>;
+
 using ParameterNames = std::array<ParameterName, Member::kMostParameters>;
 
 namespace detail {
@@ -86,7 +93,8 @@ constexpr ValueType TypeOf() noexcept {
     return {Type::Single};
   } else if constexpr (std::is_same_v<T, std::int32_t>) {
     return {Type::Enumeration, nullptr};
-  } else if constexpr (std::is_same_v<T, std::string_view> || std::is_same_v<T, std::string>) {
+  } else if constexpr (std::is_same_v<T, std::string_view> || std::is_same_v<T, std::string> ||
+                       std::is_same_v<T, FileOrBytes>) {
     return {Type::String};
   } else {
     return {Type::Enumeration, Describe<T>()};
@@ -98,6 +106,9 @@ template <class T>
 T Take(const Value& value) {
   if constexpr (std::is_same_v<T, std::string_view>) {
     return std::get<std::string>(value);
+  } else if constexpr (std::is_same_v<T, FileOrBytes>) {
+    if (const auto* const bytes = std::get_if<Bytes>(&value)) return std::span(*bytes);
+    return std::string_view(std::get<std::string>(value));
   } else if constexpr (std::is_enum_v<T>) {
     return static_cast<T>(std::get<std::int32_t>(value));
   } else {
@@ -157,7 +168,8 @@ constexpr Member Row(const Caption& caption, const ParameterNames& names) {
   row.parameter_count = sizeof...(A);
   std::size_t i = 0;
   ((row.all_parameters[i] = {names[i].name, TypeOf<Taken<A>>(), std::is_lvalue_reference_v<A>,
-                             names[i].default_value, names[i].file_name},
+                             names[i].default_value, names[i].file_name,
+                             std::is_same_v<Taken<A>, FileOrBytes>},
     ++i),
    ...);
   return row;
@@ -172,6 +184,12 @@ constexpr Member RowOf(const Caption& caption, const ParameterNames& names,
 template <auto kCall, class Only, class D, class R, class... A>
 constexpr Member RowOf(const Caption& caption, const ParameterNames& names,
                        R (D::* /*member*/)(A...) const) {
+  return Row<kCall, std::conditional_t<std::is_void_v<Only>, D, Only>, R, A...>(caption, names);
+}
+
+template <auto kCall, class Only, class D, class R, class... A>
+constexpr Member RowOf(const Caption& caption, const ParameterNames& names,
+                       R (* /*function*/)(D&, A...)) {
   return Row<kCall, std::conditional_t<std::is_void_v<Only>, D, Only>, R, A...>(caption, names);
 }
 

@@ -11,6 +11,7 @@ using enum AlignmentConstants;
 using enum BulletConstants;
 using enum EncodingConstants;
 
+constexpr bool (Document::*kCreateFile)(std::string_view) noexcept = &Document::Create;
 constexpr bool (PDF::*kLinkedText)(std::string_view, bool, Byte, AlignmentConstants,
                                    std::string_view) noexcept = &PDF::WriteText;
 constexpr bool (PDF::*kLinkedTitle)(std::string_view, AlignmentConstants, BulletConstants,
@@ -29,6 +30,19 @@ constexpr Caption kWriteText = {
     "puts a link to the address hyperlink over the text; in classic output the address is written "
     "without escaping, so it must be percent-encoded."};
 
+bool DrawLinkedPicture(PDF& document, FileOrBytes file, AlignmentConstants alignment,
+                       std::string_view hyperlink, EncodingConstants encoding) {
+  return std::visit(
+      [&](auto source) { return document.DrawPicture(source, alignment, hyperlink, encoding); },
+      file);
+}
+
+bool DrawPlainPicture(Document& document, FileOrBytes file, AlignmentConstants alignment,
+                      EncodingConstants encoding) {
+  return std::visit([&](auto source) { return document.DrawPicture(source, alignment, encoding); },
+                    file);
+}
+
 constexpr Caption kWriteTitle = {
     "WriteTitle", 21, "Writes a title behind a bullet, in the current color and font.",
     "The bullet takes a width of the font height less 1 point. A title always ends with a carriage "
@@ -37,8 +51,8 @@ constexpr Caption kWriteTitle = {
 constexpr Caption kDrawPicture = {
     "DrawPicture",
     23,
-    "Draws a picture (BMP, GIF, JPG) on the current position.",
-    "The position is the top left corner of the picture, and a pixel is one point. A picture that "
+    "Draws a picture (BMP, GIF, JPG, PNG) on the current position.",
+    "file is a name, or the content of such a file as an array of bytes. The position is the top left corner of the picture, and a pixel is one point. A picture that "
     "is larger than the box of SetPictureDimensions is made smaller until it fits into the box. It "
     "must fit between the current position and the right and bottom margins, even if it is then "
     "aligned. Afterwards the position is below the picture, at the x of the last SetPosition. "
@@ -81,7 +95,7 @@ constexpr Member kMembers[] = {
         {"Version", 10, "Returns the version of the file format.",
          R"("1.2" for PDF, "3.0" for PS.)"}),
 
-    Method<&Document::Create>(
+    Method<kCreateFile>(
         {"Create",
          11,
          "Creates the file and starts the document.",
@@ -171,10 +185,10 @@ constexpr Member kMembers[] = {
          "every line but the last to the full width. Returns False and writes nothing if a word is "
          "wider than a line."},
         {{{"text"}, {"dy", 0}, {"alignment", NoAlignment}, {"justified", false}, {"width", 0}}}),
-    Method<&PDF::DrawPicture>(
+    Method<&DrawLinkedPicture>(
         kDrawPicture,
         {{FileName("file"), {"alignment", NoAlignment}, {"hyperlink", ""}, {"encoding", ASCII85}}}),
-    Method<&Document::DrawPicture, PS>(
+    Method<&DrawPlainPicture, PS>(
         kDrawPicture, {{FileName("file"), {"alignment", NoAlignment}, {"encoding", ASCII85}}}),
 
     Method<&Document::GetColor>(
@@ -293,11 +307,16 @@ constexpr Member kMembers[] = {
          "In a conforming document a hyperlink \"#name\" leads there, also if the anchor is set "
          "later. A link whose anchor never comes leads nowhere; LastRefusal says so after Flush."},
         {{{"name"}}}),
+
+    Property<Document, bool, &Document::PicturesEnlarged, &Document::PicturesEnlarged>(
+        {"PicturesEnlarged", 54, "Returns or sets whether small pictures are enlarged.",
+         "False at first. A picture that is smaller than the box of SetPictureDimensions is then "
+         "enlarged until it fills the width or the height of the box. DrawPicture reads it."}),
 };
 
 /// Ids ascend; two rows that share one share the name, and no class has both. A parameter has a
-/// name, and only a text names a file. A member that creates a file is told its name and returns
-/// whether it did.
+/// name, and only a text names a file, whose bytes may be taken too. A member that creates a file is
+/// told its name and returns whether it did.
 consteval bool RowsAreSound() {
   const Member* previous = nullptr;
   for (const Member& member : kMembers) {
@@ -311,6 +330,7 @@ consteval bool RowsAreSound() {
     for (const Parameter& parameter : member.parameters()) {
       if (parameter.name.empty()) return false;
       if (parameter.file_name && parameter.type.type != Type::String) return false;
+      if (parameter.bytes && !parameter.file_name) return false;
       names_file |= parameter.file_name;
     }
     const bool tells_success = member.result.type == Type::Boolean;

@@ -25,6 +25,7 @@ value shown.
 | Boolean | Boolean, -1 and 0 | `bool` | |
 | Single | Single | `float` | degrees |
 | String | String | `str` | |
+| ... or bytes | array of Byte | any bytes-like object | the content of the file |
 | ...Constants | Long, 32 bits | `int` or `IntEnum` | any; see each member |
 
 `out` marks a parameter that returns a value: through a variable on Windows, as an element of the
@@ -68,6 +69,7 @@ std::string ParameterText(const Parameter& parameter) {
   text += parameter.name;
   text += " As ";
   text += TypeName(parameter.type);
+  if (parameter.bytes) text += " or bytes";
   if (!parameter.optional()) return text;
   text += " = ";
   text += DefaultText(parameter);

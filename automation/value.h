@@ -15,11 +15,16 @@
 //     String       std::string     String           UTF-8
 //     Enumeration  std::int32_t    Long             any value, a member of the enumeration or not;
 //                                                   a plain number if no enumeration is named
+//
+// A parameter that takes a picture's file by its name, a String, takes the file itself too:
+//
+//                  Bytes           array of Byte    the file's content
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <variant>
+#include <vector>
 
 namespace vellumark::automation {
 
@@ -27,9 +32,12 @@ struct Enumeration;  // automation/enumeration_table.h
 
 enum class Type : std::uint8_t { None, Integer, Byte, Boolean, Single, String, Enumeration };
 
-/// The alternatives are in the order of Type: `value.index()` is the type that it holds.
+using Bytes = std::vector<std::uint8_t>;
+
+/// The alternatives are in the order of Type: `value.index()` is the type that it holds. Behind
+/// them come Bytes, which no member returns.
 using Value = std::variant<std::monostate, std::int16_t, std::uint8_t, bool, float, std::string,
-                           std::int32_t>;
+                           std::int32_t, Bytes>;
 
 struct ValueType {
   Type type = Type::None;

@@ -18,10 +18,12 @@
 // Flush returns it. Accessors throw RunTimeError if they say so.
 #pragma once
 
+#include <iosfwd>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include <vellumark/platform.h>
@@ -73,13 +75,16 @@ struct PlacedPicture {
   EncodingConstants encoding = EncodingConstants::ASCII85;
 };
 
+/// What Create starts a document in: a file of the platform, by its name in UTF-8, or a stream.
+using OutputTarget = std::variant<std::string_view, std::ostream*>;
+
 class DocumentModel {
  public:
   /// Shows the construction notice. All references must outlive the model.
   DocumentModel(Platform& platform, State& state, LineBuffer& lines, Writer& writer);
 
   // The document and its pages (page_flow.cpp).
-  FileNote Create(std::string_view file) noexcept;
+  FileNote Create(const OutputTarget& target) noexcept;
   RefusalNote NewPage(const Margins& margins, const layout::Rgb& color) noexcept;
   FileNote Flush() noexcept;
 
@@ -162,10 +167,13 @@ class DocumentModel {
   }
 
   // page_flow.cpp
-  FileNote TryCreate(std::string_view file);
+  FileNote TryCreate(const OutputTarget& target);
+  FileNote OpenOutput(const OutputTarget& target);
   RefusalNote StartPage(const Margins& margins, const layout::ColorText& color) noexcept;
   RefusalNote TakeMargins(const Margins& margins);
+  FileNote WriteOutput();
   FileNote WriteFile();
+  FileNote WriteStream(std::ostream& stream);
   FileNote FinishFile();
   void ResetPen();
   RefusalNote EndPage() noexcept;

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
 // From Create over page after page to Flush.
+#include <ostream>
+#include <utility>
+
 #include "document/document_model.h"
 #include "document/resume_next.h"
 
@@ -50,20 +53,22 @@ const layout::TextSetter& DocumentModel::Setter() {
   return *setter_;
 }
 
-FileNote DocumentModel::Create(std::string_view file) noexcept {
+FileNote DocumentModel::Create(const OutputTarget& target) noexcept {
   const FileHandle before = state_.file;
+  std::ostream* const stream_before = state_.stream;
   try {
-    return TryCreate(file);
+    return TryCreate(target);
   } catch (const std::exception& error) {
     if (state_.file != before && state_.file != FileHandle::Invalid) {
       ErrorOf([&] { return platform_.CloseOutput(state_.file); });
       state_.file = FileHandle::Invalid;
     }
+    if (state_.stream != stream_before) state_.stream = nullptr;
     return FaultNote(error);
   }
 }
 
-FileNote DocumentModel::TryCreate(std::string_view file) {
+FileNote DocumentModel::TryCreate(const OutputTarget& target) {
   const auto orientation = static_cast<std::int32_t>(state_.orientation);
   if (orientation != 1 && orientation != 2) {
     return RefusalNote{RefusalReason::InvalidOrientation, orientation};
@@ -72,17 +77,8 @@ FileNote DocumentModel::TryCreate(std::string_view file) {
     return RefusalNote{RefusalReason::InvalidPaperSize,
                        static_cast<std::int32_t>(state_.paper_size)};
   }
-  FileHandle opened = FileHandle::Invalid;
-  const std::error_code error = ErrorOf([&] {
-    std::error_code reason;
-    opened = platform_.CreateOutput(file, reason);
-    return reason;
-  });
-  if (opened == FileHandle::Invalid) {
-    if (!writer_.KeepsFileWhenCreateFails()) state_.file = opened;
-    return {RefusalReason::FileNotCreated, std::string(file) + ": " + error.message()};
-  }
-  state_.file = opened;
+  FileNote refused = OpenOutput(target);
+  if (refused.note) return refused;
   state_.oddities = Oddities(!state_.conforming);
   fault_ = {};
   held_pages_.clear();
@@ -95,6 +91,33 @@ FileNote DocumentModel::TryCreate(std::string_view file) {
   writer_.BeginDocument(platform_.Now());
   ResetPen();
   return {};
+}
+
+/// Opens the file, or takes the stream, that the document goes into; refused, the document that was
+/// open goes on, if its language says so.
+FileNote DocumentModel::OpenOutput(const OutputTarget& target) {
+  FileHandle opened = FileHandle::Invalid;
+  std::ostream* stream = nullptr;
+  FileNote refused;
+  if (const auto* const file = std::get_if<std::string_view>(&target)) {
+    const std::error_code error = ErrorOf([&] {
+      std::error_code reason;
+      opened = platform_.CreateOutput(*file, reason);
+      return reason;
+    });
+    if (opened == FileHandle::Invalid) {
+      refused = {RefusalReason::FileNotCreated, std::string(*file) + ": " + error.message()};
+    }
+  } else {
+    stream = std::get<std::ostream*>(target);
+    if (!stream->good()) {
+      refused = {RefusalReason::FileNotCreated, "the stream has failed before"};
+    }
+  }
+  if (refused.note && writer_.KeepsFileWhenCreateFails()) return refused;
+  state_.file = opened;
+  state_.stream = refused.note ? nullptr : stream;
+  return refused;
 }
 
 void DocumentModel::ResetPen() {
@@ -191,6 +214,23 @@ FileNote DocumentModel::FinishFile() {
   std::string missing = writer_.MissingAnchor();
   if (!missing.empty()) return {RefusalReason::AnchorMissing, std::move(missing)};
   return {};
+}
+
+FileNote DocumentModel::WriteOutput() {
+  std::ostream* const stream = std::exchange(state_.stream, nullptr);
+  return stream != nullptr ? WriteStream(*stream) : WriteFile();
+}
+
+FileNote DocumentModel::WriteStream(std::ostream& stream) {
+  const std::error_code error = ErrorOf([&] {
+    lines_.ForEachLine([&](std::string_view line) {
+      stream.write(line.data(), static_cast<std::streamsize>(line.size()));
+    });
+    stream.flush();
+    return stream ? std::error_code() : std::make_error_code(std::errc::io_error);
+  });
+  if (!error) return {};
+  return {RefusalReason::FileNotWritten, "the stream failed: " + error.message()};
 }
 
 FileNote DocumentModel::WriteFile() {

@@ -81,10 +81,11 @@ FileNote DocumentModel::TryDrawPicture(const PlacedPicture& placed) {
   return {};
 }
 
-/// A point for each pixel, unless a box makes it smaller.
+/// A point for each pixel, unless a box makes it smaller or larger.
 layout::Size DocumentModel::PictureSize(const layout::Size& pixels) const {
   if (state_.picture_width < 1 || state_.picture_height < 1) return pixels;
-  return layout::Resize({state_.picture_width, state_.picture_height}, pixels);
+  const layout::Size box = {state_.picture_width, state_.picture_height};
+  return layout::Resize(box, state_.pictures_enlarged ? layout::Enlarge(box, pixels) : pixels);
 }
 
 }  // namespace vellumark::document

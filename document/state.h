@@ -9,6 +9,7 @@
 // PageState is the part that a call which is taken back must give back; copying it cannot fail.
 #pragma once
 
+#include <iosfwd>
 #include <string>
 
 #include <vellumark/enumerations.h>
@@ -72,6 +73,7 @@ struct State : PageState {
   std::string header;  ///< UTF-8, with placeholders (running_heads.cpp); "" for none
   std::string footer;  ///< likewise
   bool conforming = false;
+  bool pictures_enlarged = false;  ///< to the picture box
   bool compressed = true;  ///< counts in a conforming PDF only
 
   Oddities oddities;  ///< of the document being written, from `conforming` at its Create
@@ -79,7 +81,9 @@ struct State : PageState {
   HostText dash;       ///< of the pen, without brackets; empty for a solid line
   layout::Paper page;  ///< size after orientation, and the paper's name
 
+  // Where Flush writes the document: a file of the platform, or a stream of the host.
   FileHandle file = FileHandle::Invalid;
+  std::ostream* stream = nullptr;
 
   /// y of the current position below the top margin, as callers count it.
   [[nodiscard]] Points Y() const { return page.height - position_y; }

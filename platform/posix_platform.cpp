@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
 #include <poll.h>
 #include <string>
+#include <strings.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -112,6 +114,8 @@ std::error_code PosixPlatform::CloseOutput(FileHandle file) { return files_->Clo
 void PosixPlatform::CloseAll() noexcept { files_->CloseAll(); }
 
 void PosixPlatform::ShowNotice(std::string_view text, std::string_view caption) {
+  const char* const wish = std::getenv("VELLUMARK_NOTICE");  // NOLINT(concurrency-mt-unsafe)
+  if (wish != nullptr && ::strcasecmp(wish, "off") == 0) return;
   std::string line;
   line.append(caption).append(": ").append(text).append("\n");
   pollfd standard_error{STDERR_FILENO, POLLOUT, 0};

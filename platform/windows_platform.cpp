@@ -67,6 +67,9 @@ bool WindowsPlatform::DecodePictureBytes(std::span<const std::uint8_t> bytes, Bi
 }
 
 void WindowsPlatform::ShowNotice(std::string_view text, std::string_view caption) {
+  char wish[4];
+  const bool known = GetEnvironmentVariableA("VELLUMARK_NOTICE", wish, sizeof wish) == 3;
+  if (known && lstrcmpiA(wish, "off") == 0) return;
   MessageBoxA(nullptr, platform::ToSystemText(text).c_str(),
               platform::ToSystemText(caption).c_str(), MB_OK | MB_ICONINFORMATION);
 }

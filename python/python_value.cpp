@@ -68,6 +68,33 @@ std::string BytesOf(py::handle bytes) {
   return {PyBytes_AS_STRING(bytes.ptr()), static_cast<std::size_t>(PyBytes_GET_SIZE(bytes.ptr()))};
 }
 
+/// A view of a bytes-like object, given back at the end of its block.
+class BufferView {
+ public:
+  explicit BufferView(py::handle object) {
+    if (PyObject_GetBuffer(object.ptr(), &view_, PyBUF_FULL_RO) != 0) {
+      throw py::error_already_set();
+    }
+  }
+  BufferView(const BufferView&) = delete;
+  BufferView& operator=(const BufferView&) = delete;
+  BufferView(BufferView&&) = delete;
+  BufferView& operator=(BufferView&&) = delete;
+  ~BufferView() { PyBuffer_Release(&view_); }
+
+  /// A copy, so that others may change the object while the document uses it.
+  [[nodiscard]] automation::Bytes Bytes() {
+    automation::Bytes bytes(static_cast<std::size_t>(view_.len));
+    if (PyBuffer_ToContiguous(bytes.data(), &view_, view_.len, 'C') != 0) {
+      throw py::error_already_set();
+    }
+    return bytes;
+  }
+
+ private:
+  Py_buffer view_{};
+};
+
 std::string Text(py::handle object, const std::string& place) {
   if (PyUnicode_Check(object.ptr()) == 0) RefuseType(place, "str", object);
   const auto bytes = py::reinterpret_steal<py::object>(
@@ -76,12 +103,14 @@ std::string Text(py::handle object, const std::string& place) {
   return BytesOf(bytes);
 }
 
+bool IsPathLike(py::handle object) {
+  return py::hasattr(py::type::handle_of(object), "__fspath__");
+}
+
 /// The bytes of a file name, as open() would pass them to the system.
 std::string FileName(py::handle object, const std::string& place) {
   const bool is_name = PyUnicode_Check(object.ptr()) != 0 || PyBytes_Check(object.ptr()) != 0;
-  if (!is_name && !py::hasattr(py::type::handle_of(object), "__fspath__")) {
-    RefuseType(place, "str, bytes or os.PathLike", object);
-  }
+  if (!is_name && !IsPathLike(object)) RefuseType(place, "str, bytes or os.PathLike", object);
   auto path = py::reinterpret_steal<py::object>(PyOS_FSPath(object.ptr()));
   if (!path) throw py::error_already_set();
   if (PyUnicode_Check(path.ptr()) != 0) {
@@ -89,6 +118,14 @@ std::string FileName(py::handle object, const std::string& place) {
     if (!path) throw py::error_already_set();
   }
   return BytesOf(path);
+}
+
+Value FileOrBytes(py::handle object, const std::string& place) {
+  if (PyUnicode_Check(object.ptr()) != 0 || IsPathLike(object)) return FileName(object, place);
+  if (PyObject_CheckBuffer(object.ptr()) == 0) {
+    RefuseType(place, "str, os.PathLike or a bytes-like object", object);
+  }
+  return BufferView(object).Bytes();
 }
 
 }  // namespace
@@ -100,7 +137,9 @@ Value FromPython(py::handle object, const Parameter& parameter, const std::strin
     case Type::Byte: return Whole<std::uint8_t>(object, place);
     case Type::Boolean: return Truth(object, place);
     case Type::Single: return Single(object, place);
-    case Type::String: return parameter.file_name ? FileName(object, place) : Text(object, place);
+    case Type::String:
+      if (parameter.bytes) return FileOrBytes(object, place);
+      return parameter.file_name ? FileName(object, place) : Text(object, place);
     case Type::Enumeration: return Whole<std::int32_t>(object, place);
   }
   return {};

@@ -9,6 +9,8 @@
 //     Single       float, int, or an object with __float__   TypeError; OverflowError
 //     String       str; a lone surrogate becomes "?"         TypeError
 //       a file     str, bytes or os.PathLike, as open()      TypeError; UnicodeEncodeError
+//       or bytes   str or os.PathLike is the file's name,    TypeError; UnicodeEncodeError;
+//                  any bytes-like object its content         BufferError
 //     Enumeration  int of 32 bits, a member or not           TypeError; OverflowError
 //
 // A Value of an enumeration becomes the member of the IntEnum, or a plain int if it is not a

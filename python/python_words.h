@@ -15,7 +15,7 @@ inline constexpr std::string_view kRenderDocstring =
 
 `document_class` is PDF or PS. `function` gets a new document, sets its properties, calls Create
 and draws. No file is created, so the name that it passes to Create does not matter. If `function`
-does not call Flush, render does. Pictures are read from the file system. Raises RuntimeError if
+does not call Flush, render does. Pictures are read from the file system, or given as bytes. Raises RuntimeError if
 no document was created.)";
 
 inline constexpr std::string_view kRunTimeErrorDocstring =

@@ -28,6 +28,7 @@ import types
 from collections.abc import Callable
 from typing import overload
 
+from _typeshed import ReadableBuffer
 from typing_extensions import Self
 
 __all__ = [
@@ -38,6 +39,7 @@ constexpr std::string_view kRender = R"(]
 __version__: str
 
 _File = str | bytes | os.PathLike[str] | os.PathLike[bytes]
+_FileOrBytes = str | os.PathLike[str] | os.PathLike[bytes] | ReadableBuffer
 
 @overload
 def render(document_class: type[PDF], function: Callable[[PDF], object]) -> bytes:
@@ -136,7 +138,9 @@ void AppendMethod(std::string& stub, const Member& member) {
     stub += "        ";
     stub += parameter.name;
     stub += ": ";
-    stub += parameter.file_name ? "_File" : TypeName(parameter.type);
+    stub += parameter.bytes       ? "_FileOrBytes"
+            : parameter.file_name ? "_File"
+                                  : TypeName(parameter.type);
     if (parameter.optional()) {
       stub += " = ";
       stub += DefaultText(parameter);

@@ -35,6 +35,10 @@ HRESULT Invocation::TakeArguments(const DISPPARAMS& arguments, UINT& wrong) {
 
 HRESULT Invocation::TakeArgument(std::size_t place, VARIANT& argument) {
   const Parameter& parameter = member_.parameters()[place];
+  if (parameter.bytes) {
+    const VARIANT& given = Dereference(argument);
+    if (IsBytes(given)) return TakeBytes(given, values_[place]);
+  }
   if (!parameter.in_out) return TakeValue(argument, parameter.type.type, lcid_, values_[place]);
   values_[place] = ZeroOf(parameter.type.type);
   return out_arguments_[place].Find(argument);

@@ -45,6 +45,21 @@ struct Giver {
   void operator()(float number) const noexcept { V_R4(&to) = number; }
   void operator()(const std::string& text) const { V_BSTR(&to) = NewBstr(text); }
   void operator()(std::int32_t number) const noexcept { V_I4(&to) = number; }
+  void operator()(const Bytes& /*never a result*/) const noexcept {}
+};
+
+/// Gives back the data of an array that was accessed.
+class ArrayAccess {
+ public:
+  explicit ArrayAccess(SAFEARRAY& array) noexcept : array_(array) {}
+  ArrayAccess(const ArrayAccess&) = delete;
+  ArrayAccess& operator=(const ArrayAccess&) = delete;
+  ArrayAccess(ArrayAccess&&) = delete;
+  ArrayAccess& operator=(ArrayAccess&&) = delete;
+  ~ArrayAccess() { SafeArrayUnaccessData(&array_); }
+
+ private:
+  SAFEARRAY& array_;
 };
 
 bool IsFloating(VARTYPE type) noexcept { return type == VT_R4 || type == VT_R8 || type == VT_DATE; }
@@ -113,6 +128,27 @@ HRESULT TakeValue(VARIANT& argument, Type type, LCID lcid, Value& value) {
   const HRESULT coerced = Coerce(Dereference(argument), VariantType(type), lcid, converted);
   if (SUCCEEDED(coerced)) value = Read(*converted);
   return coerced;
+}
+
+bool IsBytes(const VARIANT& argument) noexcept {
+  return (V_VT(&argument) & ~VT_BYREF) == (VT_ARRAY | VT_UI1);
+}
+
+HRESULT TakeBytes(const VARIANT& argument, Value& value) {
+  SAFEARRAY* array = V_ISBYREF(&argument) ? nullptr : V_ARRAY(&argument);
+  if (V_ISBYREF(&argument) && V_ARRAYREF(&argument) != nullptr) array = *V_ARRAYREF(&argument);
+  LONG first = 0;
+  LONG last = 0;
+  void* data = nullptr;
+  if (array == nullptr || SafeArrayGetDim(array) != 1 ||
+      FAILED(SafeArrayGetLBound(array, 1, &first)) || FAILED(SafeArrayGetUBound(array, 1, &last)) ||
+      FAILED(SafeArrayAccessData(array, &data))) {
+    return DISP_E_TYPEMISMATCH;
+  }
+  const ArrayAccess access(*array);
+  const auto* const bytes = static_cast<const std::uint8_t*>(data);
+  value = Bytes(bytes, bytes + (std::int64_t{last} - first + 1));
+  return S_OK;
 }
 
 void GiveValue(const Value& value, OwnedVariant& result) {

@@ -56,6 +56,14 @@ class OwnedVariant {
 /// Converts an argument into a Value of type `type`.
 [[nodiscard]] HRESULT TakeValue(VARIANT& argument, Type type, LCID lcid, Value& value);
 
+/// Whether the argument is an array of bytes, such as a stream object's Read returns, or a reference
+/// to one.
+[[nodiscard]] bool IsBytes(const VARIANT& argument) noexcept;
+
+/// Copies such an array, which must have one dimension, into a Value. An array that was never
+/// given a size is a type mismatch.
+[[nodiscard]] HRESULT TakeBytes(const VARIANT& argument, Value& value);
+
 /// Puts a Value into an empty variant; None leaves it empty.
 void GiveValue(const Value& value, OwnedVariant& result);
 

@@ -8,7 +8,7 @@
 // refused rather than waited for. Lines are collected into writes of 64 KiB.
 //
 // Notice: one line on standard error, "Vellumark: Initialize()"; left out if writing it would
-// block, or if nobody can read it any more.
+// block, if nobody can read it any more, or if VELLUMARK_NOTICE in the environment is "off".
 //
 // Clock: local time, or SOURCE_DATE_EPOCH in UTC.
 //

@@ -22,6 +22,14 @@
 // destroyed without it leaves an empty file behind. The same calls at the same moment give the same
 // bytes.
 //
+// Memory and streams. A document needs no file: Create takes a std::ostream too, such as the
+// std::ostringstream of a web answer, and DrawPicture a picture's bytes. docs/web_answers.md has
+// both in a program.
+//
+//     std::ostringstream answer;
+//     doc.Create(answer);  ...  doc.Flush();
+//     Send(std::move(answer).str());
+//
 // Units and coordinates. Positions and sizes are whole points (1/72 inch), 16 bits signed. (0, 0)
 // is the top left corner of the area inside the page margins, y grows downwards. The usable width
 // and height are the page's size less its margins. The paper's size is turned by Landscape.
@@ -46,7 +54,9 @@
 #pragma once
 
 #include <cstdint>
+#include <iosfwd>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -99,6 +109,11 @@ class VELLUMARK_API Document {
   [[nodiscard]] bool Conforming() const;
   void Conforming(bool conforming);
 
+  /// Whether a picture that is smaller than the box of SetPictureDimensions is enlarged until it
+  /// fills the box's width or height. Read by DrawPicture. Default false.
+  [[nodiscard]] bool PicturesEnlarged() const;
+  void PicturesEnlarged(bool picturesenlarged);
+
   /// The texts above and below every page, centered in Times 10: the header in the 12 points above
   /// the top margin, if the margin has them, the footer in the last 12 points above the bottom
   /// margin. {page} in them is the page's number, {pages} the number of pages, {{ a brace; ""
@@ -131,6 +146,12 @@ class VELLUMARK_API Document {
   /// A file that is open already, because Flush was not called, stays open and empty; a PDF whose
   /// Create is refused goes on with it, a PS forgets it.
   bool Create(std::string_view file) noexcept;
+
+  /// The same without a file: Flush writes the document to `stream`, which must exist until then,
+  /// and flushes it. A document in memory is one in a std::ostringstream; a std::ofstream is opened
+  /// with std::ios::binary. Returns false if the stream has failed before. The document does not
+  /// close it.
+  bool Create(std::ostream& stream) noexcept;
 
   /// Ends the open page, if any, with the legal notice as footer, and starts the next one: margins
   /// in points, page color 0 to 255, position at the top left. Margins that are negative or leave
@@ -194,7 +215,7 @@ class VELLUMARK_API Document {
 
   // --- Pictures. ---
 
-  /// The picture of a BMP, GIF or JPG file, told by its content, with its top left corner at the
+  /// The picture of a BMP, GIF, JPG or PNG file, told by its content, with its top left corner at the
   /// current position. `file` is a name for the platform, UTF-8. A pixel is drawn as one point,
   /// unless SetPictureDimensions has set a box: then a larger picture is made to fit into it. It
   /// must fit between the current position and the right and bottom margins, also if it is then
@@ -207,10 +228,21 @@ class VELLUMARK_API Document {
   /// reader takes; docs/pictures.md says which do, and what becomes of pictures of 16 and 32 bits
   /// per pixel.
   ///
+  /// Where a PNG is transparent, the page's color shows through, in a conforming PDF whatever was
+  /// drawn before.
+  ///
   /// Returns false if the file cannot be read as a picture, has more than 32,767 pixels a side or
   /// 2^31 - 1 bytes, or, without a palette, more than 32,767 bytes a row (10,922 pixels of 24
   /// bits).
   bool DrawPicture(std::string_view file,
+                   AlignmentConstants alignment = AlignmentConstants::NoAlignment,
+                   EncodingConstants encoding = EncodingConstants::ASCII85) noexcept;
+
+  /// The same out of memory: `bytes` is the content of such a file, from a database or the network,
+  /// and may go when the call returns. A std::string of bytes is passed as
+  /// std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size()), since a text is a
+  /// file's name.
+  bool DrawPicture(std::span<const std::uint8_t> bytes,
                    AlignmentConstants alignment = AlignmentConstants::NoAlignment,
                    EncodingConstants encoding = EncodingConstants::ASCII85) noexcept;
 
@@ -249,7 +281,8 @@ class VELLUMARK_API Document {
   void GetPageMargins(std::int16_t& marginleft, std::int16_t& margintop, std::int16_t& marginright,
                       std::int16_t& marginbottom) const;
 
-  /// The box into which pictures are fitted; taken only if both are above 0.
+  /// The box into which pictures are fitted; taken only if both are above 0. A smaller picture stays
+  /// as it is, unless PicturesEnlarged is set.
   void GetPictureDimensions(std::int16_t& width, std::int16_t& height) const;
   void SetPictureDimensions(Int16 width, Int16 height);
 
@@ -341,6 +374,10 @@ class VELLUMARK_API PDF : public Document {
   /// As in Document, with a link over the picture. It hides the member of Document: here the third
   /// argument is the address.
   bool DrawPicture(std::string_view file,
+                   AlignmentConstants alignment = AlignmentConstants::NoAlignment,
+                   std::string_view hyperlink = "",
+                   EncodingConstants encoding = EncodingConstants::ASCII85) noexcept;
+  bool DrawPicture(std::span<const std::uint8_t> bytes,
                    AlignmentConstants alignment = AlignmentConstants::NoAlignment,
                    std::string_view hyperlink = "",
                    EncodingConstants encoding = EncodingConstants::ASCII85) noexcept;

@@ -8,7 +8,7 @@
 // std::errc::not_enough_memory and std::errc::bad_file_descriptor.
 //
 // Notice: a message box with an information sign and no owner. It deliberately waits until the user
-// closes it.
+// closes it. Left out if VELLUMARK_NOTICE in the environment is "off", for hosts without a screen.
 //
 // Pictures: the component runtime's picture loader decodes them, PNG files the imaging component.
 //

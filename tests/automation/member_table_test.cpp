@@ -5,6 +5,7 @@
 #include <map>
 
 #include "automation/enumeration_table.h"
+#include "tests/bmp_file.h"
 #include "tests/document_fixture.h"
 
 namespace vellumark::automation {
@@ -57,6 +58,22 @@ TEST_F(MemberTable, IdsStayWhereTheyAre) {
       {"SetFont", 36}, {"SetPosition", 42}, {"LastRefusal", 43},
   };
   for (const auto& [name, id] : ids) EXPECT_EQ(members.Find(name)->id, id) << name;
+}
+
+TEST_F(MemberTable, APictureIsAFileOrItsBytesAndOnlyAPicture) {
+  const std::string file = PlainBmp(2, 2);
+  memory->PutFile("dot.bmp", file);
+  Call("Create", {Text("doc")});
+  Call("NewPage", {Short(50), Short(50), Short(50), Short(50), Byte(255), Byte(255), Byte(255)});
+  const std::int32_t flate = 4;
+  EXPECT_EQ(Call("DrawPicture", {Text("dot.bmp"), 0, Text(""), flate}), Value(true));
+  EXPECT_EQ(Call("DrawPicture", {automation::Bytes(file.begin(), file.end()), 0, Text(""), flate}),
+            Value(true));
+  for (const Member& member : automation::MemberTable()) {
+    for (const automation::Parameter& parameter : member.parameters()) {
+      EXPECT_EQ(parameter.bytes, member.name == "DrawPicture" && parameter.name == "file");
+    }
+  }
 }
 
 TEST_F(MemberTable, ADocumentMadeByNameIsTheOneMadeDirectly) {

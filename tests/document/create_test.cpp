@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <sstream>
+#include <stdexcept>
 #include <tuple>
 
 #include "tests/document_fixture.h"
@@ -46,6 +49,84 @@ TEST_F(Create, TakesThePageSizeOfPaperAndOrientation) {
       page.Flush();
     }
   }
+}
+
+TEST_F(Create, AStreamGetsTheBytesOfAFile) {
+  const auto write = [&](const auto& target) {
+    EXPECT_TRUE(doc.Create(target));
+    doc.NewPage(50, 50, 50, 50, 255, 255, 255);
+    EXPECT_TRUE(doc.WriteText("in a stream"));
+    doc.Flush();
+    EXPECT_EQ(Why(), RefusalReason::None);
+  };
+  for (const bool conforming : {false, true}) {
+    doc.Conforming(conforming);
+    write("doc");
+    std::ostringstream stream;
+    EXPECT_TRUE(doc.Create(stream));
+    EXPECT_EQ(stream.str(), "") << "nothing before Flush";
+    doc.NewPage(50, 50, 50, 50, 255, 255, 255);
+    EXPECT_TRUE(doc.WriteText("in a stream"));
+    doc.Flush();
+    EXPECT_EQ(Why(), RefusalReason::None);
+    EXPECT_EQ(stream.str(), *memory->File("doc"));
+    const std::string once = stream.str();
+    doc.Flush();
+    EXPECT_EQ(Why(), RefusalReason::FileNotOpen) << "the stream is the document's once";
+    EXPECT_EQ(stream.str(), once);
+  }
+  write("doc");
+  EXPECT_EQ(doc.LastRefusal().sentence, "") << "and a file can follow";
+}
+
+/// Takes so many bytes and fails then, by a result or an exception.
+class FullBuffer : public std::streambuf {
+ public:
+  FullBuffer(std::streamsize room, bool throws) : room_(room), throws_(throws) {}
+
+ protected:
+  std::streamsize xsputn(const char* /*bytes*/, std::streamsize count) override {
+    if (throws_ && count > room_) throw std::runtime_error("the connection is gone");
+    const std::streamsize taken = std::min(count, room_);
+    room_ -= taken;
+    return taken;
+  }
+
+ private:
+  std::streamsize room_;
+  bool throws_;
+};
+
+TEST_F(Create, AStreamThatFailsIsToldAndNothingIsThrown) {
+  for (const bool buffer_throws : {false, true}) {
+    for (const bool stream_throws : {false, true}) {
+      FullBuffer buffer(1000, buffer_throws);
+      std::ostream stream(&buffer);
+      if (stream_throws) stream.exceptions(std::ios::badbit | std::ios::failbit);
+      ASSERT_TRUE(doc.Create(stream));
+      doc.Flush();
+      EXPECT_EQ(doc.LastRefusal().sentence,
+                "the file cannot be written: the stream failed: Input/output error");
+      EXPECT_FALSE(doc.Create(stream));
+      EXPECT_EQ(doc.LastRefusal().sentence,
+                "the file cannot be created: the stream has failed before");
+    }
+  }
+}
+
+TEST_F(Create, AStreamThatIsRefusedLeavesTheDocumentThatIsOpen) {
+  Start();
+  std::ostringstream failed;
+  failed.setstate(std::ios::failbit);
+  EXPECT_FALSE(doc.Create(failed));
+  EXPECT_EQ(FlushedLines().back(), "%%EOF") << "which goes on undisturbed";
+  std::ostringstream first;
+  std::ostringstream second;
+  ASSERT_TRUE(doc.Create(first));
+  ASSERT_TRUE(doc.Create(second));
+  doc.Flush();
+  EXPECT_EQ(first.str(), "") << "another Create takes its place";
+  EXPECT_TRUE(second.str().starts_with("%PDF-"));
 }
 
 TEST_F(Create, AFileThatIsOpenCannotBeCreatedAgain) {

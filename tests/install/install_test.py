@@ -135,11 +135,11 @@ class SharedLibrary(unittest.TestCase):
     def test_the_readme_has_the_same_lines(self):
         self.assertIn(blocks("docs/cpp.md", "sh")[0], blocks("README.md", "sh"))
 
-    def host(self, name, cmake, *options):
+    def host(self, name, cmake, *options, page="docs/cpp.md"):
         folder = self.folder / name
         folder.mkdir()
         (folder / "CMakeLists.txt").write_text(cmake)
-        (folder / "host.cpp").write_text(blocks("docs/cpp.md", "cpp")[0])
+        (folder / "host.cpp").write_text(blocks(page, "cpp")[0])
         (folder / "vellumark").symlink_to(SOURCE)
         run("cmake", "-G", "Ninja", "-S", folder, "-B", folder / "build", *options)
         return folder / "build"
@@ -151,6 +151,19 @@ class SharedLibrary(unittest.TestCase):
         done = subprocess.run([build / "host"], capture_output=True, check=True)
         self.assertTrue(done.stdout.startswith(b"%PDF-1.2"))
         self.assertIn(b"text is ", done.stderr)
+        build = self.host("web", installed, f"-DCMAKE_PREFIX_PATH={self.prefix}",
+                          page="docs/web_answers.md")
+        run("cmake", "--build", build)
+        picture = (SOURCE / "examples" / "pictures" / "landscape_alpha.png").read_bytes()
+        for sent, answer in [(picture, rb"Content-Type: application/pdf\r\nContent-Length: (\d+)"
+                                       rb"\r\n\r\n(%PDF-1\.4[^\0]*.*)"),
+                             (b"nothing", b"Status: 400 Bad Request.*7 bytes in memory.*")]:
+            done = subprocess.run([build / "host"], input=sent, capture_output=True, check=True,
+                                  env={**os.environ, "VELLUMARK_NOTICE": "off"})
+            found = re.fullmatch(answer, done.stdout, re.DOTALL)
+            self.assertTrue(found, done.stdout[:200])
+            self.assertTrue(sent == b"nothing" or int(found[1]) == len(found[2]))
+            self.assertEqual(done.stderr, b"")
         for name, cmake in [("fetched", fetched), ("added", added)]:
             build = self.host(name, cmake, f"-DFETCHCONTENT_SOURCE_DIR_VELLUMARK={SOURCE}")
             self.assertIn("libvellumark.a", run("ninja", "-C", build, "-t", "query", "host"))

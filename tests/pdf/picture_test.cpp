@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <fstream>
+#include <iterator>
 
 #include "tests/bmp_file.h"
 #include "tests/document_fixture.h"
@@ -132,6 +134,59 @@ TEST_F(PdfPictures, APixelIsAPointUnlessTheBoxIsSmaller) {
   EXPECT_EQ(Placed("wide.bmp", AlignmentConstants::Center), "100 0 0 -50 247 792 cm");
   Start();
   EXPECT_EQ(Placed("wide.bmp", AlignmentConstants::RightAlign), "100 0 0 -50 445 792 cm");
+}
+
+TEST_F(PdfPictures, ASmallPictureFillsItsBoxIfItIsToBeEnlarged) {
+  const auto placed = [&](int width, int height) {
+    Start();
+    doc.SetPictureDimensions(width, height);
+    return Placed("wide.bmp", AlignmentConstants::NoAlignment);
+  };
+  doc.PicturesEnlarged(true);
+  EXPECT_EQ(placed(300, 300), "300 0 0 -150 50 792 cm");
+  EXPECT_EQ(placed(300, 60), "120 0 0 -60 50 792 cm");
+  EXPECT_EQ(placed(300, 50), "100 0 0 -50 50 792 cm") << "it is as high as its box";
+  EXPECT_EQ(placed(50, 300), "50 0 0 -25 50 792 cm") << "a larger one is made smaller as ever";
+  Start();
+  EXPECT_EQ(Placed("wide.bmp", AlignmentConstants::NoAlignment), "100 0 0 -50 50 792 cm");
+  memory->PutFile("pole.bmp", BmpFile{.width = 1, .height = 700, .bits = 1,
+                                      .pixels = std::vector<std::uint8_t>(2800)}.Bytes());
+  Start();
+  doc.SetPictureDimensions(400, 32767);
+  EXPECT_FALSE(Draw("pole.bmp"));
+  EXPECT_EQ(Why(), RefusalReason::PictureTooHigh);
+  doc.PicturesEnlarged(false);
+  EXPECT_EQ(placed(300, 300), "100 0 0 -50 50 792 cm");
+}
+
+TEST_F(PdfPictures, BytesAreDrawnAsTheirFileIs) {
+  const std::string jpg = [] {
+    std::ifstream file(VELLUMARK_PICTURES "/landscape.jpg", std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), {});
+  }();
+  const std::vector<std::uint8_t> bytes(jpg.begin(), jpg.end());
+  memory->PutFile("photo.jpg", jpg);
+  for (const bool conforming : {false, true}) {
+    doc.Conforming(conforming);
+    const auto file_after = [&](const auto& picture) {
+      Start();
+      const auto encoding = conforming ? Original : Flate;
+      EXPECT_TRUE(doc.DrawPicture(picture, AlignmentConstants::Center, "https://a.b/", encoding));
+      return FlushedLines();
+    };
+    EXPECT_EQ(file_after(bytes), file_after("photo.jpg"));
+    EXPECT_EQ(file_after(std::span<const std::uint8_t>(bytes)), file_after(std::string("photo.jpg")));
+  }
+  Start();
+  Document& shared = doc;
+  EXPECT_TRUE(shared.DrawPicture(bytes));
+  const std::uint8_t nothing[] = {'B'};
+  EXPECT_FALSE(shared.DrawPicture(nothing));
+  EXPECT_EQ(doc.LastRefusal().sentence,
+            "the picture cannot be loaded: 1 byte in memory: not a BMP, GIF, JPG or PNG file");
+  EXPECT_FALSE(doc.DrawPicture(std::vector<std::uint8_t>()));
+  EXPECT_EQ(doc.LastRefusal().sentence,
+            "the picture cannot be loaded: 0 bytes in memory: not a BMP, GIF, JPG or PNG file");
 }
 
 TEST_F(PdfPictures, ALinkCoversThePictureExactly) {

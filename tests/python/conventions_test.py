@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
 """How Python arguments and results are converted."""
+import array
 import decimal
 import pathlib
 
@@ -33,6 +34,9 @@ class Indexed:
     ("SetFont", (1 << 31, 8, 1, 0), OverflowError, "argument 'fontnumber'"),
     ("SetFont", (1, 8, 1, "0"), TypeError, "argument 'fonteffect' must be int, not str"),
     ("Create", (3,), TypeError, "argument 'file' must be str, bytes or os.PathLike, not int"),
+    ("DrawPicture", (3,), TypeError,
+     "argument 'file' must be str, os.PathLike or a bytes-like object, not int"),
+    ("Create", (bytearray(b"x"),), TypeError, "argument 'file' must be str, bytes or os.PathLike"),
     ("Create", ("\ud800",), UnicodeEncodeError, "surrogates not allowed"),
     ("DrawLine", (0, 0, 1), TypeError, "missing 1 required positional argument: 'y2'"),
     ("Flush", (1,), TypeError, "takes 1 positional argument but 2 were given"),
@@ -177,12 +181,40 @@ def test_any_file_name_works_where_open_takes_it(document_class, name):
 
 
 def test_pictures_are_found_by_path(doc):
-    for name in (PICTURE, str(PICTURE), bytes(PICTURE)):
+    class Path:
+        def __fspath__(self):
+            return bytes(PICTURE)
+    for name in (PICTURE, str(PICTURE), Path()):
         doc.SetPosition(0, 0)
         assert doc.DrawPicture(name, encoding=vellumark.EncodingConstants.Flate), doc.LastRefusal
     assert doc.DrawPicture("nowhere\udcff.gif") is False
     assert "nowhere" in doc.LastRefusal
     assert doc.Create("a\0b") is False
+
+
+def test_pictures_are_taken_from_bytes(doc):
+    content = PICTURE.read_bytes()
+    flat = vellumark.EncodingConstants.Flate
+    spaced = bytearray(2 * len(content))
+    spaced[::2] = content
+    for picture in (content, bytearray(content), memoryview(content), array.array("B", content),
+                    memoryview(spaced)[::2]):
+        doc.SetPosition(0, 0)
+        assert doc.DrawPicture(picture, encoding=flat), doc.LastRefusal
+    for picture in (b"", b"logo.gif"):
+        assert doc.DrawPicture(picture) is False
+        assert doc.LastRefusal == (f"the picture cannot be loaded: {len(picture)} bytes in memory: "
+                                   "not a BMP, GIF, JPG or PNG file")
+
+
+def test_bytes_make_the_document_of_their_file(document_class):
+    def with_picture(picture):
+        def draw(doc):
+            doc.Create("x")
+            doc.NewPage(0, 0, 0, 0, 255, 255, 255)
+            assert doc.DrawPicture(picture)
+        return vellumark.render(document_class, draw)
+    assert with_picture(PICTURE.read_bytes()) == with_picture(PICTURE)
 
 
 def test_an_exception_of_a_path_is_passed_on(doc):

@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
 """The code in the documentation, the invoice, and a page that C++ makes too."""
+import io
 import pathlib
 import re
 import subprocess
@@ -29,6 +30,24 @@ def test_code_in_the_documentation_runs_and_prints_what_it_says():
         assert line.startswith(expected.removesuffix("...")), line
     for block in blocks("README.md"):
         run(sys.executable, "-W", "error", "-c", block)
+
+
+def test_the_web_answer_is_a_document_or_says_why():
+    namespace = {}
+    exec(blocks("docs/web_answers.md")[0], namespace)
+
+    def answer(logo):
+        said = []
+        environ = {"wsgi.input": io.BytesIO(logo), "CONTENT_LENGTH": str(len(logo))}
+        body = namespace["application"](environ, lambda *arguments: said.append(arguments))
+        (status, _), = said
+        return status, b"".join(body)
+
+    picture = SOURCE / "examples" / "pictures" / "landscape_alpha.png"
+    status, body = answer(picture.read_bytes())
+    assert status == "200 OK" and body.startswith(b"%PDF-1.4")
+    status, body = answer(b"nothing")
+    assert status == "400 Bad Request" and b"7 bytes in memory" in body
 
 
 def test_python_and_cpp_make_the_same_bytes():

@@ -27,6 +27,14 @@ def test_the_bytes_are_those_of_a_file(document_class, capfd):
     assert pathlib.Path("page").read_bytes() == rendered
 
 
+def test_the_notice_can_be_switched_off(document_class, capfd, monkeypatch):
+    for wish, written in (("off", ""), ("OFF", ""), ("on", "Vellumark: Initialize()\n"),
+                          ("", "Vellumark: Initialize()\n")):
+        monkeypatch.setenv("VELLUMARK_NOTICE", wish)
+        document_class()
+        assert capfd.readouterr().err == written, wish
+
+
 def test_the_function_may_flush_or_create_again(document_class):
     def flushes(doc):
         with doc:

@@ -2,7 +2,9 @@
 //
 // What automation clients pass and get back: names, coercion, references, texts.
 #include <cstdio>
+#include <cstring>
 
+#include "tests/bmp_file.h"
 #include "tests/windows/automation_object.h"
 #include "tests/windows/facts.h"
 
@@ -101,6 +103,46 @@ void CheckTexts(Facts& facts, IDispatch* pdf) {
   facts.Check("a number becomes a text", title_after(Number(12)) == L"12");
 }
 
+/// An array of bytes as a stream object gives it.
+struct ByteArray : ClientVariant {
+  explicit ByteArray(std::string_view bytes, LONG first = 0) {
+    SAFEARRAYBOUND bound{static_cast<ULONG>(bytes.size()), first};
+    vt = VT_ARRAY | VT_UI1;
+    parray = SafeArrayCreate(VT_UI1, 1, &bound);
+    std::memcpy(parray->pvData, bytes.data(), bytes.size());
+  }
+};
+
+void CheckBytes(Facts& facts, IDispatch* pdf) {
+  const DISPID draw = IdOf(pdf, L"DrawPicture");
+  const auto drawn = [&](const VARIANT& picture) {
+    const Outcome got = Invoke(pdf, draw, {picture});
+    return got.result == S_OK && V_BOOL(&got.value) == VARIANT_TRUE;
+  };
+  Invoke(pdf, IdOf(pdf, L"SetPosition"), {Number(0), Number(0)});
+  ByteArray picture(PlainBmp(3, 2), 5);
+  facts.Check("a picture is an array of bytes", drawn(picture));
+  facts.Check("in a variable", drawn(Reference(VT_VARIANT, &picture)));
+  facts.Check("or by reference", drawn(Reference(VT_ARRAY | VT_UI1, &picture.parray)));
+  ByteArray unknown("x");
+  const Outcome refused = Invoke(pdf, draw, {unknown});
+  facts.Check("bytes that are no picture are refused",
+              refused.result == S_OK && V_BOOL(&refused.value) == VARIANT_FALSE);
+
+  SAFEARRAY* none = nullptr;
+  const Outcome empty = Invoke(pdf, draw, {Reference(VT_ARRAY | VT_UI1, &none)});
+  facts.Check("an array without a size is a type mismatch", empty.result == DISP_E_TYPEMISMATCH);
+  ClientVariant table;
+  SAFEARRAYBOUND bounds[] = {{2, 0}, {2, 0}};
+  table.vt = VT_ARRAY | VT_UI1;
+  table.parray = SafeArrayCreate(VT_UI1, 2, bounds);
+  const Outcome square = Invoke(pdf, draw, {table});
+  facts.Check("and so is one of two dimensions", square.result == DISP_E_TYPEMISMATCH);
+  const Outcome title = Let(pdf, IdOf(pdf, L"Title"), unknown);
+  facts.Check("no other text is bytes", title.result == DISP_E_TYPEMISMATCH,
+              Hexadecimal(title.result));
+}
+
 }  // namespace
 
 void CheckArguments(Facts& facts, IDispatch* pdf) {
@@ -114,6 +156,7 @@ void CheckArguments(Facts& facts, IDispatch* pdf) {
       Invoke(pdf, IdOf(pdf, L"Create"), {Text(std::wstring(name.begin(), name.end()))});
   facts.Check("a document is created", V_BOOL(&created.value) == VARIANT_TRUE);
   CheckOmittedArguments(facts, pdf);
+  CheckBytes(facts, pdf);
   Invoke(pdf, IdOf(pdf, L"Flush"));
 }
 
