@@ -52,7 +52,8 @@ constexpr Caption kDrawPicture = {
     "DrawPicture",
     23,
     "Draws a picture (BMP, GIF, JPG, PNG) on the current position.",
-    "file is a name, or the content of such a file as an array of bytes. The position is the top left corner of the picture, and a pixel is one point. A picture that "
+    "file is a name, or the content of such a file as an array of bytes. The position is the top "
+    "left corner of the picture, and a pixel is one point. A picture that "
     "is larger than the box of SetPictureDimensions is made smaller until it fits into the box. It "
     "must fit between the current position and the right and bottom margins, even if it is then "
     "aligned. Afterwards the position is below the picture, at the x of the last SetPosition. "
@@ -315,8 +316,8 @@ constexpr Member kMembers[] = {
 };
 
 /// Ids ascend; two rows that share one share the name, and no class has both. A parameter has a
-/// name, and only a text names a file, whose bytes may be taken too. A member that creates a file is
-/// told its name and returns whether it did.
+/// name, and only a text names a file, whose bytes may be taken too. A member that creates a file
+/// is told its name and returns whether it did.
 consteval bool RowsAreSound() {
   const Member* previous = nullptr;
   for (const Member& member : kMembers) {

@@ -208,7 +208,7 @@ FileNote DocumentModel::Flush() noexcept {
 
 /// Writes the file, and returns the first of what is wrong with it.
 FileNote DocumentModel::FinishFile() {
-  FileNote written = WriteFile();
+  FileNote written = WriteOutput();
   if (written.note) return written;
   if (fault_) return RefusalNote{RefusalReason::DocumentNotWhole, fault_.got};
   std::string missing = writer_.MissingAnchor();

@@ -74,7 +74,7 @@ struct State : PageState {
   std::string footer;  ///< likewise
   bool conforming = false;
   bool pictures_enlarged = false;  ///< to the picture box
-  bool compressed = true;  ///< counts in a conforming PDF only
+  bool compressed = true;          ///< counts in a conforming PDF only
 
   Oddities oddities;  ///< of the document being written, from `conforming` at its Create
 

@@ -46,8 +46,8 @@ constexpr Size Resize(const Size& box, const Size& source) {
 /// otherwise as it is. In its own proportions, rounded likewise.
 constexpr Size Enlarge(const Size& box, const Size& source) {
   if (source.width >= box.width || source.height >= box.height) return source;
-  const bool to_width = source.width.value() * box.height.value() >=
-                        source.height.value() * box.width.value();
+  const bool to_width =
+      source.width.value() * box.height.value() >= source.height.value() * box.width.value();
   if (to_width) return {box.width, Scaled(source.height, box.width, source.width)};
   return {Scaled(source.width, box.height, source.height), box.height};
 }

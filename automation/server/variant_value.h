@@ -56,8 +56,8 @@ class OwnedVariant {
 /// Converts an argument into a Value of type `type`.
 [[nodiscard]] HRESULT TakeValue(VARIANT& argument, Type type, LCID lcid, Value& value);
 
-/// Whether the argument is an array of bytes, such as a stream object's Read returns, or a reference
-/// to one.
+/// Whether the argument is an array of bytes, such as a stream object's Read returns, or a
+/// reference to one.
 [[nodiscard]] bool IsBytes(const VARIANT& argument) noexcept;
 
 /// Copies such an array, which must have one dimension, into a Value. An array that was never

@@ -215,8 +215,8 @@ class VELLUMARK_API Document {
 
   // --- Pictures. ---
 
-  /// The picture of a BMP, GIF, JPG or PNG file, told by its content, with its top left corner at the
-  /// current position. `file` is a name for the platform, UTF-8. A pixel is drawn as one point,
+  /// The picture of a BMP, GIF, JPG or PNG file, told by its content, with its top left corner at
+  /// the current position. `file` is a name for the platform, UTF-8. A pixel is drawn as one point,
   /// unless SetPictureDimensions has set a box: then a larger picture is made to fit into it. It
   /// must fit between the current position and the right and bottom margins, also if it is then
   /// aligned. Afterwards the position is below it, at the x of the last SetPosition.
@@ -281,8 +281,8 @@ class VELLUMARK_API Document {
   void GetPageMargins(std::int16_t& marginleft, std::int16_t& margintop, std::int16_t& marginright,
                       std::int16_t& marginbottom) const;
 
-  /// The box into which pictures are fitted; taken only if both are above 0. A smaller picture stays
-  /// as it is, unless PicturesEnlarged is set.
+  /// The box into which pictures are fitted; taken only if both are above 0. A smaller picture
+  /// stays as it is, unless PicturesEnlarged is set.
   void GetPictureDimensions(std::int16_t& width, std::int16_t& height) const;
   void SetPictureDimensions(Int16 width, Int16 height);
 

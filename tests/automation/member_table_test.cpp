@@ -61,7 +61,7 @@ TEST_F(MemberTable, IdsStayWhereTheyAre) {
 }
 
 TEST_F(MemberTable, APictureIsAFileOrItsBytesAndOnlyAPicture) {
-  const std::string file = PlainBmp(2, 2);
+  const std::string file = tests::PlainBmp(2, 2);
   memory->PutFile("dot.bmp", file);
   Call("Create", {Text("doc")});
   Call("NewPage", {Short(50), Short(50), Short(50), Short(50), Byte(255), Byte(255), Byte(255)});

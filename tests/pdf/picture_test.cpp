@@ -149,12 +149,15 @@ TEST_F(PdfPictures, ASmallPictureFillsItsBoxIfItIsToBeEnlarged) {
   EXPECT_EQ(placed(50, 300), "50 0 0 -25 50 792 cm") << "a larger one is made smaller as ever";
   Start();
   EXPECT_EQ(Placed("wide.bmp", AlignmentConstants::NoAlignment), "100 0 0 -50 50 792 cm");
-  memory->PutFile("pole.bmp", BmpFile{.width = 1, .height = 700, .bits = 1,
-                                      .pixels = std::vector<std::uint8_t>(2800)}.Bytes());
+  memory->PutFile(
+      "pole.bmp",
+      BmpFile{.width = 1, .height = 700, .bits = 1, .pixels = std::vector<std::uint8_t>(2800)}
+          .Bytes());
   Start();
   doc.SetPictureDimensions(400, 32767);
   EXPECT_FALSE(Draw("pole.bmp"));
   EXPECT_EQ(Why(), RefusalReason::PictureTooHigh);
+  doc.Flush();
   doc.PicturesEnlarged(false);
   EXPECT_EQ(placed(300, 300), "100 0 0 -50 50 792 cm");
 }
@@ -175,7 +178,8 @@ TEST_F(PdfPictures, BytesAreDrawnAsTheirFileIs) {
       return FlushedLines();
     };
     EXPECT_EQ(file_after(bytes), file_after("photo.jpg"));
-    EXPECT_EQ(file_after(std::span<const std::uint8_t>(bytes)), file_after(std::string("photo.jpg")));
+    EXPECT_EQ(file_after(std::span<const std::uint8_t>(bytes)),
+              file_after(std::string("photo.jpg")));
   }
   Start();
   Document& shared = doc;
