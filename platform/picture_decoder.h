@@ -20,6 +20,7 @@
 #include <cstdint>
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include <vellumark/bitmap.h>
 
@@ -30,9 +31,14 @@ namespace vellumark::platform {
 [[nodiscard]] std::string_view DecodePicture(std::span<const std::uint8_t> file,
                                              std::int64_t greatest, Bitmap& bitmap);
 
+/// The same; the memory of `file` may become the bitmap's, so that a large BMP file is in memory
+/// once.
+[[nodiscard]] std::string_view DecodePicture(std::vector<std::uint8_t>&& file,
+                                             std::int64_t greatest, Bitmap& bitmap);
+
 /// The same for a file of one kind. On failure `bitmap` may be left half filled.
 [[nodiscard]] std::string_view DecodeBmp(std::span<const std::uint8_t> file, std::int64_t greatest,
-                                         Bitmap& bitmap);
+                                         Bitmap& bitmap, std::vector<std::uint8_t>* own_file);
 [[nodiscard]] std::string_view DecodeGif(std::span<const std::uint8_t> file, std::int64_t greatest,
                                          Bitmap& bitmap);
 [[nodiscard]] std::string_view DecodeJpeg(std::span<const std::uint8_t> file, std::int64_t greatest,
