@@ -105,12 +105,13 @@ inline std::vector<Row> ReadRows(const std::string& file) {
       const std::string& digits = record->fields[field];
       std::smatch parts;
       if (std::regex_match(digits, parts, std::regex(form))) return parts;
-      throw std::runtime_error(file + ":" + std::to_string(record->line) + ": not a " + name +
-                               ": '" + digits + "'");
+      std::string why = file;
+      why.append(":").append(std::to_string(record->line)).append(": not a ").append(name);
+      throw std::runtime_error(why.append(": '").append(digits).append("'"));
     };
     Row row{.description = record->fields[description]};
-    row.count = std::stoll(number(count, "count", "\\d{1,6}")[0]);
-    const std::smatch parts = number(price, "price", "(-?)(\\d{1,7})(\\.\\d{1,2})?");
+    row.count = std::stoll(number(count, "count", R"(\d{1,6})")[0]);
+    const std::smatch parts = number(price, "price", R"((-?)(\d{1,7})(\.\d{1,2})?)");
     const std::string fraction = (parts[3].matched ? parts[3].str().substr(1) : "") + "00";
     row.cents = std::stoll(parts[2].str() + fraction.substr(0, 2));
     if (parts[1].length() > 0) row.cents = -row.cents;

@@ -340,8 +340,9 @@ class Chance {
   /// So few that some are linked before they are set, some twice, and some never set.
   std::string AnchorName() {
     static const std::vector<std::string> names = {
-        "plain",        "with blank", "(",    ")(\\",     "\\051",  "#",    "\r\n",
-        "\xFF\xFE\x00", "%",          "<AB>", "/Dests [", "\u011B", "\x1B", std::string(300, 'x')};
+        "plain", "with blank",         "(", ")(\\", "\\051",    "#",
+        "\r\n",  std::string(3, '\0'), "%", "<AB>", "/Dests [", "\u011B",
+        "\x1B",  std::string(300, 'x')};
     return Once(5) ? Bytes(Number(0, 3)) : names[static_cast<std::size_t>(Number(0, 13))];
   }
 
