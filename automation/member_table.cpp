@@ -280,7 +280,9 @@ constexpr Member kMembers[] = {
         {"Footer", 47, "Returns or sets the text at the foot of every page.",
          "Centered in Times 10 in the last 12 points above the bottom margin; the legal notice at "
          "first. {page} is the page's number, {pages} the number of pages, {{ a brace; \"\" leaves "
-         "the text out. Read at the end of each page."}),
+         "the text out. Read at the end of each page. A text that is wider than the room between "
+         "the "
+         "margins is left out; LastRefusal says so after Flush."}),
     Property<Document, string, &Document::Header, &Document::Header>(
         {"Header", 48, "Returns or sets the text at the head of every page.",
          "\"\" at first. In the 12 points above the top margin, if the margin has them; otherwise "

@@ -157,16 +157,22 @@ void WriteWrapped(const SampleText& text, int paragraphs, const char* path) {
 }  // namespace
 
 const DocumentWriter& Cairo() {
-  static constexpr DocumentWriter kWriter = {kName, WriteText<cairo_pdf_surface_create>,
+  static constexpr DocumentWriter kWriter = {kName,
+                                             WriteText<cairo_pdf_surface_create>,
                                              WriteShapes<cairo_pdf_surface_create>,
-                                             WriteWrapped<cairo_pdf_surface_create>, nullptr};
+                                             WriteWrapped<cairo_pdf_surface_create>,
+                                             nullptr,
+                                             nullptr};
   return kWriter;
 }
 
 const DocumentWriter& CairoPs() {
-  static constexpr DocumentWriter kWriter = {"cairo PS", WriteText<cairo_ps_surface_create>,
+  static constexpr DocumentWriter kWriter = {"cairo PS",
+                                             WriteText<cairo_ps_surface_create>,
                                              WriteShapes<cairo_ps_surface_create>,
-                                             WriteWrapped<cairo_ps_surface_create>, nullptr};
+                                             WriteWrapped<cairo_ps_surface_create>,
+                                             nullptr,
+                                             nullptr};
   return kWriter;
 }
 

@@ -34,6 +34,10 @@ struct DocumentWriter {
   /// The same with every line but the last stretched to the full width; null if the library cannot
   /// do that.
   void (*write_justified)(const SampleText& text, int paragraphs, const char* path);
+
+  /// Widths of as many lines, in one document that is not written; null if the library has no call
+  /// that measures a text.
+  void (*measure_lines)(const SampleText& text, int lines, const char* path);
 };
 
 const DocumentWriter& Vellumark();

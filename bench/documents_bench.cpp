@@ -22,6 +22,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "bench/child_process.h"
@@ -37,6 +38,7 @@ namespace {
 constexpr int kTextPages = 40;
 constexpr int kShapesOfEachKind = 700;
 constexpr int kWrappedParagraphs = 100;
+constexpr int kMeasuredLines = 20000;
 constexpr int kPsTextPages = 50;
 constexpr int kPsShapesOfEachKind = 1000;
 constexpr int kJustifiedParagraphs = 50;  // a document has too few object numbers for 100
@@ -299,6 +301,19 @@ void Register(Bench& bench) {
     add("compressed_size_" + name, [&bench, goals, measure = named("compressed ")](auto& state) {
       CompareSizes(state, bench, measure, VellumarkCompressed(), HaruCompressed(),
                    goals.compressed_size);
+    });
+  }
+  for (const auto& [name, title, writer] :
+       {std::tuple{"measure", "TextWidth of 70 characters", &Vellumark},
+        std::tuple{"conforming_measure", "conforming TextWidth of 70 characters",
+                   &VellumarkUncompressed}}) {
+    const SpeedMeasure measure = {name, title, kMeasuredLines,
+                                  [&bench](const auto& library, const char* path) {
+                                    library.measure_lines(bench.text, kMeasuredLines, path);
+                                  },
+                                  AtLeast(1.0)};
+    add(name, [&bench, measure, writer = writer](auto& state) {
+      CompareSpeed(state, bench, measure, writer(), Haru(), measure.goal);
     });
   }
   for (const auto& [measure, peer, goal] : PostScriptMeasures(bench.text)) {

@@ -146,10 +146,23 @@ void WriteJustified(const SampleText& text, int paragraphs, const char* path) {
   WriteParagraphs<kStreams>(text, paragraphs, HPDF_TALIGN_JUSTIFY, path);
 }
 
+void MeasureLines(const SampleText& text, int lines, const char* /*path*/) {
+  HaruDocument document(Streams::Plain);
+  HPDF_Page page = document.NewPage();
+  HPDF_Page_SetFontAndSize(page, document.Font("Times-Roman"), kFontHeight);
+  for (int i = 0; i < lines; ++i) {
+    if (HPDF_Page_TextWidth(page, text.Line(i).data()) <= 0) Fail(kName, "no width");
+  }
+}
+
 template <Streams kStreams>
 const DocumentWriter& Writer() {
-  static constexpr DocumentWriter kWriter = {kName, WriteText<kStreams>, WriteShapes<kStreams>,
-                                             WriteWrapped<kStreams>, WriteJustified<kStreams>};
+  static constexpr DocumentWriter kWriter = {kName,
+                                             WriteText<kStreams>,
+                                             WriteShapes<kStreams>,
+                                             WriteWrapped<kStreams>,
+                                             WriteJustified<kStreams>,
+                                             MeasureLines};
   return kWriter;
 }
 

@@ -129,38 +129,59 @@ void WriteJustified(const SampleText& text, int paragraphs, const char* path) {
   WriteParagraphs<AnyDocument>(text, paragraphs, true, path);
 }
 
+template <class AnyDocument>
+void MeasureLines(const SampleText& text, int lines, const char* path) {
+  CheckedDocument<AnyDocument> document(path);
+  document.SetFont(FontNumberConstants::Times);
+  for (int i = 0; i < lines; ++i) document.Check(document->TextWidth(text.Line(i)) > 0);
+}
+
 }  // namespace
 
 const DocumentWriter& Vellumark() {
-  static constexpr DocumentWriter kWriter = {kName, WriteText<PDF>, WriteShapes<PDF>,
-                                             WriteWrapped<PDF>, WriteJustified<PDF>};
+  static constexpr DocumentWriter kWriter = {kName,
+                                             WriteText<PDF>,
+                                             WriteShapes<PDF>,
+                                             WriteWrapped<PDF>,
+                                             WriteJustified<PDF>,
+                                             MeasureLines<PDF>};
   return kWriter;
 }
 
 const DocumentWriter& VellumarkUncompressed() {
   using Pdf = UncompressedPdf;
-  static constexpr DocumentWriter kWriter = {kName, WriteText<Pdf>, WriteShapes<Pdf>,
-                                             WriteWrapped<Pdf>, WriteJustified<Pdf>};
+  static constexpr DocumentWriter kWriter = {kName,
+                                             WriteText<Pdf>,
+                                             WriteShapes<Pdf>,
+                                             WriteWrapped<Pdf>,
+                                             WriteJustified<Pdf>,
+                                             MeasureLines<Pdf>};
   return kWriter;
 }
 
 const DocumentWriter& VellumarkCompressed() {
   using Pdf = CompressedPdf;
-  static constexpr DocumentWriter kWriter = {kName, WriteText<Pdf>, WriteShapes<Pdf>,
-                                             WriteWrapped<Pdf>, WriteJustified<Pdf>};
+  static constexpr DocumentWriter kWriter = {kName,
+                                             WriteText<Pdf>,
+                                             WriteShapes<Pdf>,
+                                             WriteWrapped<Pdf>,
+                                             WriteJustified<Pdf>,
+                                             MeasureLines<Pdf>};
   return kWriter;
 }
 
 const DocumentWriter& VellumarkConformingPs() {
   using Ps = ConformingPs;
-  static constexpr DocumentWriter kWriter = {kName, WriteText<Ps>, WriteShapes<Ps>,
-                                             WriteWrapped<Ps>, WriteJustified<Ps>};
+  static constexpr DocumentWriter kWriter = {
+      kName,           WriteText<Ps>, WriteShapes<Ps>, WriteWrapped<Ps>, WriteJustified<Ps>,
+      MeasureLines<Ps>};
   return kWriter;
 }
 
 const DocumentWriter& VellumarkPs() {
-  static constexpr DocumentWriter kWriter = {kName, WriteText<PS>, WriteShapes<PS>,
-                                             WriteWrapped<PS>, WriteJustified<PS>};
+  static constexpr DocumentWriter kWriter = {
+      kName,           WriteText<PS>, WriteShapes<PS>, WriteWrapped<PS>, WriteJustified<PS>,
+      MeasureLines<PS>};
   return kWriter;
 }
 

@@ -152,6 +152,7 @@ class DocumentModel {
   RefusalNote AllOrNothing(const Steps& steps) noexcept {
     const PageState page = state_;  // NOLINT(cppcoreguidelines-slicing): the rest stays
     const std::size_t held_pages = held_pages_.size();
+    const RefusalNote refused_head = refused_head_;
     LineBuffer::Mark lines;
     lines_.Here(lines);
     const std::size_t lost = lost_.Here();
@@ -162,6 +163,7 @@ class DocumentModel {
       lost_.RollBack(lost);
       static_cast<PageState&>(state_) = page;
       held_pages_.resize(held_pages);
+      refused_head_ = refused_head;
     }
     return outcome;
   }
@@ -266,7 +268,9 @@ class DocumentModel {
   std::vector<HeldPage> held_pages_;  // whose running heads name the number of pages
   int bookmark_level_ = 0;            // of the last bookmark
   layout::LostCharacters lost_;
-  RefusalNote fault_;  // the first failure of a page end since Create
+  RefusalNote fault_;         // the first failure of a page end since Create
+  RefusalNote refused_head_;  // the first header or footer since Create that was too wide
+  std::string legal_notice_;  // as a footer
 
   std::vector<Word> words_;                         // of one paragraph; kept for its storage
   std::vector<std::int32_t> sums_;                  // of one line

@@ -39,6 +39,7 @@ std::error_code ErrorOf(const Operation& operation) noexcept {
 DocumentModel::DocumentModel(Platform& platform, State& state, LineBuffer& lines, Writer& writer)
     : platform_(platform), state_(state), lines_(lines), writer_(writer) {
   state_.footer = LegalNotice(platform);
+  legal_notice_ = state_.footer;
   platform_.ShowNotice("Initialize()", platform_.Title());
 }
 
@@ -81,6 +82,7 @@ FileNote DocumentModel::TryCreate(const OutputTarget& target) {
   if (refused.note) return refused;
   state_.oddities = Oddities(!state_.conforming);
   fault_ = {};
+  refused_head_ = {};
   held_pages_.clear();
   bookmark_level_ = 0;
   lost_.Clear();
@@ -211,6 +213,7 @@ FileNote DocumentModel::FinishFile() {
   FileNote written = WriteOutput();
   if (written.note) return written;
   if (fault_) return RefusalNote{RefusalReason::DocumentNotWhole, fault_.got};
+  if (refused_head_) return refused_head_;
   std::string missing = writer_.MissingAnchor();
   if (!missing.empty()) return {RefusalReason::AnchorMissing, std::move(missing)};
   return {};

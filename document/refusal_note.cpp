@@ -97,6 +97,9 @@ std::string Sentence(const RefusalNote& note, std::string_view detail) {
     case RefusalReason::AnchorMissing:
       return Join({"the file is whole, but a link leads to #", detail,
                    ", and no anchor has this name; call SetAnchor"});
+    case RefusalReason::RunningHeadTooWide:
+      return Join({"the file is whole, but a header or footer is left out: it is ", got,
+                   " points wide, and only ", allowed, " points are free between the margins"});
     case RefusalReason::DocumentNotWhole:
       return Join({"the document is not whole: run-time error ", NameOfError(note.got),
                    " stopped the end of a page or of the document"});

@@ -8,6 +8,8 @@
 // In their texts {page} stands for the page's number, {pages} for the number of pages, and {{ for a
 // brace. How many pages there are is known only at the end: a text that asks for it is written
 // then, at a place that the writer keeps.
+#include <exception>
+
 #include "document/document_model.h"
 #include "document/lost_bytes.h"
 #include "document/resume_next.h"
@@ -69,7 +71,12 @@ RefusalNote DocumentModel::WriteRunningHeads() noexcept {
         if (AsksForPages(state_.footer) || (header && AsksForPages(state_.header))) {
           held_pages_.push_back(
               {page, state_.margins, header ? state_.header : std::string(), state_.footer});
-          writer_.HoldPlace();
+          try {
+            writer_.HoldPlace();
+          } catch (const std::exception&) {
+            held_pages_.pop_back();  // there are as many as the writer has places
+            throw;
+          }
           return;
         }
         if (header) WriteRunningHead(state_.header, -kFooterHeight, page, 0);
@@ -83,7 +90,8 @@ RefusalNote DocumentModel::WriteRunningHeads() noexcept {
       [&] { SetPosition(x, y); });
 }
 
-/// A text that does not fit between the margins is left out.
+/// A text that does not fit between the margins is left out; Flush tells it, of the legal notice
+/// excepted, which the host did not ask for.
 void DocumentModel::WriteRunningHead(std::string_view text, int top, std::int32_t page,
                                      std::int32_t pages) {
   const std::string expanded = Expanded(text, page, pages);
@@ -94,7 +102,11 @@ void DocumentModel::WriteRunningHead(std::string_view text, int top, std::int32_
     AddLostBytes(platform_, expanded, state_.font, lost_);
   }
   if (top <= state_.UsableHeight()) state_.position_y = state_.page.height - top;
-  TryWriteText({.text = written, .alignment = AlignmentConstants::Center}, Numbers::Reserved);
+  const RefusalNote refused =
+      TryWriteText({.text = written, .alignment = AlignmentConstants::Center}, Numbers::Reserved);
+  if (refused.reason == RefusalReason::TextTooWide && !refused_head_ && text != legal_notice_) {
+    refused_head_ = {RefusalReason::RunningHeadTooWide, refused.got, refused.allowed};
+  }
 }
 
 RefusalNote DocumentModel::WriteHeldPlaces() noexcept {

@@ -5,7 +5,7 @@
 usage: invoice.py [FOLDER [CSV_FILE]]
 
 writes FOLDER/invoice.pdf and FOLDER/invoice.ps. The table has the columns quantity, description and
-unit price, in UTF-8. docs/python.md explains the program.
+unit price, in UTF-8. docs/python.md explains the program; invoice.cpp is the same one in C++.
 """
 import csv
 import pathlib
@@ -27,8 +27,9 @@ LANGUAGES: dict[str, type[vellumark.PDF] | type[vellumark.PS]] = {
     "invoice.pdf": vellumark.PDF, "invoice.ps": vellumark.PS}
 
 HERE = pathlib.Path(__file__).resolve().parent
-LOGO = HERE / "pictures" / "logo.gif"
-LINK = "https://example.org/pay/2024-0117"
+LOGO = HERE / "pictures" / "logo.png"
+NUMBER = "2024-0117"
+LINK = "https://example.org/pay/" + NUMBER
 TERMS = (
     "Payment is due within fourteen days of the date of this invoice, without deduction. The goods "
     "remain our property until they are paid for in full. Colors of leather and linen may differ "
@@ -43,11 +44,13 @@ WHITE: Color = (255, 255, 255)
 
 MARGIN = 56
 WIDTH = 595 - 2 * MARGIN
-# The right edges of the columns; numbers are right-aligned there.
-QUANTITY, DESCRIPTION, PRICE, AMOUNT = 40, 56, 398, WIDTH - 8
+BOTTOM = 842 - MARGIN - 40 - 12     # the footer is below
+# The right edges of the columns of numbers, and the left edge of the texts.
+COUNT, DESCRIPTION, PRICE, AMOUNT = 40, 56, 398, WIDTH - 8
 DESCRIPTION_END = 328
 ROW_HEIGHT = 24
 LAST_ROW = 620
+PRICES = r"-?\d{1,7}(\.\d{1,2})?"
 
 
 class Row(NamedTuple):
@@ -69,17 +72,18 @@ def read_rows(file: pathlib.Path) -> list[Row]:
             raise ValueError(f"{file}: it has no column {', '.join(sorted(missing))}")
         for line in table:
             try:
-                rows.append(Row(int(line["quantity"]), line["description"],
-                                price(line["unit price"])))
+                rows.append(Row(int(number(line["quantity"], "count", r"\d{1,6}")),
+                                line["description"],
+                                Decimal(number(line["unit price"], "price", PRICES))))
             except ValueError as error:
                 raise ValueError(f"{file}:{table.line_num}: {error}") from error
     return rows
 
 
-def price(text: str) -> Decimal:
-    if not re.fullmatch(r"-?\d{1,9}(\.\d{1,2})?", text):
-        raise ValueError(f"not a price: {text!r}")
-    return Decimal(text)
+def number(text: str, name: str, form: str) -> str:
+    if not re.fullmatch(form, text, re.ASCII):
+        raise ValueError(f"not a {name}: {text!r}")
+    return text
 
 
 def money(amount: Decimal) -> str:
@@ -97,11 +101,9 @@ def put(doc: Document, x: int, y: int, text: str, alignment: Align = Align.NoAli
         raise ValueError(f"{text!r}: {doc.LastRefusal}")
 
 
-def put_number(doc: Document, right: int, y: int, number: str) -> None:
-    """A number that ends at `right`: in Helvetica, all digits have the same width."""
-    _, size, _, _ = doc.GetFont()
-    width = sum({",": 0.278, ".": 0.278, "-": 0.333}.get(sign, 0.556) for sign in number) * size
-    put(doc, round(right - width), y, number)
+def put_right(doc: Document, right: int, y: int, text: str) -> None:
+    """A text that ends at `right`."""
+    put(doc, right - doc.TextWidth(text), y, text)
 
 
 def rule(doc: Document, y: int, color: Color = RULE, left: int = 0) -> None:
@@ -112,7 +114,7 @@ def rule(doc: Document, y: int, color: Color = RULE, left: int = 0) -> None:
 def draw_letterhead(doc: Document) -> None:
     doc.SetPictureDimensions(52, 52)
     doc.SetPosition(0, 0)
-    if not doc.DrawPicture(LOGO, encoding=Encoding.Flate):
+    if not doc.DrawPicture(LOGO.read_bytes(), encoding=Encoding.Flate):
         raise ValueError(doc.LastRefusal)
     pen(doc, 20, style=Style.Bold)
     put(doc, 66, 4, "Lindenhof Bindery")
@@ -132,7 +134,7 @@ def draw_address(doc: Document) -> None:
         put(doc, 0, 112 + 15 * line, text)
     pen(doc, 26, ACCENT, Style.Bold)
     put(doc, 0, 88, "Invoice", Align.RightAlign)
-    for line, (name, value) in enumerate([("Number", "2024-0117"), ("Date", "2024-05-31"),
+    for line, (name, value) in enumerate([("Number", NUMBER), ("Date", "2024-05-31"),
                                           ("Due", "2024-06-14")]):
         pen(doc, 10, FAINT)
         put(doc, 350, 127 + 15 * line, name)
@@ -147,10 +149,10 @@ def draw_table_head(doc: Document, y: int) -> int:
     doc.DrawRectangle(0, y, WIDTH, 22)
     doc.SetFillStyle(False)
     pen(doc, 9, WHITE, Style.Bold)
-    put(doc, QUANTITY - 27, y + 5, "Count")
+    put_right(doc, COUNT, y + 5, "Count")
     put(doc, DESCRIPTION, y + 5, "Description")
-    put(doc, PRICE - 26, y + 5, "Unit €")
-    put(doc, AMOUNT - 44, y + 5, "Amount €")
+    put_right(doc, PRICE, y + 5, "Unit €")
+    put_right(doc, AMOUNT, y + 5, "Amount €")
     return y + 22
 
 
@@ -162,12 +164,12 @@ def draw_table(doc: Document, rows: list[Row], y: int) -> int:
             new_page(doc)
             y = draw_table_head(doc, 0)
         pen(doc, 10)
-        put_number(doc, QUANTITY, y + 6, str(row.quantity))
+        put_right(doc, COUNT, y + 6, str(row.quantity))
         put(doc, DESCRIPTION, y + 6, row.description)
-        if doc.GetPosition()[0] > DESCRIPTION_END:
+        if DESCRIPTION + doc.TextWidth(row.description) > DESCRIPTION_END:
             raise ValueError(f"{row.description!r} is too long for its column")
-        put_number(doc, PRICE, y + 6, money(row.price))
-        put_number(doc, AMOUNT, y + 6, money(row.amount))
+        put_right(doc, PRICE, y + 6, money(row.price))
+        put_right(doc, AMOUNT, y + 6, money(row.amount))
         y += ROW_HEIGHT
         rule(doc, y)
     return y
@@ -180,7 +182,7 @@ def draw_totals(doc: Document, rows: list[Row], y: int) -> int:
                                 ("To pay, €", net + tax, Style.Bold)]:
         pen(doc, 11 if style == Style.Bold else 10, style=style)
         put(doc, 300, y + 8, name)
-        put_number(doc, AMOUNT, y + 8, money(amount))
+        put_right(doc, AMOUNT, y + 8, money(amount))
         y += 20
     rule(doc, y + 8, ACCENT, left=300)
     rule(doc, y + 10, ACCENT, left=300)
@@ -189,6 +191,9 @@ def draw_totals(doc: Document, rows: list[Row], y: int) -> int:
 
 def draw_terms(doc: Document, y: int) -> None:
     doc.SetFont(Font.Times, 10, Style.Regular, Effect.NoFontEffect)
+    if y + doc.TextHeight(TERMS, dy=3) + 18 > BOTTOM:
+        new_page(doc)
+        y = 0
     doc.SetColor(*INK)
     doc.SetPosition(0, y)
     doc.WriteMultiText(TERMS, dy=3, justified=True)
@@ -206,8 +211,9 @@ def new_page(doc: Document) -> None:
 
 
 def draw_invoice(doc: Document, file: pathlib.Path, rows: list[Row]) -> None:
-    doc.Title = "Invoice 2024-0117"
+    doc.Title = "Invoice " + NUMBER
     doc.Author = "Lindenhof Bindery"
+    doc.Footer = f"Invoice {NUMBER} – Page {{page}} of {{pages}}"
     if not doc.Create(file):
         raise OSError(doc.LastRefusal)
     new_page(doc)
@@ -215,9 +221,6 @@ def draw_invoice(doc: Document, file: pathlib.Path, rows: list[Row]) -> None:
     draw_address(doc)
     y = draw_table(doc, rows, 200)
     y = draw_totals(doc, rows, y)
-    if y + 110 > 740:
-        new_page(doc)
-        y = -20
     draw_terms(doc, y + 28)
     if doc.LostCharacters:
         raise ValueError(f"the fonts have no letters for {doc.LostCharacters}")

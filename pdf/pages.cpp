@@ -131,8 +131,8 @@ void PdfWriter::HoldPlace() {
   if (!classic) WritePageContent();
   const int number = objects_.table.Reserve();
   if (classic) objects_.table.Reserve();
-  objects_.held_places.push_back({number, objects_.state_saved});
   objects_.contents.push_back(number);
+  objects_.held_places.push_back({number, objects_.state_saved});
   objects_.state_saved = false;
 }
 

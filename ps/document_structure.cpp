@@ -187,8 +187,8 @@ void PsWriter::EndPage() {
   lines_.Append("showpage");
 }
 
-/// A comment keeps the place of the lines to come.
-void PsWriter::HoldPlace() { held_places_.push_back(lines_.Append("%")); }
+/// An empty line keeps the place of the lines to come.
+void PsWriter::HoldPlace() { held_places_.push_back(lines_.Append("")); }
 
 /// The lines are written at the end of the file and then moved: nothing is known of what is in
 /// force at the place.

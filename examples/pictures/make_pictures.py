@@ -3,7 +3,7 @@
 """Makes the sample pictures beside this script: one small landscape in every format and depth, and
 the logo of the invoice.
 
-usage: make_pictures.py          (needs python3-pil, for GIF and JPG)
+usage: make_pictures.py          (needs python3-pil, for GIF, JPG and the logo)
 
 BMP and PNG files are written byte by byte, so that every depth and header can be made.
 """
@@ -92,9 +92,9 @@ def with_palette(picture, colors, dither):
 
 
 def logo(size):
-    """An open book on a disc, drawn four times as large and made smaller."""
+    """An open book on a disc, transparent around it, drawn four times as large and made smaller."""
     scale = size * 4
-    picture = Image.new("RGB", (scale, scale), "white")
+    picture = Image.new("RGBA", (scale, scale), (255, 255, 255, 0))
     draw = ImageDraw.Draw(picture)
 
     def points(*pairs):
@@ -145,7 +145,7 @@ def main():
     picture.save(HERE / "landscape_progressive.jpg", quality=92, progressive=True)
     picture.convert("L").save(HERE / "landscape_gray.jpg", quality=92)
     picture.convert("CMYK").save(HERE / "landscape_cmyk.jpg", quality=95)
-    logo(208).quantize(48).save(HERE / "logo.gif", interlace=0)
+    logo(208).save(HERE / "logo.png", optimize=True)
 
 
 if __name__ == "__main__":

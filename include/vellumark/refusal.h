@@ -51,6 +51,8 @@ enum class RefusalReason : std::int32_t {
   AnchorMissing,        ///< Flush: a link leads to an anchor that was never set; the file is whole
   DocumentNotWhole,     ///< Flush: a run-time error stopped the end of a page or of the document;
                         ///< the file was written, but something is missing in it
+  RunningHeadTooWide,   ///< Flush: a Header or Footer that was set is wider than the room between
+                        ///< the margins; its page is without it, and the file is whole
 };
 
 struct Refusal {

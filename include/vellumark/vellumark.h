@@ -118,8 +118,8 @@ class VELLUMARK_API Document {
   /// the top margin, if the margin has them, the footer in the last 12 points above the bottom
   /// margin. {page} in them is the page's number, {pages} the number of pages, {{ a brace; ""
   /// leaves the text out. Read at the end of each page. The footer is the legal notice at first,
-  /// the header
-  /// "".
+  /// the header "". A text that was set and is wider than the room between the margins is left out,
+  /// and LastRefusal says so after Flush.
   [[nodiscard]] std::string Footer() const;
   void Footer(std::string_view footer);
   [[nodiscard]] std::string Header() const;
@@ -153,7 +153,7 @@ class VELLUMARK_API Document {
   /// close it.
   bool Create(std::ostream& stream) noexcept;
 
-  /// Ends the open page, if any, with the legal notice as footer, and starts the next one: margins
+  /// Ends the open page, if any, with its header and footer, and starts the next one: margins
   /// in points, page color 0 to 255, position at the top left. Margins that are negative or leave
   /// 20 points or less of the page either way are not taken; the previous ones stay.
   void NewPage(Int16 marginleft, Int16 margintop, Int16 marginright, Int16 marginbottom, Byte red,

@@ -98,6 +98,16 @@ class FailingPlatform : public Base {
 template <class AnyDocument>
 using Call = std::function<bool(AnyDocument&)>;
 
+/// Properties raise what fails.
+bool Set(const std::function<void()>& property) {
+  try {
+    property();
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
+  return true;
+}
+
 bool Draw(Document& doc, const char* picture, EncodingConstants encoding) {
   return doc.DrawPicture(picture, {}, encoding);
 }
@@ -133,6 +143,9 @@ std::vector<Call<AnyDocument>> Calls() {
       [](AnyDocument& doc) {
         return doc.WriteMultiText("\u017Dlu\u0165 \u00FAp\u011Bl \u0436", 0, {}, true, 50);
       },
+      [](AnyDocument& doc) { return Set([&] { doc.Header("a header of {pages} pages"); }); },
+      [](AnyDocument& doc) { return Set([&] { doc.Footer("page {page} of {pages}"); }); },
+      new_page,
       [](AnyDocument& doc) { return doc.DrawPicture(VELLUMARK_PICTURES "/landscape_8.bmp"); },
       back_to_the_top,
       [](AnyDocument& doc) {
@@ -151,6 +164,12 @@ std::vector<Call<AnyDocument>> Calls() {
     calls.push_back([](AnyDocument& doc) {
       return doc.WriteText("linked", true, 0, {}, "https://example.org/");
     });
+    const std::string name = "an anchor whose name is too long for small strings";
+    calls.push_back([link = "#" + name](AnyDocument& doc) {
+      return doc.WriteText("linked", true, 0, {}, link);
+    });
+    calls.push_back([name](AnyDocument& doc) { return doc.SetAnchor(name); });
+    calls.push_back([name](AnyDocument& doc) { return doc.WriteBookmark(name); });
   }
   return calls;
 }

@@ -35,6 +35,22 @@ TEST_F(RunningHeads, PlaceholdersAreTheNumbersOfPages) {
   EXPECT_EQ(Shown(), (Lines{"1{page} {unknown", "1 of 2", "2 of 2"}));
 }
 
+TEST_F(RunningHeads, OneThatIsTooWideIsToldAndTheLegalNoticeIsNot) {
+  doc.PaperSize(PaperSizeConstants::A5);
+  Start();
+  doc.NewPage(190, 20, 190, 20, 255, 255, 255);
+  doc.Flush();
+  EXPECT_EQ(Why(), RefusalReason::None);
+  Start();
+  doc.NewPage(190, 20, 190, 20, 255, 255, 255);
+  doc.Header("wide {page} of {pages}");
+  doc.Footer("");
+  doc.Flush();
+  EXPECT_EQ(doc.LastRefusal().sentence,
+            "the file is whole, but a header or footer is left out: it is 45 points wide, and only "
+            "40 points are free between the margins");
+}
+
 TEST_F(RunningHeads, AreReadWhenAPageEnds) {
   doc.Footer("first");
   Start();

@@ -1,14 +1,17 @@
 # SPDX-License-Identifier: MIT
-"""The code in the documentation, the invoice, and a page that C++ makes too."""
+"""The code in the documentation, the invoice and the report, and what C++ makes of them too."""
 import io
+import json
 import pathlib
 import re
 import subprocess
 import sys
 
+import pytest
 from conftest import SOURCE, from_cmake
 
-INVOICE = SOURCE / "examples" / "invoice.py"
+EXAMPLES = SOURCE / "examples"
+INVOICE = EXAMPLES / "invoice.py"
 
 
 def run(*command):
@@ -59,6 +62,41 @@ def test_python_and_cpp_make_the_same_bytes():
     assert made.read_bytes() == from_cpp
 
 
+@pytest.mark.parametrize("name", ["invoice", "report"])
+def test_the_examples_are_the_same_in_python_and_cpp(name):
+    for folder in ("cpp", "python"):
+        pathlib.Path(folder).mkdir()
+    run(from_cmake(f"VELLUMARK_{name.upper()}"), "cpp")
+    run(sys.executable, "-W", "error", EXAMPLES / f"{name}.py", "python")
+    for kind in ("pdf", "ps"):
+        cpp, python = (pathlib.Path(folder, f"{name}.{kind}") for folder in ("cpp", "python"))
+        assert cpp.read_bytes() == python.read_bytes()
+
+
+def shown(page):
+    return run("pdftotext", "-layout", "-f", page, "-l", page, "report.pdf", "-")
+
+
+def test_the_contents_of_the_report_lead_to_its_chapters():
+    run(sys.executable, "-W", "error", EXAMPLES / "report.py", ".")
+    assert run("qpdf", "--check", "report.pdf").count("WARNING") == 0
+    assert run("gs", "-q", "-dNOPAUSE", "-dBATCH", "-sDEVICE=nullpage", "report.ps") == ""
+    entries = re.findall(r"^ *(\S.*?) [ .]+ (\d+)$", shown(2), re.M)
+    assert len(entries) == 14
+    for title, page in entries:
+        assert title in shown(page)
+    places = re.findall(r'^ *(\d+) .*"heading (\d+)"$', run("pdfinfo", "-dests", "report.pdf"), re.M)
+    pages = {int(heading): page for page, heading in places}
+    assert [pages[heading] for heading in range(len(entries))] == [page for _, page in entries]
+    links = re.findall(rb"/A << /D \(heading (\d+)\)", pathlib.Path("report.pdf").read_bytes())
+    assert [int(link) for link in links] == [entry // 2 for entry in range(2 * len(entries))]
+    outline = [(entry["title"], str(page["pageposfrom1"]))
+               for page in json.loads(run("qpdf", "--json", "--json-key=pages", "report.pdf"))["pages"]
+               for entry in page["outlines"]]
+    assert outline == [("Contents", "2"), *entries]
+    assert shown(6).split()[:3] == ["Lending", "Other", "Libraries"]     # its running head
+
+
 def test_the_invoice_is_good_in_both_languages():
     run(sys.executable, "-W", "error", INVOICE, ".")
     assert b"/URI (https://example.org/pay/2024-0117)" in pathlib.Path("invoice.pdf").read_bytes()
@@ -81,6 +119,7 @@ def test_a_long_invoice_goes_over_pages_with_a_head_on_each():
     assert run("gs", "-q", "-dNOPAUSE", "-dBATCH", "-sDEVICE=nullpage", "invoice.ps") == ""
     text = run("pdftotext", "-layout", "invoice.pdf", "-")
     assert text.count("Description") == text.count("\f") == 4
+    assert re.findall(r"Page \d+ of \d+", text) == [f"Page {page} of 4" for page in range(1, 5)]
     assert [int(count) for count in re.findall(r"Thing (\d+) :\) \\ ő", text)] == list(range(1, 81))
     assert re.search(r"Net +3,240\.00", text)
 

@@ -33,7 +33,8 @@ def test_the_stub_is_what_the_module_has():
 
 
 def test_a_program_is_checked_against_the_stub():
-    mypy(SOURCE / "examples" / "invoice.py")
+    for example in ("invoice.py", "report.py"):
+        mypy(SOURCE / "examples" / example)
     pathlib.Path("wrong.py").write_text("""import vellumark
 doc = vellumark.PDF()
 doc.Version = "1.3"

@@ -5,7 +5,8 @@
 //
 // Beside each NAME.pdf stands NAME.record, what went into it and what was lost: a line a fact, its
 // kind and the bytes in hexadecimal. Kinds: Latin, Symbol and ZapfDingbats, a text that was written
-// in such a font; Link; Lost; Pages; and the name of each property.
+// in such a font; Head, "page text" of a header or footer; Bookmark, "page level text"; Anchor,
+// "page name"; Link; Missing, that Flush missed an anchor; Lost; and the name of each property.
 #include <algorithm>
 #include <array>
 #include <filesystem>
@@ -76,8 +77,33 @@ class Recorded {
   }
 
   void NewPage(std::int16_t margin = 20) {
+    EndPages();
     doc.NewPage(margin, margin, margin, margin, 255, 255, 255);
-    ++pages_;
+  }
+
+  /// Of the open page. Texts that are too wide for it become page numbers.
+  void Heads(const std::string& header, const std::string& footer) {
+    FontNumberConstants number{};
+    FontStyleConstants style{};
+    FontEffectConstants effect{};
+    std::uint8_t height = 0;
+    doc.GetFont(number, height, style, effect);
+    doc.SetFont(FontNumberConstants::Times, 10, FontStyleConstants::Regular, {});
+    const auto fitting = [&](const std::string& text) {
+      return doc.TextWidth(text) <= 100 ? text : "{{{page}/{pages}}";
+    };
+    doc.Header(fitting(header));
+    doc.Footer(fitting(footer));
+    doc.SetFont(number, height, style, effect);
+  }
+
+  void Bookmark(const std::string& text, int level) {
+    if (!doc.WriteBookmark(text, level)) return;
+    Record("Bookmark", PageNumber() + std::to_string(level) + " " + text);
+  }
+
+  void Anchor(const std::string& name) {
+    if (doc.SetAnchor(name)) Record("Anchor", PageNumber() + name);
   }
 
   /// `write` writes a text; if the page is full, on the next one.
@@ -105,15 +131,35 @@ class Recorded {
   }
 
   void Finish() {
+    EndPages();
+    if (doc.PageNumber() == 0) Record("Head", "1 " + doc.Footer());
     doc.Flush();
     const Refusal refusal = doc.LastRefusal();
-    if (refusal.reason != RefusalReason::None) std::cerr << file_ << refusal.sentence << '\n';
+    if (refusal.reason == RefusalReason::AnchorMissing) {
+      Record("Missing", refusal.sentence);
+    } else if (refusal.reason != RefusalReason::None) {
+      std::cerr << file_ << refusal.sentence << '\n';
+    }
     Record("Lost", doc.LostCharacters());
   }
 
   PDF doc;
 
  private:
+  [[nodiscard]] std::string PageNumber() const { return std::to_string(doc.PageNumber()) + " "; }
+
+  /// Records the texts above and below the pages that end with what is set now; the header only if
+  /// there is room for it.
+  void EndPages() {
+    std::array<std::int16_t, 4> margins{};
+    doc.GetPageMargins(margins[0], margins[1], margins[2], margins[3]);
+    while (ended_ < doc.PageNumber()) {
+      const std::string page = std::to_string(++ended_) + " ";
+      if (margins[1] >= 12) Record("Head", page + doc.Header());
+      Record("Head", page + doc.Footer());
+    }
+  }
+
   void Record(const char* kind, const std::string& bytes) {
     record_ << kind << ' ';
     for (const char c : bytes) {
@@ -125,7 +171,7 @@ class Recorded {
 
   std::string file_;
   std::ofstream record_;
-  int pages_ = 0;
+  int ended_ = 0;  // pages
 };
 
 /// Every character of the Basic Multilingual Plane and every byte, in a font of each kind.
@@ -291,6 +337,26 @@ class Chance {
     return text;
   }
 
+  /// So few that some are linked before they are set, some twice, and some never set.
+  std::string AnchorName() {
+    static const std::vector<std::string> names = {
+        "plain", "with blank",         "(", ")(\\", "\\051",    "#",
+        "\r\n",  std::string(3, '\0'), "%", "<AB>", "/Dests [", "\u011B",
+        "\x1B",  std::string(300, 'x')};
+    return Once(5) ? Bytes(Number(0, 3)) : names[static_cast<std::size_t>(Number(0, 13))];
+  }
+
+  /// For headers and footers.
+  std::string Head() {
+    static const std::vector<std::string> pieces = {
+        "{page}", "{pages}", "{{", "{", "}", "{{page}", "{pages", "{PAGE}", "{pa{page}ge}"};
+    std::string text;
+    for (int i = Number(0, 4); i > 0; --i) {
+      text += Once(2) ? Word() : pieces[static_cast<std::size_t>(Number(0, 8))];
+    }
+    return text;
+  }
+
   std::string Hostile() { return Once(5) ? Bytes(Number(0, 40)) : Text(Number(0, 8)); }
 
  private:
@@ -322,7 +388,9 @@ void WriteTexts(Recorded& recorded, Chance& chance) {
               chance.Member<FontStyleConstants>(4), chance.Member<FontEffectConstants>(2));
   const auto alignment =
       chance.Once(2) ? AlignmentConstants{} : chance.Member<AlignmentConstants>(3);
-  const std::string link = chance.Once(3) ? chance.Hostile() : std::string();
+  const std::string link = !chance.Once(3)  ? std::string()
+                           : chance.Once(2) ? chance.Hostile()
+                                            : chance.AnchorName().insert(0, 1, '#');
   const std::string text = chance.Hostile();
   recorded.Text(
       text, [&] { return doc.WriteText(text, true, 3, alignment, link); }, link);
@@ -359,7 +427,10 @@ void WriteAtRandom(const std::string& folder, unsigned seed) {
   for (int page = 0; page < pages; ++page) {
     doc.Rotated(chance.Once(2));
     recorded.NewPage(static_cast<std::int16_t>(chance.Number(-5, 120)));
+    recorded.Heads(chance.Head(), chance.Head());
     for (int i = chance.Number(0, 3); i > 0; --i) {
+      recorded.Anchor(chance.AnchorName());
+      recorded.Bookmark(chance.Hostile(), chance.Number(0, 4));
       DrawShapes(doc, chance);
       WriteTexts(recorded, chance);
       if (!chance.Once(3)) continue;

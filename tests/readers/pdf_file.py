@@ -2,7 +2,7 @@
 """A strict reader of the PDF files that this library writes: whatever is not exactly right raises.
 
     file = PdfFile(path)
-    file.objects[5]                      # Name, Reference, bytes, number, list, dict or Stream
+    file.objects[5]                      # Name, Reference, bytes, number, NULL, list, dict or Stream
     for operator, operands in operations(stream.data): ...
 
 It shares nothing with the library: the rules are those of the PDF Reference.
@@ -15,6 +15,9 @@ TOKEN = re.compile(rb"[\0\t\n\f\r ]*(?:(?P<number>[+-]?(?:\d+\.?\d*|\.\d+))(?![^
                    rb"|(?P<word>[^\0\t\n\f\r ()<>\[\]{}/%]+))")
 STRING_PART = re.compile(rb"[^()\\\r\n]+|\\[()\\rn]|\n|[()\r]")
 ESCAPES = {b"\\(": b"(", b"\\)": b")", b"\\\\": b"\\", b"\\r": b"\r", b"\\n": b"\n"}
+
+
+NULL = object()
 
 
 class Name(str):
@@ -70,6 +73,8 @@ class Scanner:
         if token.lastgroup == "name":
             return Name(text[1:].decode("ascii"))
         if token.lastgroup == "word":
+            if text == b"null":
+                return NULL
             return Word(text.decode("ascii"))
         if text == b"(":
             return self.string()
