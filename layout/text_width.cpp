@@ -10,10 +10,11 @@ namespace vellumark::layout {
 namespace {
 
 constexpr int kFirstResource = 101;
+constexpr std::uint16_t kCourierWidth = 600;
 constexpr CodeWidths kNoCodes{};
 constexpr CodeWidths kCourierCodes = [] {
   CodeWidths widths{};
-  widths.fill(600);
+  widths.fill(kCourierWidth);
   return widths;
 }();
 
@@ -36,6 +37,9 @@ FontWidths::FontWidths(Platform& platform) : tables_{} {
 }
 
 std::int32_t FontWidths::Sum(std::string_view text, const Font& font) const {
+  if (font.number == FontNumberConstants::Courier) {
+    return Checked(kCourierWidth * static_cast<std::int64_t>(text.size()));
+  }
   return Checked(SumOfWidths(text, Codes(font)));
 }
 

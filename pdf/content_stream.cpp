@@ -2,6 +2,9 @@
 #include "pdf/content_stream.h"
 
 #include <algorithm>
+#include <limits>
+
+#include <vellumark/run_time_error.h>
 
 #include "pdf/syntax.h"
 
@@ -46,6 +49,7 @@ void PdfWriter::Mark() noexcept {
   mark_.held_places = objects_.held_places.size();
   mark_.bookmarks = objects_.bookmarks.size();
   mark_.state_saved = objects_.state_saved;
+  if (state_.oddities.EachMarkIsAStream()) return;  // the rest is always empty then
   page_.Here(mark_.page);
   mark_.in_text = graphics_.in_text;
   mark_.text_x = graphics_.text_x;
@@ -75,6 +79,17 @@ void PdfWriter::BackToMark() noexcept {
   graphics_.text_x = mark_.text_x;
   graphics_.text_y = mark_.text_y;
   least_version_ = mark_.least_version;
+}
+
+/// Where the next line comes to stand. Raises run-time error 6 for a position that the format has
+/// no room for: 32 bits in a classic document, ten digits in a conforming one.
+std::int64_t PdfWriter::Position() const {
+  const bool classic = state_.oddities.PositionsLeaveOutLineEnds();
+  const std::int64_t line_ends = classic ? 2 * static_cast<std::int64_t>(lines_.LineCount()) : 0;
+  const std::int64_t position = lines_.ByteCount() - line_ends;
+  const std::int64_t last = classic ? std::numeric_limits<std::int32_t>::max() : 9999999999;
+  if (position > last) throw RunTimeError(RunTimeError::Overflow);
+  return position;
 }
 
 /// Opens an object with the next number.

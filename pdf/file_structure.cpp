@@ -39,17 +39,6 @@ std::string NamedReferences(std::string_view prefix, const std::vector<int>& num
 
 }  // namespace
 
-/// Where the next line comes to stand. Raises run-time error 6 for a position that the format has
-/// no room for: 32 bits in a classic document, ten digits in a conforming one.
-std::int64_t PdfWriter::Position() const {
-  const bool classic = state_.oddities.PositionsLeaveOutLineEnds();
-  const std::int64_t line_ends = classic ? 2 * static_cast<std::int64_t>(lines_.LineCount()) : 0;
-  const std::int64_t position = lines_.ByteCount() - line_ends;
-  const std::int64_t last = classic ? std::numeric_limits<std::int32_t>::max() : 9999999999;
-  if (position > last) throw RunTimeError(RunTimeError::Overflow);
-  return position;
-}
-
 void PdfWriter::BeginDocument(const LocalTime& now) {
   const bool narrow = state_.oddities.ObjectNumbersHave16Bits();
   objects_.table = ObjectTable(narrow ? ObjectTable::kHighest16Bits : ObjectTable::kHighest);
@@ -66,6 +55,7 @@ void PdfWriter::BeginDocument(const LocalTime& now) {
   anchors_.clear();
   linked_names_.clear();
   filled_place_ = nullptr;
+  mark_ = {};
   header_ = lines_.Append("%PDF-1.2");
   lines_.Append("%\xE2\xE3\xCF\xD3");  // four bytes above 127 tell transfer programs: binary
   WriteInformation(now);

@@ -163,7 +163,6 @@ class PdfWriter final : public document::Writer {
   };
 
   // file_structure.cpp
-  [[nodiscard]] std::int64_t Position() const;
   void WriteInformation(const LocalTime& now);
   void WriteProperty(std::string_view key, const document::HostText& text);
   void WriteResources();
@@ -210,6 +209,7 @@ class PdfWriter final : public document::Writer {
   void BeginReservedObject(int number);
   int BeginStreamObject();
   void WriteLengthObject(std::int64_t length);
+  [[nodiscard]] std::int64_t Position() const;
   void SetStateSaved(bool wanted);
   document::LineBuffer& Content();
   template <class Operators>

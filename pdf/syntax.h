@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <string_view>
 
 namespace vellumark::pdf {
@@ -54,14 +55,22 @@ struct Padded {
 
   [[nodiscard]] static std::size_t MaxSize() noexcept { return kDigits; }
   char* Write(char* to) const noexcept {
-    auto rest = static_cast<std::uint64_t>(value);
-    for (std::size_t i = kDigits; i > 0; i -= 2, rest /= 100) {
-      std::memcpy(to + i - 2, &kDigitPairs[2 * static_cast<std::size_t>(rest % 100)], 2);
+    if (value <= std::numeric_limits<std::uint32_t>::max()) {
+      WritePairs(static_cast<std::uint32_t>(value), to);  // divides in less time
+    } else {
+      WritePairs(static_cast<std::uint64_t>(value), to);
     }
     return to + kDigits;
   }
 
  private:
+  template <class Number>
+  static void WritePairs(Number rest, char* to) noexcept {
+    for (std::size_t i = kDigits; i > 0; i -= 2, rest /= 100) {
+      std::memcpy(to + i - 2, &kDigitPairs[2 * static_cast<std::size_t>(rest % 100)], 2);
+    }
+  }
+
   static constexpr std::array<char, 200> kDigitPairs = [] {
     std::array<char, 200> pairs{};
     for (std::size_t i = 0; i < 100; ++i) {
