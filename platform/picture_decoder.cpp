@@ -12,8 +12,7 @@ constexpr bool kWithLibraries = true;
 constexpr bool kWithLibraries = false;  // then the decoders that need one do not exist
 #endif
 
-std::string_view DecodeAny(std::span<const std::uint8_t> file, std::int64_t greatest,
-                           Bitmap& bitmap) {
+std::string DecodeAny(std::span<const std::uint8_t> file, std::int64_t greatest, Bitmap& bitmap) {
   switch (PictureKindOf(file)) {
     case PictureKind::Bmp: return DecodeBmp(file, greatest, bitmap);
     case PictureKind::Gif:
@@ -32,11 +31,11 @@ std::string_view DecodeAny(std::span<const std::uint8_t> file, std::int64_t grea
 
 }  // namespace
 
-std::string_view DecodePicture(std::span<const std::uint8_t> file, std::int64_t greatest,
-                               Bitmap& bitmap) {
+std::string DecodePicture(std::span<const std::uint8_t> file, std::int64_t greatest,
+                          Bitmap& bitmap) {
   bitmap = {};
   if (file.size() > static_cast<std::uint64_t>(kGreatestFile)) return kLargerThan2Gb;
-  const std::string_view why_not = DecodeAny(file, greatest, bitmap);
+  std::string why_not = DecodeAny(file, greatest, bitmap);
   if (!why_not.empty()) bitmap = {};
   return why_not;
 }

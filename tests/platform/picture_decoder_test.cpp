@@ -145,7 +145,9 @@ TEST(PictureDecoder, RefusesWhatIsNotAWholePictureAndSaysWhy) {
       {BmpFile{.width = 32768}.Bytes(), "the picture has more than 32,767 pixels a side"},
       {BmpFile{.height = -0x7FFFFFFF - 1}.Bytes(),
        "the picture has more than 32,767 pixels a side"},
-      {BmpFile{.width = 32767, .height = 32767}.Bytes(), "the picture has too many pixels"},
+      {BmpFile{.width = 32767, .height = 32767}.Bytes(),
+       "decoding its 32,767 x 32,767 pixels takes 3,221,127,168 bytes, but the limit is "
+       "2,147,483,647 bytes"},
       {BmpFile{.width = 30000, .height = 20000}.Bytes(), cut_off},
       {BmpFile{.width = 4, .bits = 8, .compression = 1, .pixels = {3, 1}}.Bytes(), cut_off},
       {BmpFile{.width = 4, .bits = 8, .compression = 1, .pixels = {0, 4, 1, 2, 3}}.Bytes(),
@@ -160,7 +162,8 @@ TEST(PictureDecoder, RefusesWhatIsNotAWholePictureAndSaysWhy) {
     EXPECT_TRUE(bitmap.pixels.empty() && bitmap.width == 0) << c.reason;
   }
   Bitmap bitmap;
-  EXPECT_EQ(Decode(PlainBmp(10, 10), bitmap, 100), "the picture has too many pixels")
+  EXPECT_EQ(Decode(PlainBmp(10, 10), bitmap, 100),
+            "decoding its 10 x 10 pixels takes 320 bytes, but the limit is 100 bytes")
       << "a host may set a lower limit";
 }
 
