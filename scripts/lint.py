@@ -51,7 +51,7 @@ WINDOWS_COMPILER = "x86_64-w64-mingw32-g++-posix"
 
 STANDARD = set("""algorithm any array bit bitset cerrno cfloat charconv chrono climits cmath compare
 concepts cstddef cstdint cstdlib cstring ctime deque exception functional
-initializer_list iomanip iterator limits list locale map memory mutex new numbers numeric
+initializer_list iomanip iosfwd iterator limits list locale map memory mutex new numbers numeric
 optional ostream queue random set span sstream stdexcept string string_view system_error tuple
 type_traits unordered_map unordered_set utility variant vector""".split())
 # What codespell takes for a misspelling: names of the formats and interfaces, text of tests.

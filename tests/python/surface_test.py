@@ -44,7 +44,7 @@ def test_methods_take_the_parameters_of_the_reference(document_class):
     for name, line in signatures("Methods", document_class.__name__):
         expected = []
         for parameter in filter(None, re.search(r"\((.*)\)", line)[1].split(", ")):
-            found = re.fullmatch(r"\[?(?P<out>out )?(?P<name>\w+) As (?P<type>\w+)"
+            found = re.fullmatch(r"\[?(?P<out>out )?(?P<name>\w+) As (?P<type>\w+(?: or \w+)?)"
                                  r"(?: = (?P<default>[^]]*)\])?", parameter)
             if not found["out"]:
                 expected.append((found["name"], found["default"]))

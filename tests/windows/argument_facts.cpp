@@ -126,7 +126,7 @@ void CheckBytes(Facts& facts, IDispatch* pdf) {
   facts.Check("or by reference", drawn(Reference(VT_ARRAY | VT_UI1, &picture.parray)));
   ByteArray unknown("x");
   const Outcome refused = Invoke(pdf, draw, {unknown});
-  facts.Check("bytes that are no picture are refused",
+  facts.Check("bytes that are not a picture are refused",
               refused.result == S_OK && V_BOOL(&refused.value) == VARIANT_FALSE);
 
   SAFEARRAY* none = nullptr;
