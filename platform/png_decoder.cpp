@@ -136,7 +136,11 @@ class PngReader {
     static_cast<PngReader*>(png_get_error_ptr(png))->Fail(short_of_pixels ? kCutOff : kDamagedPng);
   }
 
-  static void OnWarning(png_struct* /*png*/, const char* /*message*/) {}
+  /// The library would go on without a transparency whose checksum is wrong.
+  static void OnWarning(png_struct* png, const char* message) {
+    if (std::strcmp(message, "tRNS: CRC error") != 0) return;
+    static_cast<PngReader*>(png_get_error_ptr(png))->Fail(kDamagedPng);
+  }
 
   static void Read(png_struct* png, png_byte* to, std::size_t size) {
     auto& reader = *static_cast<PngReader*>(png_get_io_ptr(png));
