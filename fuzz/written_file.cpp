@@ -246,6 +246,7 @@ void ReadClassic(std::string_view file) {
   std::int64_t pages = 0;
   std::int64_t kids = -1;
   bool data = false;
+  std::string_view type;
   std::int64_t object = 0;
   for (std::string_view line = reader.Until("\r\n"); line != "xref"; line = reader.Until("\r\n")) {
     if (line.ends_with(" 0 obj")) {
@@ -254,8 +255,10 @@ void ReadClassic(std::string_view file) {
       data = false;
     }
     if (line.starts_with("/Filter ")) data = true;
+    if (line.starts_with("/Type ")) type = line;
     if (line == "/Type /Page") ++pages;
-    if (line.starts_with("/Count ")) kids = Reader(line.substr(7)).Number();
+    if (type == "/Type /Pages" && line.starts_with("/Count "))
+      kids = Reader(line.substr(7)).Number();
     counted += static_cast<std::int64_t>(line.size());
     if (line != "stream") continue;
     const std::size_t begin = reader.at();

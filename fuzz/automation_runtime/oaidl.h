@@ -3,4 +3,4 @@
 // See windows.h beside it.
 #pragma once
 
-#include "windows.h"
+#include "fuzz/automation_runtime/windows.h"

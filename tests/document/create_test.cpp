@@ -199,5 +199,16 @@ TEST_F(Create, FlushTellsWhetherTheFileWasWritten) {
   EXPECT_TRUE(short_of_memory.Create("a.pdf")) << "the file was closed all the same";
 }
 
+/// Not even an exception.
+class ThrowsANumber final : public MemoryPlatform {
+ public:
+  LocalTime Now() override { throw 7; }  // NOLINT(hicpp-exception-baseclass)
+};
+
+TEST(CreateDeathTest, APlatformThatThrowsWhatIsNotAnExceptionEndsTheProcess) {
+  PDF doc(std::make_shared<ThrowsANumber>());
+  EXPECT_DEATH(doc.Create("doc"), "");
+}
+
 }  // namespace
 }  // namespace vellumark::tests
