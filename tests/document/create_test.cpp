@@ -156,6 +156,7 @@ TEST_F(Create, MarginsThatLeaveNoRoomAreNotTaken) {
   EXPECT_EQ(margins_after(275, 0, 300, 0), std::tuple(10, 10, 10, 10));
   EXPECT_EQ(margins_after(32767, 0, 32767, 0), std::tuple(10, 10, 10, 10)) << "sum overflows";
   EXPECT_EQ(margins_after(0, -1, 0, 0), std::tuple(10, 10, 10, 10));
+  EXPECT_EQ(margins_after(0, 411, 0, 411), std::tuple(10, 10, 10, 10)) << "only together";
   EXPECT_EQ(margins_after(274, 0, 300, 821), std::tuple(274, 0, 300, 821));
   EXPECT_EQ(Why(), RefusalReason::None);
 }
