@@ -7,8 +7,9 @@
 //
 // prints one table of ratios (report.h). A task is a whole document with one picture, written to a
 // file in memory; the contestants take turns (contest.h). "raw" is a BMP file for Vellumark and
-// plain samples for the others. For "JPG" the host decodes the file to samples for the others. The
-// picture is photo-like.
+// plain samples for the others. For "JPG" the host decodes the file to samples for the others.
+// "fresh process" is seven documents in a process of their own, where every piece of memory is
+// touched for the first time. The picture is photo-like.
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -83,8 +84,12 @@ std::string BmpFile(const Raster& picture) {
   return file;
 }
 
-void WriteOurs(const std::string& picture, EncodingConstants encoding, const std::string& path) {
+enum class Output { Classic, Conforming };
+
+void WriteOurs(const std::string& picture, EncodingConstants encoding, const std::string& path,
+               Output output = Output::Classic) {
   PDF document;
+  document.Conforming(output == Output::Conforming);
   if (!document.Create(path)) Fail("vellumark", "no document");
   document.NewPage(50, 50, 50, 50, 255, 255, 255);
   document.SetPictureDimensions(495, 700);
@@ -113,6 +118,59 @@ class Bench {
     CompareSource("JPG", "picture.jpg", decoded);
   }
 
+  /// The same in processes of their own, where the memory that is touched weighs most.
+  void CompareFreshProcesses() {
+    const Samples samples = PhotoSamples(1024, 768);
+    const std::string picture = scratch_.File("fresh.bmp");
+    PutFile(picture, BmpFile({1024, 768, samples}));
+    const std::string raw = scratch_.File("fresh.rgb");
+    PutFile(raw, {reinterpret_cast<const char*>(samples.data()), samples.size()});
+    const auto compare = [&](const char* title, EncodingConstants encoding, Filter filter,
+                             double goal) {
+      const auto ours = [&, encoding] { return Alone(picture, encoding, kFreshDocuments).seconds; };
+      const auto peer = [&, filter] {
+        const std::string number = std::to_string(static_cast<int>(filter));
+        return std::strtod(
+            RunChild("podofo_alone", {raw, "1024", number, scratch_.File("fresh.pdf"),
+                                      std::to_string(kFreshDocuments)})
+                .c_str(),
+            nullptr);
+      };
+      CompareValues(title, ours, "PoDoFo", peer, {Goal::Kind::AtLeast, goal}, Share::PeerToOurs);
+    };
+    compare("1024 x 768, fresh process, base-85", EncodingConstants::ASCII85, Filter::Ascii85, 3.0);
+    compare("1024 x 768, fresh process, hexadecimal", EncodingConstants::ASCIIHex, Filter::AsciiHex,
+            4.0);
+  }
+
+  /// What conforming documents do with pictures: predictors make Flate data small, and a JPG's own
+  /// bytes go in as they are.
+  void CompareConforming() {
+    const Samples samples = PhotoSamples(1024, 768);
+    const Raster raster = {1024, 768, samples};
+    const std::string raw = scratch_.File("conforming.bmp");
+    PutFile(raw, BmpFile(raster));
+    const std::string jpg = scratch_.File("conforming.jpg");
+    PutFile(jpg, EncodeJpeg(raster));
+    const std::string ours = scratch_.File("conforming.pdf");
+    const std::string theirs = scratch_.File("haru.pdf");
+    WriteOurs(raw, EncodingConstants::Flate, ours, Output::Conforming);
+    WriteWithHaru(raster, theirs.c_str());
+    const auto size = [](const std::string& file) {
+      return static_cast<double>(std::filesystem::file_size(file)) / 1024;
+    };
+    Print({"1024 x 768, conforming Flate, bytes",
+           Memory(size(ours)),
+           "libharu " + Memory(size(theirs)),
+           size(ours) / size(theirs),
+           {Goal::Kind::AtMost, 0.9}});
+    const auto write = [&](EncodingConstants encoding) {
+      return [&, encoding] { WriteOurs(jpg, encoding, ours, Output::Conforming); };
+    };
+    Compare("1024 x 768, JPG as it is", write(EncodingConstants::Original), "decoded, Flate",
+            write(EncodingConstants::Flate), {Goal::Kind::AtLeast, 20}, Share::PeerToOurs);
+  }
+
   /// The large picture: the time of the whole document in comparison with the compression of its
   /// samples, and its memory.
   void MeasureLarge() {
@@ -131,14 +189,33 @@ class Bench {
         },
         {Goal::Kind::AtMost, 1.2}, Share::OursToPeer);
     loaded = {};
-    for (const auto& [number, name] : {std::pair("4", "Flate"), std::pair("2", "ASCIIHex")}) {
-      CompareMemory(std::string("4000 x 3000, peak memory, ").append(name), picture, number,
+    using enum EncodingConstants;
+    for (const auto& [encoding, name] :
+         {std::pair(Flate, "Flate"), std::pair(ASCIIHex, "ASCIIHex")}) {
+      CompareMemory(std::string("4000 x 3000, peak memory, ").append(name), picture, encoding,
                     static_cast<double>(samples.size()) / 1024);
     }
   }
 
  private:
   enum class Share { PeerToOurs, OursToPeer };
+
+  static constexpr int kFreshDocuments = 7;
+
+  /// What picture_alone tells.
+  struct Used {
+    double kib = 0;
+    double seconds = 0;
+  };
+
+  Used Alone(const std::string& picture, EncodingConstants encoding, int documents) {
+    const std::string text =
+        RunChild("picture_alone", {picture, std::to_string(static_cast<int>(encoding)),
+                                   scratch_.File("alone.pdf"), std::to_string(documents)});
+    char* rest = nullptr;
+    const double kib = std::strtod(text.c_str(), &rest);
+    return {kib, std::strtod(rest, nullptr)};
+  }
 
   static void LoadInto(layout::Picture& picture, const std::string& file) {
     MemoryPlatform platform;
@@ -176,7 +253,15 @@ class Bench {
 
   void Compare(const std::string& title, const std::function<void()>& ours, const char* peer_name,
                const std::function<void()>& peer, const Goal& goal, Share share) {
-    Contest contest({[&] { return Seconds(ours); }, [&] { return Seconds(peer); }});
+    CompareValues(
+        title, [&] { return Seconds(ours); }, peer_name, [&] { return Seconds(peer); }, goal,
+        share);
+  }
+
+  void CompareValues(const std::string& title, const Contest::Contestant& ours,
+                     const char* peer_name, const Contest::Contestant& peer, const Goal& goal,
+                     Share share) {
+    Contest contest({ours, peer});
     for (int i = 0; i < rounds_; ++i) contest.Round();
     const bool inverse = share == Share::PeerToOurs;
     Print({title, Duration(contest.Value(0)),
@@ -184,14 +269,9 @@ class Bench {
            inverse ? contest.Ratio(1, 0) : contest.Ratio(0, 1), goal});
   }
 
-  void CompareMemory(const std::string& title, const std::string& picture, const char* encoding,
-                     double samples_in_kib) {
-    const auto peak = [&](const std::string& drawn) {
-      const std::string text =
-          RunChild("picture_alone", {drawn, encoding, scratch_.File("memory.pdf")});
-      return std::strtod(text.c_str(), nullptr);
-    };
-    const double used = peak(picture) - peak("");
+  void CompareMemory(const std::string& title, const std::string& picture,
+                     EncodingConstants encoding, double samples_in_kib) {
+    const double used = Alone(picture, encoding, 1).kib - Alone("", encoding, 1).kib;
     Print({title,
            Memory(used),
            std::string("samples ").append(Memory(samples_in_kib)),
@@ -224,6 +304,8 @@ int main(int argc, char** argv) {
   if (std::freopen("/dev/null", "w", stderr) == nullptr) return EXIT_FAILURE;
   vellumark::bench::Bench bench(quick ? 2 : 9);
   bench.CompareWriters();
+  bench.CompareFreshProcesses();
+  bench.CompareConforming();
   bench.MeasureLarge();
   return EXIT_SUCCESS;
 }

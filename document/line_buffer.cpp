@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "encoding/encode_stream.h"
+
 namespace vellumark::document {
 
 std::size_t LineBuffer::AppendOwned(std::string&& line) {
@@ -15,6 +17,25 @@ std::size_t LineBuffer::AppendOwned(std::string&& line) {
   chunk.capacity = size;
   chunks_.push_back(std::move(chunk));
   return Commit(size);
+}
+
+std::size_t LineBuffer::AppendEncoded(std::vector<std::uint8_t>&& samples,
+                                      EncodingConstants encoding) {
+  const std::uint64_t text_size = encoding::TextSize(samples, encoding);
+  if (text_size > kLongestLine - kLongestLineEnd) throw RunTimeError(RunTimeError::Overflow);
+  const std::size_t size = static_cast<std::size_t>(text_size) + LineEndText().size();
+  ReserveSize();
+  Chunk chunk;
+  chunk.capacity = size;
+  chunk.encoding = encoding;
+  chunk.samples = std::move(samples);
+  chunks_.push_back(std::move(chunk));
+  return Commit(size);
+}
+
+void LineBuffer::WriteEncoded(const Chunk& chunk, const encoding::PieceSink& use) const {
+  encoding::EncodeTo(use, chunk.samples, chunk.encoding);
+  use(LineEndText());
 }
 
 void LineBuffer::Replace(std::size_t index, std::string text) {
@@ -53,6 +74,7 @@ std::string LineBuffer::TextSince(const Mark& mark) const {
   std::string text;
   for (std::size_t i = mark.chunks == 0 ? 0 : mark.chunks - 1; i < chunks_.size(); ++i) {
     const std::size_t begin = i + 1 == mark.chunks ? mark.used : 0;
+    if (!chunks_[i].samples.empty()) continue;
     text.append(chunks_[i].Data() + begin, chunks_[i].used - begin);
   }
   return text;

@@ -10,8 +10,8 @@
 // A part is text, a character, Points or an integer, or a syntax type of a page language that
 // offers MaxSize() and Write(char*). Each line is stored with its line end, CR LF or LF, so that it
 // can be written as it lies. Lines fill chunks of 64 KiB one after the other and are never moved:
-// in the steady state a line costs no allocation. A line that exists already, such as a picture's
-// encoded samples, is taken over without a copy.
+// in the steady state a line costs no allocation. A line that exists already is taken over without
+// a copy; the samples of a picture become text only when the lines are written.
 #pragma once
 
 #include <charconv>
@@ -26,6 +26,9 @@
 #include <utility>
 #include <vector>
 
+#include <vellumark/enumerations.h>
+
+#include "encoding/encoded_output.h"
 #include "layout/points.h"
 
 namespace vellumark::document {
@@ -56,6 +59,9 @@ class LineBuffer {
   /// Appends one line and takes it over. If it has room for two more bytes it is not copied.
   std::size_t AppendOwned(std::string&& line);
 
+  /// Appends one line, the text of `samples` under ASCII85 or ASCIIHex, its end marker included.
+  std::size_t AppendEncoded(std::vector<std::uint8_t>&& samples, EncodingConstants encoding);
+
   /// Gives the line `index` another text, without line end, when the lines are written.
   void Replace(std::size_t index, std::string text);
 
@@ -66,7 +72,7 @@ class LineBuffer {
   void Reuse() noexcept;
 
   /// All lines one behind the other, as they lie, or put together in `storage`. Not for a buffer
-  /// with replaced lines.
+  /// with replaced or encoded lines.
   [[nodiscard]] std::string_view Text(std::string& storage) const;
 
   [[nodiscard]] std::size_t LineCount() const noexcept { return sizes_.size(); }
@@ -74,12 +80,17 @@ class LineBuffer {
   /// Bytes of all lines with their line ends, before replacements.
   [[nodiscard]] std::int64_t ByteCount() const noexcept { return byte_count_; }
 
-  /// Calls `use` with every line and its line end, in order.
+  /// Calls `use` with every line and its line end, in order; with an encoded one in pieces.
   template <class Use>
   void ForEachLine(const Use& use) const {
     std::size_t index = 0;
     auto replaced = replacements_.begin();
     for (const Chunk& chunk : chunks_) {
+      if (!chunk.samples.empty()) {
+        WriteEncoded(chunk, use);
+        ++index;
+        continue;
+      }
       const char* line = chunk.Data();
       for (const char* const end = line + chunk.used; line != end; line += sizes_[index++]) {
         if (replaced != replacements_.end() && replaced->first == index) {
@@ -106,7 +117,7 @@ class LineBuffer {
     mark.byte_count = byte_count_;
   }
 
-  /// The lines since `mark`, as they are.
+  /// The lines since `mark`, as they are. Encoded ones are left out.
   [[nodiscard]] std::string TextSince(const Mark& mark) const;
 
   /// Forgets every line that was appended, and every text that was replaced behind `mark`.
@@ -117,12 +128,15 @@ class LineBuffer {
   static constexpr std::size_t kLongestLineEnd = 2;
   static constexpr std::size_t kLongestLine = std::numeric_limits<std::int32_t>::max();
 
-  /// Lines one behind the other: many in an arena, or a single one that was taken over.
+  /// Lines one behind the other: many in an arena, or a single one that was taken over, or is to
+  /// be encoded.
   struct Chunk {
     [[nodiscard]] const char* Data() const noexcept { return arena ? arena.get() : owned.data(); }
 
     std::unique_ptr<char[]> arena;
     std::string owned;
+    std::vector<std::uint8_t> samples;
+    EncodingConstants encoding = EncodingConstants::ASCII85;
     std::size_t capacity = 0;
     std::size_t used = 0;
   };
@@ -183,6 +197,7 @@ class LineBuffer {
     return sizes_.size() - 1;
   }
 
+  void WriteEncoded(const Chunk& chunk, const encoding::PieceSink& use) const;
   void GrowSizes();
   void AddArena(std::size_t size);
 

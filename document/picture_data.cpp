@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <limits>
 #include <span>
+#include <utility>
 
 #include <vellumark/run_time_error.h>
 
@@ -46,20 +47,39 @@ PictureData EncodeFlate(const Samples& samples) {
   std::string plain = Compressed(trial);
   std::string predicted = Compressed(encoding::PredictedRows(trial, row, samples.pixel).Bytes());
   const bool predict = predicted.size() < plain.size();
-  if (whole) return {EncodingConstants::Flate, predict, predict ? predicted : plain};
-  if (!predict) return {EncodingConstants::Flate, false, Compressed(samples.bytes)};
-  return {EncodingConstants::Flate, true,
-          Compressed(encoding::PredictedRows(samples.bytes, row, samples.pixel).Bytes())};
+  if (whole) return {EncodingConstants::Flate, predict, std::move(predict ? predicted : plain), {}};
+  if (!predict) return {EncodingConstants::Flate, false, Compressed(samples.bytes), {}};
+  return {EncodingConstants::Flate,
+          true,
+          Compressed(encoding::PredictedRows(samples.bytes, row, samples.pixel).Bytes()),
+          {}};
 }
 
 }  // namespace
 
-PictureData EncodePicture(const layout::Picture& picture, EncodingConstants encoding,
+std::uint64_t PictureData::Size() const noexcept {
+  return samples.empty() ? bytes.size() : encoding::TextSize(samples, filter);
+}
+
+void PictureData::AppendTo(LineBuffer& lines) && {
+  if (samples.empty()) {
+    lines.AppendOwned(std::move(bytes));
+  } else {
+    lines.AppendEncoded(std::move(samples), filter);
+  }
+}
+
+PictureData EncodePicture(layout::Picture& picture, EncodingConstants encoding,
                           const Oddities& oddities) {
-  PictureData data = {encoding, false, {}};
+  PictureData data = {encoding, false, {}, {}};
   if (!picture.original.empty()) {
     data.bytes.reserve(picture.original.size() + 2);
     data.bytes.assign(picture.original.begin(), picture.original.end());
+    return data;
+  }
+  if (encoding::IsText(encoding) &&
+      encoding::FitsOutputSize(encoding::TextSize(picture.samples, encoding))) {
+    data.samples = std::move(picture.samples);
     return data;
   }
   if (oddities.RunLengthDataEndOtherwise()) {

@@ -117,8 +117,8 @@ class Writer {
   /// The words of a justified line. Not called if they stand alone (document/oddities.h).
   virtual void ShowWords(std::span<const PlacedWord> words, PagePoint baseline) = 0;
 
-  /// A picture, its samples encoded with one of the four filters.
-  virtual void DrawImage(const layout::Picture& picture, const PicturePlace& place) = 0;
+  /// A picture, its samples encoded with one of the filters. They may be taken out of `picture`.
+  virtual void DrawImage(layout::Picture& picture, const PicturePlace& place) = 0;
 
   /// Makes an area of the page a link. A language without links leaves it out.
   virtual void WriteLink(std::string_view /*uri*/, PagePoint /*top_left*/,

@@ -70,22 +70,39 @@ bool Ascii85::Encode(std::int32_t input_size, std::span<const std::uint8_t> inpu
   output_size = 0;
   output.clear();
   if (input_size < 0 || static_cast<std::size_t>(input_size) > input.size()) return false;
-  const auto size = static_cast<std::size_t>(input_size);
-  const std::uint64_t greatest_size = (std::uint64_t{size} + 3) / 4 * 5 + 2;
+  const auto bytes = input.first(static_cast<std::size_t>(input_size));
+  // Without counting the zero groups: at most this.
+  const std::uint64_t greatest_size = (std::uint64_t{bytes.size()} + 3) / 4 * 5 + 2;
   if (!FitsOutputSize(greatest_size)) return false;
+  output.reserve(static_cast<std::size_t>(greatest_size) + kLineEndRoom);
+  EncodeTo([&output](std::string_view piece) { output += piece; }, bytes);
+  output_size = static_cast<std::int32_t>(output.size());
+  return true;
+}
 
-  EncodedOutput out(output, static_cast<std::size_t>(greatest_size));
-  const std::size_t whole_groups = size / 4 * 4;
+std::uint64_t Ascii85::TextSize(std::span<const std::uint8_t> input) noexcept {
+  const std::size_t groups = input.size() / 4;
+  std::size_t zero_groups = 0;
+  for (std::size_t i = 0; i < groups; ++i) {
+    std::uint32_t group = 0;
+    std::memcpy(&group, input.data() + 4 * i, 4);  // zero in either byte order
+    zero_groups += group == 0 ? 1 : 0;
+  }
+  const std::size_t rest = input.size() % 4;
+  return std::uint64_t{5} * groups - 4 * zero_groups + (rest == 0 ? 0 : rest + 1) + 2;
+}
+
+void Ascii85::EncodeTo(const PieceSink& sink, std::span<const std::uint8_t> input) {
+  EncodedOutput out(sink);
+  const std::size_t whole_groups = input.size() / 4 * 4;
   constexpr std::size_t kStep = EncodedOutput::kBlockSize / 5 * 4;
   for (std::size_t i = 0; i < whole_groups; i += kStep) {
     const std::size_t step = std::min(kStep, whole_groups - i);
     out.Append(EncodeGroups(input.subspan(i, step), out.Block()));
   }
-  const auto rest = input.subspan(whole_groups, size - whole_groups);
+  const auto rest = input.subspan(whole_groups);
   if (!rest.empty()) out.Append(EncodeRest(rest, out.Block()));
-  output += "~>";
-  output_size = static_cast<std::int32_t>(output.size());
-  return true;
+  sink("~>");
 }
 
 }  // namespace vellumark::encoding

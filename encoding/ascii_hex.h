@@ -12,6 +12,8 @@
 #include <span>
 #include <string>
 
+#include "encoding/encoded_output.h"
+
 namespace vellumark::encoding {
 
 class AsciiHex {
@@ -21,6 +23,12 @@ class AsciiHex {
   /// more than `input` holds, or the text would have more than 2^31 - 1 characters.
   static bool Encode(std::int32_t input_size, std::span<const std::uint8_t> input,
                      std::int32_t& output_size, std::string& output);
+
+  /// The length of the text, which may be beyond what Encode returns.
+  static std::uint64_t TextSize(std::span<const std::uint8_t> input) noexcept;
+
+  /// The text piece by piece, without memory for all of it.
+  static void EncodeTo(const PieceSink& sink, std::span<const std::uint8_t> input);
 };
 
 }  // namespace vellumark::encoding

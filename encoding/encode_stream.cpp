@@ -32,4 +32,15 @@ std::string EncodeStream(std::span<const std::uint8_t> data, EncodingConstants e
   return encoded;
 }
 
+std::uint64_t TextSize(std::span<const std::uint8_t> data, EncodingConstants encoding) noexcept {
+  return encoding == EncodingConstants::ASCIIHex ? AsciiHex::TextSize(data)
+                                                 : Ascii85::TextSize(data);
+}
+
+void EncodeTo(const PieceSink& sink, std::span<const std::uint8_t> data,
+              EncodingConstants encoding) {
+  encoding == EncodingConstants::ASCIIHex ? AsciiHex::EncodeTo(sink, data)
+                                          : Ascii85::EncodeTo(sink, data);
+}
+
 }  // namespace vellumark::encoding

@@ -21,7 +21,20 @@
 
 #include <vellumark/enumerations.h>
 
+#include "encoding/encoded_output.h"
+
 namespace vellumark::encoding {
+
+/// Whether the text of an encoding has a known size, so that it can be written piece by piece.
+constexpr bool IsText(EncodingConstants encoding) noexcept {
+  return encoding == EncodingConstants::ASCII85 || encoding == EncodingConstants::ASCIIHex;
+}
+
+/// The size that EncodeStream's result has, or would have if it may be of any size, and the result
+/// piece by piece. For the encodings that are text.
+std::uint64_t TextSize(std::span<const std::uint8_t> data, EncodingConstants encoding) noexcept;
+void EncodeTo(const PieceSink& sink, std::span<const std::uint8_t> data,
+              EncodingConstants encoding);
 
 /// The encoded bytes of `data`; two more may be appended without a reallocation.
 std::string EncodeStream(std::span<const std::uint8_t> data, EncodingConstants encoding);

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
-// EncodedOutput: fills the string that an encoder returns.
+// EncodedOutput: hands on what an encoder writes, piece by piece.
 //
 // A string of the final size would first be zeroed in memory and then written again. Encoders fill
-// a small block instead, which stays in the cache, and append it when it is full; the string is
-// allocated once, with room for a line end behind the encoded data.
+// a small block instead, which stays in the cache, and hand it on when it is full: to a string that
+// was allocated once, with room for a line end behind the encoded data, or to the file.
 //
-//     EncodedOutput out(output, final_size);
+//     const PieceSink sink = [&](std::string_view piece) { output += piece; };
+//     EncodedOutput out(sink);
 //     while (...) {
 //       std::uint8_t* const end = Write(..., out.Block());   // at most kBlockSize bytes
 //       out.Append(end);
@@ -16,8 +17,10 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace vellumark::encoding {
@@ -38,24 +41,26 @@ inline void CutToSize(std::string& output) {
   output = std::move(cut);
 }
 
+/// Takes encoded bytes, in order.
+using PieceSink = std::function<void(std::string_view piece)>;
+
 class EncodedOutput {
  public:
   static constexpr std::size_t kBlockSize = 8192;
 
-  EncodedOutput(std::string& output, std::size_t final_size) : output_(output) {
-    output_.reserve(final_size + kLineEndRoom);
-  }
+  /// `sink` must exist as long as this does.
+  explicit EncodedOutput(const PieceSink& sink) : sink_(sink) {}
 
   [[nodiscard]] std::uint8_t* Block() { return block_.data(); }
 
-  /// Takes over the bytes from Block() to `end`.
+  /// Hands on the bytes from Block() to `end`.
   void Append(const std::uint8_t* end) {
-    output_.append(reinterpret_cast<const char*>(block_.data()),
-                   static_cast<std::size_t>(end - block_.data()));
+    sink_({reinterpret_cast<const char*>(block_.data()),
+           static_cast<std::size_t>(end - block_.data())});
   }
 
  private:
-  std::string& output_;
+  const PieceSink& sink_;
   std::array<std::uint8_t, kBlockSize> block_;
 };
 

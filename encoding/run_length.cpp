@@ -39,7 +39,9 @@ std::uint8_t LengthByte(std::size_t run, bool is_final) {
 std::string EncodeRunLength(std::span<const std::uint8_t> data) {
   if (data.empty()) throw RunTimeError(RunTimeError::SubscriptOutOfRange);
   std::string output;
-  EncodedOutput out(output, 2 * CountRuns(data) + 1);
+  output.reserve(2 * CountRuns(data) + 1 + kLineEndRoom);
+  const PieceSink sink = [&output](std::string_view piece) { output += piece; };
+  EncodedOutput out(sink);
   for (std::size_t start = 0; start < data.size();) {
     std::uint8_t* to = out.Block();
     const std::uint8_t* const block_end = to + EncodedOutput::kBlockSize;

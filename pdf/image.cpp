@@ -64,12 +64,13 @@ std::array<std::uint8_t, 16> KeyOf(const layout::Picture& picture, EncodingConst
 
 }  // namespace
 
-void PdfWriter::DrawImage(const layout::Picture& picture, const document::PicturePlace& place) {
+void PdfWriter::DrawImage(layout::Picture& picture, const document::PicturePlace& place) {
   const bool classic = state_.oddities.EachMarkIsAStream();
   std::size_t index = objects_.images.size();
+  const bool upwards = picture.original.empty();
   if (!classic) index = ImageOf(picture, place.encoding);
   WriteMark(MarkKind::Image, [&] {
-    if (picture.original.empty()) {
+    if (upwards) {
       Content().Append(place.width, " 0 0 -", place.height, ' ', place.top_left.x, ' ',
                        place.top_left.y, " cm");
     } else {
@@ -80,19 +81,19 @@ void PdfWriter::DrawImage(const layout::Picture& picture, const document::Pictur
   });
   if (!classic) return;
   const int image = BeginObject();
-  const document::PictureData data =
-      document::EncodePicture(picture, place.encoding, state_.oddities);
+  document::PictureData data = document::EncodePicture(picture, place.encoding, state_.oddities);
   WriteImageDictionary(image, picture, data);
   objects_.images.push_back(image);
-  WriteEncodedStream(data.bytes);
+  WriteEncodedStream(std::move(data));
   if (picture.HasPalette()) {
     BeginStreamObject(place.encoding);
-    WriteEncodedStream(encoding::EncodeStream(picture.palette, place.encoding));
+    WriteEncodedStream(
+        {place.encoding, false, encoding::EncodeStream(picture.palette, place.encoding), {}});
   }
 }
 
 /// The index of a picture's image, which is written the first time.
-std::size_t PdfWriter::ImageOf(const layout::Picture& picture, EncodingConstants encoding) {
+std::size_t PdfWriter::ImageOf(layout::Picture& picture, EncodingConstants encoding) {
   const ImageKey key = KeyOf(picture, encoding);
   const auto known = image_indices_.find(key);
   // A call that was taken back leaves its keys behind.
@@ -106,7 +107,7 @@ std::size_t PdfWriter::ImageOf(const layout::Picture& picture, EncodingConstants
   const int image = BeginObject();
   WriteImageDictionary(image, picture, data, soft_mask);
   lines_.Append("stream");
-  lines_.AppendOwned(std::move(data.bytes));
+  std::move(data).AppendTo(lines_);
   lines_.Append("endstream");
   lines_.Append("endobj");
   image_indices_[key] = index;
@@ -130,10 +131,10 @@ int PdfWriter::WriteSoftMask(const layout::Picture& picture) {
   lines_.Append("/BitsPerComponent 8");
   lines_.Append("/ColorSpace /DeviceGray");
   WriteFilter(data, {1, 8, picture.width});
-  lines_.Append("/Length ", data.bytes.size());
+  lines_.Append("/Length ", data.Size());
   lines_.Append(">>");
   lines_.Append("stream");
-  lines_.AppendOwned(std::move(data.bytes));
+  std::move(data).AppendTo(lines_);
   lines_.Append("endstream");
   lines_.Append("endobj");
   return number;
@@ -170,7 +171,7 @@ void PdfWriter::WriteImageDictionary(int image, const layout::Picture& picture,
   if (classic) {
     lines_.Append("/Length ", Reference{image + 1});
   } else {
-    lines_.Append("/Length ", data.bytes.size());
+    lines_.Append("/Length ", data.Size());
   }
   lines_.Append(">>");
 }
@@ -203,10 +204,10 @@ int PdfWriter::BeginStreamObject(EncodingConstants encoding) {
 }
 
 /// The stream of a classic object whose dictionary is written, and its length.
-void PdfWriter::WriteEncodedStream(std::string bytes) {
+void PdfWriter::WriteEncodedStream(document::PictureData&& data) {
   lines_.Append("stream");
   const std::int64_t start = Position();
-  lines_.AppendOwned(std::move(bytes));
+  std::move(data).AppendTo(lines_);
   const std::int64_t end = Position();
   lines_.Append("endstream");
   lines_.Append("endobj");

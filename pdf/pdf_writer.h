@@ -93,7 +93,7 @@ class PdfWriter final : public document::Writer {
                  document::PagePoint bottom_right) override;
 
   // image.cpp
-  void DrawImage(const layout::Picture& picture, const document::PicturePlace& place) override;
+  void DrawImage(layout::Picture& picture, const document::PicturePlace& place) override;
 
  private:
   /// Tells pictures apart.
@@ -191,7 +191,7 @@ class PdfWriter final : public document::Writer {
   void WriteAnchors();
 
   // image.cpp
-  std::size_t ImageOf(const layout::Picture& picture, EncodingConstants encoding);
+  std::size_t ImageOf(layout::Picture& picture, EncodingConstants encoding);
   void WriteImageDictionary(int image, const layout::Picture& picture,
                             const document::PictureData& data, int soft_mask = 0);
   int WriteSoftMask(const layout::Picture& picture);
@@ -203,7 +203,7 @@ class PdfWriter final : public document::Writer {
   void WriteFilter(const document::PictureData& data, const RowOfSamples& row);
   void WriteJpegColors(const layout::JpegHeader& jpeg);
   int BeginStreamObject(EncodingConstants encoding);
-  void WriteEncodedStream(std::string bytes);
+  void WriteEncodedStream(document::PictureData&& data);
 
   // content_stream.cpp
   int BeginObject();

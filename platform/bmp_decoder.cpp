@@ -227,8 +227,17 @@ void UnifyBitFields(const BmpHeader& header, Bitmap& bitmap) {
   }
 }
 
-/// Stored rows are already in the bitmap's layout, in one of two orders.
-void TakeRows(std::span<const std::uint8_t> rows, bool top_down, Bitmap& bitmap) {
+/// Stored rows are already in the bitmap's layout, in one of two orders. Those in the bitmap's
+/// order stay in the memory of the file if the caller gives it away.
+void TakeRows(std::span<const std::uint8_t> rows, bool top_down,
+              std::vector<std::uint8_t>* own_file, Bitmap& bitmap) {
+  if (!top_down && own_file != nullptr) {
+    const auto end = own_file->begin() + (rows.data() + rows.size() - own_file->data());
+    own_file->erase(end, own_file->end());
+    own_file->erase(own_file->begin(), end - static_cast<std::ptrdiff_t>(rows.size()));
+    bitmap.pixels = std::move(*own_file);
+    return;
+  }
   if (!top_down) {
     bitmap.pixels.assign(rows.begin(), rows.end());
     return;
@@ -243,7 +252,8 @@ void TakeRows(std::span<const std::uint8_t> rows, bool top_down, Bitmap& bitmap)
 
 }  // namespace
 
-std::string DecodeBmp(std::span<const std::uint8_t> file, std::int64_t greatest, Bitmap& bitmap) {
+std::string DecodeBmp(std::span<const std::uint8_t> file, std::int64_t greatest, Bitmap& bitmap,
+                      std::vector<std::uint8_t>* own_file) {
   BmpHeader header;
   std::string unreadable = ReadBmpHeader(file, header);
   if (!unreadable.empty()) return unreadable;
@@ -265,7 +275,7 @@ std::string DecodeBmp(std::span<const std::uint8_t> file, std::int64_t greatest,
   const std::size_t size = bitmap.RowSize() * static_cast<std::size_t>(header.height);
   if (data.size() < size) return kCutOff;
   TakePalette(file, header, bitmap);
-  TakeRows(data.first(size), header.top_down, bitmap);
+  TakeRows(data.first(size), header.top_down, own_file, bitmap);
   if (header.pixels == BmpPixels::BitFields) UnifyBitFields(header, bitmap);
   return {};
 }

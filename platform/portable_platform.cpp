@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 #include <vellumark/portable_platform.h>
@@ -96,7 +97,9 @@ LocalTime FromCalendar(const std::tm& calendar) {
 bool PortablePlatform::DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) {
   bitmap = {};
   std::vector<std::uint8_t> bytes;
-  return ReadPicture(file, bytes, reason) && DecodePictureBytes(bytes, bitmap, reason);
+  if (!ReadPicture(file, bytes, reason)) return false;
+  reason = platform::DecodePicture(std::move(bytes), greatest_picture_, bitmap);
+  return reason.empty();
 }
 
 bool PortablePlatform::ReadPicture(std::string_view file, std::vector<std::uint8_t>& bytes,

@@ -47,7 +47,7 @@ std::span<const std::uint8_t> AsBytes(std::string_view text) {
 
 }  // namespace
 
-void PsWriter::DrawImage(const layout::Picture& picture, const document::PicturePlace& place) {
+void PsWriter::DrawImage(layout::Picture& picture, const document::PicturePlace& place) {
   const bool original = !picture.original.empty();
   const document::PagePoint top_left = place.top_left;
   const layout::Points y = original ? top_left.y - place.height : top_left.y;
@@ -64,7 +64,7 @@ void PsWriter::DrawImage(const layout::Picture& picture, const document::Picture
   lines_.Append("  ", Filter(place.encoding));
   lines_.Append(">>");
   lines_.Append("image");
-  lines_.AppendOwned(encoding::EncodeStream(picture.samples, place.encoding));
+  document::EncodePicture(picture, place.encoding, state_.oddities).AppendTo(lines_);
   lines_.Append("grestore");
 }
 
@@ -112,7 +112,7 @@ void PsWriter::WriteImageDictionary(const layout::Picture& picture) {
 
 /// The end of the dictionary, and the data as lines of text. Flate and the newer kind of JPG are
 /// known to interpreters of level 3.
-void PsWriter::WriteTextData(const layout::Picture& picture, EncodingConstants encoding) {
+void PsWriter::WriteTextData(layout::Picture& picture, EncodingConstants encoding) {
   using encoding::EncodeAscii85Lines;
   if (encoding == EncodingConstants::ASCIIHex) {
     lines_.Append(">>{}/ASCIIHexDecode I");

@@ -86,7 +86,7 @@ class PsWriter final : public document::Writer {
                  document::PagePoint baseline) override;
 
   // image.cpp
-  void DrawImage(const layout::Picture& picture, const document::PicturePlace& place) override;
+  void DrawImage(layout::Picture& picture, const document::PicturePlace& place) override;
 
  private:
   /// How a page lies on its paper: turned counter-clockwise.
@@ -135,7 +135,7 @@ class PsWriter final : public document::Writer {
   // image.cpp
   void WriteColorSpace(const layout::Picture& picture);
   void WriteImageDictionary(const layout::Picture& picture);
-  void WriteTextData(const layout::Picture& picture, EncodingConstants encoding);
+  void WriteTextData(layout::Picture& picture, EncodingConstants encoding);
 
   const document::State& state_;
   document::LineBuffer& lines_;

@@ -1,19 +1,27 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Runs clang-tidy over the sources of a build folder, one for each processor at a time.
+"""Runs clang-tidy over the sources of a build folder, a group for each processor at a time.
 
-A source that was clean stays clean until it, a header of the tree, a .clang-tidy file or the way it is
-compiled changes: a digest of them is kept in the build folder, so that a second run takes seconds.
+usage: tidy.py BUILD
+
+Most of the time goes into the headers of the standard library, which every source includes. So sources
+that are compiled alike are checked in groups, each as one source that includes its members; where
+names of two members clash, halves of the group are checked. A group that was clean stays clean
+until one of its sources, a header of the tree, a .clang-tidy file or the way it is compiled
+changes: a digest of them is kept in the build folder, so that a second run takes seconds.
 """
 import concurrent.futures
 import hashlib
 import json
 import os
 import pathlib
+import re
+import shutil
 import subprocess
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
+GROUP_SIZE = 8
 
 
 def digest(*paths):
@@ -23,38 +31,95 @@ def digest(*paths):
     return sha.hexdigest()
 
 
+def how_compiled(command):
+    """The options of a compiler command, without its files."""
+    return re.sub(r" -(o|MF|MT|c) \S+", "", command)
+
+
+def groups(commands):
+    """The sources of a folder that are compiled alike, so many at a time."""
+    alike = {}
+    for source, command in sorted(commands.items()):
+        alike.setdefault((source.parent, how_compiled(command)), []).append(source)
+    for (_, command), sources in alike.items():
+        for start in range(0, len(sources), GROUP_SIZE):
+            yield command, sources[start:start + GROUP_SIZE]
+
+
+class Tidy:
+    def __init__(self, build, rooms):
+        self.build = build
+        self.rooms = rooms
+        self.scratch = build / "tidy"
+        shutil.rmtree(self.scratch, ignore_errors=True)
+
+    def folder(self, room):
+        """A folder for what stands for the sources of a room, with the room's configuration."""
+        scratch = self.scratch / room.relative_to(ROOT)
+        for there in (room, *room.parents):
+            if there == ROOT:
+                break
+            here = self.scratch / there.relative_to(ROOT)
+            here.mkdir(parents=True, exist_ok=True)
+            if (there / ".clang-tidy").exists():
+                shutil.copy(there / ".clang-tidy", here)
+        name = f"{len(list(scratch.iterdir()))}"
+        (scratch / name).mkdir()
+        return scratch / name
+
+    def run(self, command, sources, folder):
+        """What clang-tidy has to say, or an empty text."""
+        together = folder / "group.cpp"
+        together.write_text("".join(f'#include "{source}"  // NOLINT(bugprone-suspicious-include)\n'
+                                    for source in sources))
+        (folder / "compile_commands.json").write_text(json.dumps(
+            [{"directory": str(self.build), "file": str(together),
+              "command": f"{command} -c {together}"}]))
+        # A file that is included counts as a header.
+        done = subprocess.run(["clang-tidy", "--quiet", "-p", str(folder),
+                               f"--header-filter=^{ROOT}/({'|'.join(self.rooms)})/", str(together)],
+                              capture_output=True, text=True, check=False)
+        if done.returncode == 0:
+            return ""
+        if len(sources) > 1 and "[clang-diagnostic-error]" in done.stdout:
+            half = len(sources) // 2
+            return "".join(self.run(command, part, folder) for part in (sources[:half], sources[half:]))
+        return done.stdout
+
+
 def main():
     build = ROOT / sys.argv[1]
-    commands = json.loads((build / "compile_commands.json").read_text())
-    compiled = {pathlib.Path(c["file"]): c["command"] for c in commands
-                if str(build) not in c["file"]}
-    sources = sorted(compiled)
+    commands = {pathlib.Path(entry["file"]): entry["command"]
+                for entry in json.loads((build / "compile_commands.json").read_text())
+                if str(build) not in entry["file"]}
     listed = subprocess.run(["git", "ls-files", "--cached", "--others", "--exclude-standard", "*.h",
                              "*.clang-tidy"],
                             cwd=ROOT, check=True, capture_output=True, text=True).stdout.split()
     shared = digest(*(ROOT / name for name in sorted(listed) if (ROOT / name).exists()))
     memory = build / "tidy.json"
     clean = json.loads(memory.read_text()) if memory.exists() else {}
+    rooms = sorted({name.split("/")[0] for name in listed if "/" in name})
+    tidy = Tidy(build, rooms)
 
-    def run(source):
-        key = shared + digest(source) + hashlib.sha256(compiled[source].encode()).hexdigest()
-        if clean.get(str(source)) == key:
-            return source, key, ""
-        done = subprocess.run(["clang-tidy", "--quiet", "-p", str(build), str(source)],
-                              capture_output=True, text=True, check=False)
-        return source, key, done.stdout if done.returncode != 0 else ""
+    def check(group):
+        (command, sources), folder = group
+        key = shared + digest(*sources) + hashlib.sha256(command.encode()).hexdigest()
+        if clean.get(str(sources[0])) == key:
+            return sources, key, ""
+        return sources, key, tidy.run(command, sources, folder)
 
+    work = [(group, tidy.folder(group[1][0].parent)) for group in groups(commands)]
     faults = 0
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        for source, key, output in pool.map(run, sources):
+        for sources, key, output in pool.map(check, work):
             if output:
                 print(output, file=sys.stderr)
                 faults += 1
-                clean.pop(str(source), None)
+                clean.pop(str(sources[0]), None)
             else:
-                clean[str(source)] = key
+                clean[str(sources[0])] = key
     memory.write_text(json.dumps(clean))
-    print(f"clang-tidy: {len(sources)} files, {faults} with faults")
+    print(f"clang-tidy: {len(commands)} files, {faults} groups with faults")
     return 1 if faults else 0
 
 

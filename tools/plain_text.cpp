@@ -173,7 +173,8 @@ class PlainTextSetter {
       std::size_t end = from;
       for (; end < cells.size() && cells[end].LooksLike(cells[from]); ++end)
         text += cells[end].text;
-      const bool blank = !cells[from].underlined && text.find_first_not_of(' ') == text.npos;
+      const bool blank =
+          !cells[from].underlined && text.find_first_not_of(' ') == std::string::npos;
       if (!blank) WriteRun({text, face, ToPoints(x), cells[from].underlined});
       x += measure_.Width(face, text);
       from = end;

@@ -23,6 +23,7 @@ std::string Encode(const Bytes& input) {
       Encoder::Encode(static_cast<std::int32_t>(input.size()), guarded.Get(), size, output));
   EXPECT_EQ(static_cast<std::size_t>(size), output.size());
   EXPECT_GE(output.capacity(), output.size() + 2);
+  EXPECT_EQ(Encoder::TextSize(guarded.Get()), output.size());
   return output;
 }
 

@@ -3,8 +3,10 @@
 #include <fstream>
 #include <iterator>
 
+#include "encoding/encode_stream.h"
 #include "tests/bmp_file.h"
 #include "tests/document_fixture.h"
+#include "tests/encoding/generated_input.h"
 #include "tests/png_file.h"
 
 namespace vellumark::tests {
@@ -160,6 +162,35 @@ TEST_F(PdfPictures, ASmallPictureFillsItsBoxIfItIsToBeEnlarged) {
   doc.Flush();
   doc.PicturesEnlarged(false);
   EXPECT_EQ(placed(300, 300), "100 0 0 -50 50 792 cm");
+}
+
+// Its samples become text when the file is written: lengths and offsets must be known before.
+TEST_F(PdfPictures, TextOfManyBlocksHasTheLengthThatIsWritten) {
+  std::vector<std::uint8_t> pixels = encoding::testing::Noise(std::size_t{3} * 100 * 64);
+  std::fill(pixels.begin() + 9000, pixels.begin() + 12'000, std::uint8_t{0});  // zero groups
+  const std::string file =
+      BmpFile{.width = 100, .height = 64, .bits = 24, .pixels = pixels}.Bytes();
+  for (std::size_t at = 0; at < pixels.size(); at += 3) std::swap(pixels[at], pixels[at + 2]);
+  memory->PutFile("noise.bmp", file);
+  doc.Compressed(false);
+  for (const bool conforming : {false, true}) {
+    doc.Conforming(conforming);
+    for (const EncodingConstants encoding : {ASCII85, ASCIIHex}) {
+      Start();
+      ASSERT_TRUE(Draw("noise.bmp", encoding));
+      const Lines lines = FlushedLines();
+      const std::string text = encoding::EncodeStream(pixels, encoding);
+      EXPECT_TRUE(Has(lines, text));
+      const std::string length = std::to_string(text.size());
+      EXPECT_TRUE(Has(lines, conforming ? "/Length " + length : length));
+      const auto end = std::find(lines.begin(), lines.end(), "startxref");
+      std::size_t before_xref = 0;
+      for (auto line = lines.begin(); *line != "xref"; ++line) {
+        before_xref += line->size() + (conforming ? 1 : 2);
+      }
+      EXPECT_TRUE(!conforming || *(end + 1) == std::to_string(before_xref));
+    }
+  }
 }
 
 TEST_F(PdfPictures, BytesAreDrawnAsTheirFileIs) {
