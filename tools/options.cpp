@@ -79,9 +79,10 @@ void AddLayoutOptions(OptionTable& table, RawOptions& raw, Options& options) {
   add("size", raw.size, "Size of the text in points, 8 to 72", "POINTS");
   add_one_of("encoding", raw.encoding, "Picture encoding", kEncodingNames,
              "original, which keeps a JPG file as it is; with --classic ascii85");
-  app.add_option("--picture-memory", options.picture_memory,
-                 Wrapped("Memory that decoding a picture may take in MiB, 1 to 2047; a picture that "
-                         "needs more is left out [default: 256]"))
+  app.add_option(
+         "--picture-memory", options.picture_memory,
+         Wrapped("Memory that decoding a picture may take in MiB, 1 to 2047; a picture that "
+                 "needs more is left out [default: 256]"))
       ->type_name("MIB");
   app.add_flag("--classic", options.classic,
                Wrapped("Write a classic document, whose bytes never change, instead of one that "
