@@ -31,7 +31,8 @@ namespace {
 constexpr std::size_t kHeaderAt = 14;
 constexpr std::uint32_t kCoreSize = 12;
 constexpr std::uint32_t kInfoSize = 40;
-constexpr std::uint32_t kForeignInfoSize = 64;  // its compressions mean something else
+constexpr std::uint32_t kForeignInfoSize = 64;       // its compressions mean something else
+constexpr std::uint64_t kMostPixelsOfOneByte = 128;  // of runs: 255 pixels in two
 constexpr std::size_t kMasksAt = kHeaderAt + kInfoSize;
 
 /// The numbers that "compression" carries.
@@ -43,7 +44,7 @@ enum Compression : std::uint32_t {
   AlphaBitFields = 6
 };
 
-constexpr std::string_view kUnknownKind = "this kind of BMP file is not known";
+constexpr const char* kUnknownKind = "this kind of BMP file is not known";
 
 /// The bytes of a file as little-endian numbers; bytes behind its end are 0.
 class LittleEndianBytes {
@@ -150,7 +151,7 @@ void PlacePalette(const LittleEndianBytes& file, std::uint32_t size, BmpHeader& 
 }
 
 /// Fills `header` and returns an empty text, or why the file cannot be read.
-std::string_view ReadBmpHeader(std::span<const std::uint8_t> file, BmpHeader& header) {
+std::string ReadBmpHeader(std::span<const std::uint8_t> file, BmpHeader& header) {
   const LittleEndianBytes numbers(file);
   const std::uint32_t size = numbers.At32(kHeaderAt);
   if (file.size() < kHeaderAt + 4 || file.size() - kHeaderAt < size) {
@@ -251,20 +252,24 @@ void TakeRows(std::span<const std::uint8_t> rows, bool top_down,
 
 }  // namespace
 
-std::string_view DecodeBmp(std::span<const std::uint8_t> file, std::int64_t greatest,
-                           Bitmap& bitmap, std::vector<std::uint8_t>* own_file) {
+std::string DecodeBmp(std::span<const std::uint8_t> file, std::int64_t greatest, Bitmap& bitmap,
+                      std::vector<std::uint8_t>* own_file) {
   BmpHeader header;
-  const std::string_view unreadable = ReadBmpHeader(file, header);
+  std::string unreadable = ReadBmpHeader(file, header);
   if (!unreadable.empty()) return unreadable;
-  const std::string_view too_large = CheckSize(header.width, header.height, header.bits, greatest);
+  std::string too_large = CheckSize(header.width, header.height, header.bits, greatest);
   if (!too_large.empty()) return too_large;
   if (header.pixels_at > file.size()) return kCutOff;
   const auto data = file.subspan(header.pixels_at);
 
   if (header.pixels == BmpPixels::Rle8 || header.pixels == BmpPixels::Rle4) {
+    // What is passed over is not in the file, but no picture of this size is passed over.
+    std::string too_much =
+        CheckClaim(header.width, header.height, data.size() * kMostPixelsOfOneByte, file.size());
+    if (!too_much.empty()) return too_much;
     AllocatePixels(header.width, header.height, header.bits, bitmap);
     TakePalette(file, header, bitmap);
-    return ExpandRuns(data, bitmap) ? std::string_view() : kCutOff;
+    return ExpandRuns(data, bitmap) ? "" : kCutOff;
   }
   SetFormat(header.width, header.height, header.bits, bitmap);
   const std::size_t size = bitmap.RowSize() * static_cast<std::size_t>(header.height);

@@ -19,6 +19,9 @@
 namespace vellumark::platform {
 namespace {
 
+/// A code of 12 bits stands for at most 4,096 pixels.
+constexpr std::uint64_t kMostPixelsOfOneByte = 2731;
+
 /// The part of the file that the GIF library has yet to read.
 struct Source {
   std::span<const std::uint8_t> left;
@@ -107,8 +110,7 @@ bool ReadRows(GifFileType* gif, Bitmap& bitmap) {
 
 }  // namespace
 
-std::string_view DecodeGif(std::span<const std::uint8_t> file, std::int64_t greatest,
-                           Bitmap& bitmap) {
+std::string DecodeGif(std::span<const std::uint8_t> file, std::int64_t greatest, Bitmap& bitmap) {
   Source source{file};
   int error = D_GIF_SUCCEEDED;
   const GifFile gif(DGifOpen(&source, Source::Read, &error));
@@ -116,11 +118,16 @@ std::string_view DecodeGif(std::span<const std::uint8_t> file, std::int64_t grea
     RequireMemory(gif != nullptr ? gif->Error : error);
     return "the GIF file is damaged or has no picture";
   }
-  const std::string_view too_large = CheckSize(gif->SWidth, gif->SHeight, 8, greatest);
-  if (!too_large.empty()) return too_large;
-  const std::string_view frame_too_large =
-      CheckSize(gif->Image.Width, gif->Image.Height, 8, greatest);
-  if (!frame_too_large.empty()) return frame_too_large;
+  std::string why_not = CheckSize(gif->SWidth, gif->SHeight, 8, greatest);
+  if (why_not.empty()) why_not = CheckSize(gif->Image.Width, gif->Image.Height, 8, greatest);
+  if (why_not.empty()) {
+    why_not =
+        CheckClaim(gif->SWidth, gif->SHeight, file.size() * kMostPixelsOfOneByte, file.size());
+  }
+  if (!why_not.empty()) return why_not;
+  const auto frame = std::uint64_t{static_cast<unsigned>(gif->Image.Width)} *
+                     static_cast<unsigned>(gif->Image.Height);
+  if (frame > source.left.size() * kMostPixelsOfOneByte) return kCutOff;
 
   AllocatePixels(gif->SWidth, gif->SHeight, 8, bitmap);
   std::fill(bitmap.pixels.begin(), bitmap.pixels.end(),

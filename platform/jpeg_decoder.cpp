@@ -21,9 +21,26 @@ namespace {
 
 constexpr int kBits = 24;
 
-/// A progressive file may have any number of scans over the whole picture; one with more than this
-/// is made to keep a processor busy.
+/// A file may have any number of scans over the whole picture, in a few bytes each. One with more
+/// than this, or whose scans go over all its blocks more often than this, not counting the first
+/// few millions, is made to keep a processor busy.
 constexpr int kMostScans = 100;
+constexpr std::uint64_t kMostPasses = 16;
+constexpr std::uint64_t kFreeBlocks = std::uint64_t{1} << 22U;
+constexpr const char* kTooManyScans = "the JPG file has more than 100 scans";
+constexpr const char* kTooManyPasses =
+    "the scans of the JPG file go over the picture more than 16 times";
+
+std::uint64_t BlocksOf(const jpeg_component_info& component) {
+  return std::uint64_t{component.width_in_blocks} * component.height_in_blocks;
+}
+
+/// The blocks of 8 x 8 samples of all components.
+std::uint64_t BlocksOf(const jpeg_decompress_struct& jpeg) {
+  std::uint64_t blocks = 0;
+  for (int i = 0; i < jpeg.num_components; ++i) blocks += BlocksOf(jpeg.comp_info[i]);
+  return blocks;
+}
 
 /// The JPEG library's errors as a result instead of a message and an exit. The library is C and
 /// leaves an operation by a jump:
@@ -75,13 +92,13 @@ class JpegErrors {
   }
 
   /// Leaves Run.
-  [[noreturn]] void Fail(std::string_view reason) {
+  [[noreturn]] void Fail(const char* reason) {
     reason_ = reason;
     std::longjmp(jump_, 1);  // NOLINT(cert-err52-cpp): back into Run
   }
 
   /// Why Run returned false.
-  [[nodiscard]] std::string_view Reason() const noexcept { return reason_; }
+  [[nodiscard]] const char* Reason() const noexcept { return reason_; }
 
  private:
   static JpegErrors& Of(jpeg_common_struct* info) {
@@ -107,16 +124,23 @@ class JpegErrors {
     }
   }
 
+  /// Called at each row of blocks.
   static void OnProgress(jpeg_common_struct* info) {
-    if (reinterpret_cast<jpeg_decompress_struct*>(info)->input_scan_number > kMostScans) {
-      Of(info).Fail("the JPG file has more than 100 scans");
-    }
+    const auto& jpeg = *reinterpret_cast<jpeg_decompress_struct*>(info);
+    JpegErrors& errors = Of(info);
+    if (jpeg.input_scan_number == errors.scan_) return;
+    errors.scan_ = jpeg.input_scan_number;
+    if (errors.scan_ > kMostScans) errors.Fail(kTooManyScans);
+    for (int i = 0; i < jpeg.comps_in_scan; ++i) errors.passed_ += BlocksOf(*jpeg.cur_comp_info[i]);
+    if (errors.passed_ > kFreeBlocks + kMostPasses * BlocksOf(jpeg)) errors.Fail(kTooManyPasses);
   }
 
   jpeg_error_mgr manager_{};
   jpeg_progress_mgr progress_{};
   std::jmp_buf jump_{};
-  std::string_view reason_;
+  const char* reason_ = "";
+  int scan_ = 0;              // the last one that was counted
+  std::uint64_t passed_ = 0;  // blocks of all scans up to it
   bool out_of_memory_ = false;
 };
 
@@ -155,22 +179,37 @@ class JpegReader {
     });
   }
 
-  /// Whether the file is long enough for its size: each block of 8 x 8 samples takes a bit or more,
-  /// except with arithmetic coding.
-  [[nodiscard]] bool LongEnough() const {
-    std::uint64_t blocks = 0;
+  /// Why the file is too short for its size, or an empty text. A block takes a bit or more; only
+  /// with arithmetic coding the blocks of a plain area may take less.
+  [[nodiscard]] std::string CheckLength() const {
+    const std::uint64_t most = std::uint64_t{file_.size()} * 8;
+    const std::uint64_t blocks = BlocksOf(info_);
+    if (blocks <= most) return {};
+    return info_.arith_code ? CheckClaim(Width(), Height(), 0, file_.size()) : kCutOff;
+  }
+
+  /// Bytes of the coefficients that are kept until the last scan has been read; none if each
+  /// component's are complete when its rows are.
+  [[nodiscard]] std::int64_t CoefficientSize() {
+    if (jpeg_has_multiple_scans(&info_) == 0) return 0;
+    std::int64_t blocks = 0;
     for (int i = 0; i < info_.num_components; ++i) {
       const jpeg_component_info& component = info_.comp_info[i];
-      blocks += std::uint64_t{component.width_in_blocks} * component.height_in_blocks;
+      blocks += RoundedUp(component.width_in_blocks, component.h_samp_factor) *
+                RoundedUp(component.height_in_blocks, component.v_samp_factor);
     }
-    return info_.arith_code || blocks <= std::uint64_t{file_.size()} * 8;
+    return blocks * static_cast<std::int64_t>(sizeof(JBLOCK));
   }
 
   [[nodiscard]] std::int64_t Width() const { return info_.image_width; }
   [[nodiscard]] std::int64_t Height() const { return info_.image_height; }
-  [[nodiscard]] std::string_view Reason() const { return errors_.Reason(); }
+  [[nodiscard]] const char* Reason() const { return errors_.Reason(); }
 
  private:
+  static std::int64_t RoundedUp(std::int64_t blocks, int step) {
+    return (blocks + step - 1) / step * step;
+  }
+
   [[nodiscard]] bool Inked() const { return info_.out_color_space == JCS_CMYK; }
 
   void ChooseColors() {
@@ -205,15 +244,15 @@ class JpegReader {
 
 }  // namespace
 
-std::string_view DecodeJpeg(std::span<const std::uint8_t> file, std::int64_t greatest,
-                            Bitmap& bitmap) {
+std::string DecodeJpeg(std::span<const std::uint8_t> file, std::int64_t greatest, Bitmap& bitmap) {
   JpegReader reader(file);
   if (!reader.ReadHeader()) return reader.Reason();
-  const std::string_view too_large = CheckSize(reader.Width(), reader.Height(), kBits, greatest);
-  if (!too_large.empty()) return too_large;
-  if (!reader.LongEnough()) return kCutOff;
+  std::string why_not =
+      CheckSize(reader.Width(), reader.Height(), kBits, greatest, reader.CoefficientSize());
+  if (why_not.empty()) why_not = reader.CheckLength();
+  if (!why_not.empty()) return why_not;
   AllocatePixels(reader.Width(), reader.Height(), kBits, bitmap);
-  return reader.ReadRows(bitmap) ? std::string_view() : reader.Reason();
+  return reader.ReadRows(bitmap) ? "" : reader.Reason();
 }
 
 }  // namespace vellumark::platform

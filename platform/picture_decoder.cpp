@@ -12,8 +12,8 @@ constexpr bool kWithLibraries = true;
 constexpr bool kWithLibraries = false;  // then the decoders that need one do not exist
 #endif
 
-std::string_view DecodeAny(std::span<const std::uint8_t> file, std::int64_t greatest,
-                           Bitmap& bitmap, std::vector<std::uint8_t>* own_file) {
+std::string DecodeAny(std::span<const std::uint8_t> file, std::int64_t greatest, Bitmap& bitmap,
+                      std::vector<std::uint8_t>* own_file) {
   switch (PictureKindOf(file)) {
     case PictureKind::Bmp: return DecodeBmp(file, greatest, bitmap, own_file);
     case PictureKind::Gif:
@@ -30,24 +30,23 @@ std::string_view DecodeAny(std::span<const std::uint8_t> file, std::int64_t grea
   return kUnknownPicture;
 }
 
-std::string_view Decode(std::span<const std::uint8_t> file, std::int64_t greatest, Bitmap& bitmap,
-                        std::vector<std::uint8_t>* own_file) {
+std::string Decode(std::span<const std::uint8_t> file, std::int64_t greatest, Bitmap& bitmap,
+                   std::vector<std::uint8_t>* own_file) {
   bitmap = {};
   if (file.size() > static_cast<std::uint64_t>(kGreatestFile)) return kLargerThan2Gb;
-  const std::string_view why_not = DecodeAny(file, greatest, bitmap, own_file);
+  std::string why_not = DecodeAny(file, greatest, bitmap, own_file);
   if (!why_not.empty()) bitmap = {};
   return why_not;
 }
 
 }  // namespace
 
-std::string_view DecodePicture(std::span<const std::uint8_t> file, std::int64_t greatest,
-                               Bitmap& bitmap) {
+std::string DecodePicture(std::span<const std::uint8_t> file, std::int64_t greatest,
+                          Bitmap& bitmap) {
   return Decode(file, greatest, bitmap, nullptr);
 }
 
-std::string_view DecodePicture(std::vector<std::uint8_t>&& file, std::int64_t greatest,
-                               Bitmap& bitmap) {
+std::string DecodePicture(std::vector<std::uint8_t>&& file, std::int64_t greatest, Bitmap& bitmap) {
   return Decode(file, greatest, bitmap, &file);
 }
 

@@ -3,7 +3,7 @@
 // DecodePicture: a BMP, GIF, JPG or PNG file, in memory, as a Bitmap.
 //
 //     Bitmap bitmap;
-//     const std::string_view why_not = DecodePicture(bytes, kGreatestPicture, bitmap);
+//     std::string why_not = DecodePicture(bytes, kGreatestPicture, bitmap);
 //     if (!why_not.empty()) ...                      // "the pixel data is cut off"
 //
 // The kind is recognized by the first bytes. Nothing else is opened, nothing is written to standard
@@ -19,7 +19,7 @@
 
 #include <cstdint>
 #include <span>
-#include <string_view>
+#include <string>
 #include <vector>
 
 #include <vellumark/bitmap.h>
@@ -28,22 +28,22 @@ namespace vellumark::platform {
 
 /// Fills `bitmap` and returns an empty text, or a short sentence that says why not; then `bitmap`
 /// is empty. `greatest` is the most bytes that the bitmap may have. Throws std::bad_alloc.
-[[nodiscard]] std::string_view DecodePicture(std::span<const std::uint8_t> file,
-                                             std::int64_t greatest, Bitmap& bitmap);
+[[nodiscard]] std::string DecodePicture(std::span<const std::uint8_t> file, std::int64_t greatest,
+                                        Bitmap& bitmap);
 
 /// The same; the memory of `file` may become the bitmap's, so that a large BMP file is in memory
 /// once.
-[[nodiscard]] std::string_view DecodePicture(std::vector<std::uint8_t>&& file,
-                                             std::int64_t greatest, Bitmap& bitmap);
+[[nodiscard]] std::string DecodePicture(std::vector<std::uint8_t>&& file, std::int64_t greatest,
+                                        Bitmap& bitmap);
 
 /// The same for a file of one kind. On failure `bitmap` may be left half filled.
-[[nodiscard]] std::string_view DecodeBmp(std::span<const std::uint8_t> file, std::int64_t greatest,
-                                         Bitmap& bitmap, std::vector<std::uint8_t>* own_file);
-[[nodiscard]] std::string_view DecodeGif(std::span<const std::uint8_t> file, std::int64_t greatest,
-                                         Bitmap& bitmap);
-[[nodiscard]] std::string_view DecodeJpeg(std::span<const std::uint8_t> file, std::int64_t greatest,
-                                          Bitmap& bitmap);
-[[nodiscard]] std::string_view DecodePng(std::span<const std::uint8_t> file, std::int64_t greatest,
-                                         Bitmap& bitmap);
+[[nodiscard]] std::string DecodeBmp(std::span<const std::uint8_t> file, std::int64_t greatest,
+                                    Bitmap& bitmap, std::vector<std::uint8_t>* own_file);
+[[nodiscard]] std::string DecodeGif(std::span<const std::uint8_t> file, std::int64_t greatest,
+                                    Bitmap& bitmap);
+[[nodiscard]] std::string DecodeJpeg(std::span<const std::uint8_t> file, std::int64_t greatest,
+                                     Bitmap& bitmap);
+[[nodiscard]] std::string DecodePng(std::span<const std::uint8_t> file, std::int64_t greatest,
+                                    Bitmap& bitmap);
 
 }  // namespace vellumark::platform

@@ -2,8 +2,27 @@
 #include "platform/picture_format.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace vellumark::platform {
+namespace {
+
+/// "1,234,567"
+std::string Grouped(std::int64_t number) {
+  const std::string digits = std::to_string(number);
+  std::string grouped;
+  for (std::size_t i = 0; i < digits.size(); ++i) {
+    if (i > 0 && (digits.size() - i) % 3 == 0) grouped += ',';
+    grouped += digits[i];
+  }
+  return grouped;
+}
+
+std::string Pixels(std::int64_t width, std::int64_t height) {
+  return Grouped(width) + " x " + Grouped(height) + " pixels";
+}
+
+}  // namespace
 
 PictureKind PictureKindOf(std::span<const std::uint8_t> file) noexcept {
   const auto starts_with = [file](std::string_view mark) {
@@ -19,15 +38,25 @@ PictureKind PictureKindOf(std::span<const std::uint8_t> file) noexcept {
   return PictureKind::Unknown;
 }
 
-std::string_view CheckSize(std::int64_t width, std::int64_t height, int bits,
-                           std::int64_t greatest) noexcept {
+std::string CheckSize(std::int64_t width, std::int64_t height, int bits, std::int64_t greatest,
+                      std::int64_t more) {
   if (width < 1 || height < 1) return "the picture has no pixels";
   if (width > kGreatestSide || height > kGreatestSide) {
     return "the picture has more than 32,767 pixels a side";
   }
-  const auto size = static_cast<std::int64_t>(Bitmap::RowSize(width, bits)) * height;
-  if (size > std::min(greatest, kGreatestPicture)) return "the picture has too many pixels";
-  return {};
+  const auto size = static_cast<std::int64_t>(Bitmap::RowSize(width, bits)) * height + more;
+  const std::int64_t most = std::min(greatest, kGreatestPicture);
+  if (size <= most) return {};
+  return "decoding its " + Pixels(width, height) + " takes " + Grouped(size) +
+         " bytes, but the limit is " + Grouped(most) + " bytes";
+}
+
+std::string CheckClaim(std::int64_t width, std::int64_t height, std::uint64_t most,
+                       std::size_t file_size) {
+  const std::int64_t pixels = width * height;
+  if (pixels <= kBelievedPixels || static_cast<std::uint64_t>(pixels) <= most) return {};
+  return "a file of " + Grouped(static_cast<std::int64_t>(file_size)) + " bytes cannot fill the " +
+         Pixels(width, height) + " that it states";
 }
 
 void SetFormat(std::int64_t width, std::int64_t height, int bits, Bitmap& bitmap) {

@@ -54,7 +54,7 @@ class PngReader {
       if (png_ != nullptr) info_ = png_create_info_struct(png_);
       if (info_ == nullptr) {
         out_of_memory_ = true;
-        Fail({});
+        Fail("");
       }
       png_set_read_fn(png_, this, Read);
       // The sides are checked already, and of what only describes the picture nothing is kept.
@@ -108,7 +108,7 @@ class PngReader {
   }
 
   /// Why a step returned false.
-  [[nodiscard]] std::string_view Reason() const noexcept { return reason_; }
+  [[nodiscard]] const char* Reason() const noexcept { return reason_; }
 
  private:
   /// Returns whether `steps` came to their end. The library is C and leaves an operation by a jump,
@@ -126,7 +126,7 @@ class PngReader {
   }
 
   /// Leaves Run.
-  [[noreturn]] void Fail(std::string_view reason) {
+  [[noreturn]] void Fail(const char* reason) {
     reason_ = reason;
     std::longjmp(jump_, 1);  // NOLINT(cert-err52-cpp): back into Run
   }
@@ -136,7 +136,11 @@ class PngReader {
     static_cast<PngReader*>(png_get_error_ptr(png))->Fail(short_of_pixels ? kCutOff : kDamagedPng);
   }
 
-  static void OnWarning(png_struct* /*png*/, const char* /*message*/) {}
+  /// The library would go on without a transparency whose checksum is wrong.
+  static void OnWarning(png_struct* png, const char* message) {
+    if (std::strcmp(message, "tRNS: CRC error") != 0) return;
+    static_cast<PngReader*>(png_get_error_ptr(png))->Fail(kDamagedPng);
+  }
 
   static void Read(png_struct* png, png_byte* to, std::size_t size) {
     auto& reader = *static_cast<PngReader*>(png_get_io_ptr(png));
@@ -182,7 +186,7 @@ class PngReader {
   RowFormat format_;
   int passes_ = 1;
   std::jmp_buf jump_{};
-  std::string_view reason_;
+  const char* reason_ = "";
   bool out_of_memory_ = false;
 };
 
@@ -201,10 +205,9 @@ void TakePaletteAlpha(std::span<const std::uint8_t> of_color, Bitmap& bitmap) {
 
 }  // namespace
 
-std::string_view DecodePng(std::span<const std::uint8_t> file, std::int64_t greatest,
-                           Bitmap& bitmap) {
+std::string DecodePng(std::span<const std::uint8_t> file, std::int64_t greatest, Bitmap& bitmap) {
   PngHeader header;
-  const std::string_view why_not = ReadPngHeader(file, greatest, header);
+  std::string why_not = ReadPngHeader(file, greatest, header);
   if (!why_not.empty()) return why_not;
   PngReader reader(file);
   if (!reader.ReadHeader(header)) return reader.Reason();

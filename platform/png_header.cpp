@@ -58,8 +58,8 @@ bool TakeHeader(std::span<const std::uint8_t> data, PngHeader& header) {
 }
 
 /// Goes over the chunks behind the header up to the last one, and adds up the pixel data.
-std::string_view ReadChunks(std::span<const std::uint8_t> left, PngHeader& header,
-                            std::uint64_t& data_size) {
+std::string ReadChunks(std::span<const std::uint8_t> left, PngHeader& header,
+                       std::uint64_t& data_size) {
   while (left.size() >= kChunkFrame) {
     const std::uint32_t size = NumberAt(left, 0);
     const std::uint32_t name = NumberAt(left, 4);
@@ -81,8 +81,8 @@ int PngHeader::BitmapBits() const noexcept {
   return has_transparency ? std::max(opaque, 8) + 8 : opaque;
 }
 
-std::string_view ReadPngHeader(std::span<const std::uint8_t> file, std::int64_t greatest,
-                               PngHeader& header) {
+std::string ReadPngHeader(std::span<const std::uint8_t> file, std::int64_t greatest,
+                          PngHeader& header) {
   constexpr std::size_t kHeaderEnd = kSignatureSize + kChunkFrame + kHeaderSize;
   if (file.size() < kHeaderEnd) return "the PNG file's header is cut off";
   const bool has_header = NumberAt(file, kSignatureSize) == kHeaderSize &&
@@ -91,15 +91,14 @@ std::string_view ReadPngHeader(std::span<const std::uint8_t> file, std::int64_t 
     return kDamagedPng;
   }
   std::uint64_t data_size = 0;
-  const std::string_view cut_off = ReadChunks(file.subspan(kHeaderEnd), header, data_size);
-  const std::string_view too_large =
-      CheckSize(header.width, header.height, header.BitmapBits(), greatest);
+  std::string cut_off = ReadChunks(file.subspan(kHeaderEnd), header, data_size);
+  std::string too_large = CheckSize(header.width, header.height, header.BitmapBits(), greatest);
   if (!too_large.empty()) return too_large;
   if (!cut_off.empty()) return cut_off;
   const auto bits = static_cast<std::uint64_t>(header.width * SamplesOf(header.colors)) *
                     static_cast<std::uint64_t>(header.depth);
   const std::uint64_t needed = (bits / 8 + 1) * static_cast<std::uint64_t>(header.height);
-  return data_size * kMostBytesOfOne < needed ? kCutOff : std::string_view();
+  return data_size * kMostBytesOfOne < needed ? kCutOff : "";
 }
 
 }  // namespace vellumark::platform

@@ -4,7 +4,7 @@
 // decoded or allocated.
 //
 //     PngHeader header;
-//     const std::string_view why_not = ReadPngHeader(bytes, greatest, header);
+//     const std::string why_not = ReadPngHeader(bytes, greatest, header);
 //     if (!why_not.empty()) ...                      // "the pixel data is cut off"
 //
 //     file  = 89 50 4E 47 0D 0A 1A 0A chunk*         numbers are big-endian
@@ -18,7 +18,7 @@
 
 #include <cstdint>
 #include <span>
-#include <string_view>
+#include <string>
 
 namespace vellumark::platform {
 
@@ -38,7 +38,7 @@ struct PngHeader {
 
 /// Fills `header` and returns an empty text, or why the picture is not decoded. `greatest` is the
 /// most bytes that its bitmap may have.
-[[nodiscard]] std::string_view ReadPngHeader(std::span<const std::uint8_t> file,
-                                             std::int64_t greatest, PngHeader& header);
+[[nodiscard]] std::string ReadPngHeader(std::span<const std::uint8_t> file, std::int64_t greatest,
+                                        PngHeader& header);
 
 }  // namespace vellumark::platform

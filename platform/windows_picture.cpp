@@ -105,8 +105,8 @@ bool CopyPixels(HBITMAP handle, Bitmap& bitmap) {
 
 }  // namespace
 
-std::string_view LoadWindowsPicture(std::span<const std::uint8_t> file, std::int64_t greatest,
-                                    Bitmap& bitmap) {
+std::string LoadWindowsPicture(std::span<const std::uint8_t> file, std::int64_t greatest,
+                               Bitmap& bitmap) {
   bitmap = {};
   if (file.size() > static_cast<std::uint64_t>(kGreatestFile)) return kLargerThan2Gb;
   switch (PictureKindOf(file)) {
@@ -122,15 +122,14 @@ std::string_view LoadWindowsPicture(std::span<const std::uint8_t> file, std::int
   return CopyWindowsBitmap(handle, greatest, bitmap);
 }
 
-std::string_view CopyWindowsBitmap(void* handle, std::int64_t greatest, Bitmap& bitmap) {
+std::string CopyWindowsBitmap(void* handle, std::int64_t greatest, Bitmap& bitmap) {
   bitmap = {};
   // As many bytes as the process's own BITMAP: 24 with addresses of 32 bits, 32 with 64.
   BITMAP description{};
   if (GetObjectA(handle, sizeof description, &description) == 0)
     return "the system's picture loader made no bitmap of it";
   const int bits = DepthOf(description);
-  const std::string_view too_large =
-      CheckSize(description.bmWidth, description.bmHeight, bits, greatest);
+  std::string too_large = CheckSize(description.bmWidth, description.bmHeight, bits, greatest);
   if (!too_large.empty()) return too_large;
   AllocatePixels(description.bmWidth, description.bmHeight, bits, bitmap);
   if (CopyPixels(static_cast<HBITMAP>(handle), bitmap)) return {};

@@ -13,7 +13,7 @@
 
 #include <cstdint>
 #include <span>
-#include <string_view>
+#include <string>
 
 #include <vellumark/bitmap.h>
 
@@ -21,14 +21,13 @@ namespace vellumark::platform {
 
 /// Fills `bitmap` and returns an empty text, or a few words that say why not; then `bitmap` is
 /// empty. `greatest` is the most bytes that the bitmap may have. Throws std::bad_alloc.
-[[nodiscard]] std::string_view LoadWindowsPicture(std::span<const std::uint8_t> file,
-                                                  std::int64_t greatest, Bitmap& bitmap);
+[[nodiscard]] std::string LoadWindowsPicture(std::span<const std::uint8_t> file,
+                                             std::int64_t greatest, Bitmap& bitmap);
 
 /// Copies what a bitmap of the graphics interface holds; results as above. `handle` is an HBITMAP
 /// that is not selected into a device context. A bitmap with pixel memory (a DIB section of 1, 4,
 /// 8, 16, 24 or 32 bits) keeps its depth and its palette. One without, which belongs to a device,
 /// becomes 24 bits.
-[[nodiscard]] std::string_view CopyWindowsBitmap(void* handle, std::int64_t greatest,
-                                                 Bitmap& bitmap);
+[[nodiscard]] std::string CopyWindowsBitmap(void* handle, std::int64_t greatest, Bitmap& bitmap);
 
 }  // namespace vellumark::platform

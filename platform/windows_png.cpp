@@ -159,7 +159,7 @@ bool TakeConverted(IWICImagingFactory& factory, IWICBitmapFrameDecode& frame,
   return true;
 }
 
-std::string_view Load(std::span<const std::uint8_t> file, const PngHeader& header, Bitmap& bitmap) {
+std::string Load(std::span<const std::uint8_t> file, const PngHeader& header, Bitmap& bitmap) {
   const ComponentRuntime runtime;
   const Held<IWICImagingFactory> factory = NewFactory();
   if (factory == nullptr) return "the system has no imaging component";
@@ -173,16 +173,16 @@ std::string_view Load(std::span<const std::uint8_t> file, const PngHeader& heade
   }
   const bool taken = IsOwnDepth(header, format) ? TakeOwnDepth(*factory, *frame, header, bitmap)
                                                 : TakeConverted(*factory, *frame, header, bitmap);
-  return taken ? std::string_view() : kDamagedPng;
+  return taken ? "" : kDamagedPng;
 }
 
 }  // namespace
 
-std::string_view LoadWindowsPng(std::span<const std::uint8_t> file, std::int64_t greatest,
-                                Bitmap& bitmap) {
+std::string LoadWindowsPng(std::span<const std::uint8_t> file, std::int64_t greatest,
+                           Bitmap& bitmap) {
   bitmap = {};
   PngHeader header;
-  std::string_view why_not = ReadPngHeader(file, greatest, header);
+  std::string why_not = ReadPngHeader(file, greatest, header);
   // Whatever does not come at its own depth comes with four bytes a pixel.
   if (why_not.empty() && (header.has_transparency || header.BitmapBits() > 8)) {
     why_not = CheckSize(header.width, header.height, 32, greatest);

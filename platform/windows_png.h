@@ -11,7 +11,7 @@
 
 #include <cstdint>
 #include <span>
-#include <string_view>
+#include <string>
 
 #include <vellumark/bitmap.h>
 
@@ -19,7 +19,7 @@ namespace vellumark::platform {
 
 /// Fills `bitmap` and returns an empty text, or a few words that say why not; then `bitmap` is
 /// empty. `greatest` is the most bytes that the bitmap may have. Throws std::bad_alloc.
-[[nodiscard]] std::string_view LoadWindowsPng(std::span<const std::uint8_t> file,
-                                              std::int64_t greatest, Bitmap& bitmap);
+[[nodiscard]] std::string LoadWindowsPng(std::span<const std::uint8_t> file, std::int64_t greatest,
+                                         Bitmap& bitmap);
 
 }  // namespace vellumark::platform

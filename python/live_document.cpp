@@ -92,6 +92,20 @@ std::optional<std::string> LiveDocument::TakeFile() {
   return memory_->TakeFile(*std::exchange(file_, std::nullopt));
 }
 
+std::int32_t LiveDocument::greatest_picture() {
+  const Use use(*this);
+  return platform().GreatestPicture();
+}
+
+void LiveDocument::set_greatest_picture(std::int32_t bytes) {
+  const Use use(*this);
+  platform().SetGreatestPicture(bytes);
+}
+
+PortablePlatform& LiveDocument::platform() noexcept {
+  return memory_ ? static_cast<PortablePlatform&>(*memory_) : *files_;
+}
+
 Document& LiveDocument::document() {
   return std::visit([](Document& document) -> Document& { return document; }, document_);
 }

@@ -47,6 +47,11 @@ class LiveDocument {
   /// the file can be created again while the document still exists.
   void GiveUp() noexcept;
 
+  /// The most bytes that decoding a picture may take. Both throw if another thread is using the
+  /// document.
+  [[nodiscard]] std::int32_t greatest_picture();
+  void set_greatest_picture(std::int32_t bytes);
+
   /// Why the last Create was refused; empty if it was not.
   [[nodiscard]] const std::string& create_refusal() const noexcept { return create_refusal_; }
 
@@ -59,6 +64,7 @@ class LiveDocument {
 
   void NoteCreate(bool created, std::string& file);
   Document& document();
+  PortablePlatform& platform() noexcept;
 
   std::shared_ptr<MemoryPlatform> memory_;  // exactly one of the two is set
   std::shared_ptr<PosixPlatform> files_;

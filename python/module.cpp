@@ -90,6 +90,8 @@ void DefineDocument(py::module_& module) {
   py::class_<LiveDocument>(module, "Document", MadeHereOnly())
       .def_property_readonly("unflushed", &LiveDocument::unflushed)
       .def_property_readonly("create_refusal", &LiveDocument::create_refusal)
+      .def_property("greatest_picture", &LiveDocument::greatest_picture,
+                    &LiveDocument::set_greatest_picture)
       .def("give_up", &LiveDocument::GiveUp)
       .def("take_file", [](LiveDocument& document) -> py::object {
         const std::optional<std::string> bytes = document.TakeFile();
@@ -130,5 +132,6 @@ PYBIND11_MODULE(_vellumark, module) {
   module.attr("version") = VELLUMARK_VERSION_STRING;
   module.attr("class_help") = ClassHelp();
   module.attr("render_help") = kRenderDocstring;
+  module.attr("greatest_picture_help") = kGreatestPictureDocstring;
   module.attr("enumerations") = EnumerationClasses();
 }

@@ -18,6 +18,10 @@ and draws. No file is created, so the name that it passes to Create does not mat
 does not call Flush, render does. Pictures are read from the file system, or given as bytes. Raises RuntimeError if
 no document was created.)";
 
+inline constexpr std::string_view kGreatestPictureDocstring =
+    R"(The most bytes that decoding a picture may take, 0 to 2147483647, which is the default. A larger
+picture is refused before memory is taken for it. Not a member of the other interfaces.)";
+
 inline constexpr std::string_view kRunTimeErrorDocstring =
     R"(A run-time error that stopped a member; `number` says which: 6 overflow, 7 out of memory,
 9 subscript out of range, 11 division by zero, 13 type mismatch.)";

@@ -181,6 +181,7 @@ void AppendConstructor(std::string& stub, const ClassInfo& info) {
     stub += TypeName(member->result);
     stub += " = ...,\n";
   }
+  stub += "        greatest_picture: int = ...,\n";
   stub += "    ) -> None:\n        \"\"\"Sets these properties of the new document.\"\"\"\n";
 }
 
@@ -192,6 +193,9 @@ void AppendClass(std::string& stub, const ClassInfo& info) {
   if (!info.members) return;
   AppendConstructor(stub, info);
   stub += kBlock;
+  stub += "    @property\n    def greatest_picture(self) -> int:\n";
+  AppendDocstring(stub, kGreatestPictureDocstring, "        ");
+  stub += "    @greatest_picture.setter\n    def greatest_picture(self, value: int) -> None: ...\n";
   for (const Member* member : automation::ClassMembers(*info.members)) {
     if (member->property) {
       AppendProperty(stub, *member);

@@ -12,6 +12,7 @@
 - Words are spelled the American way, and some turns of phrase that stumble do not come back.
 - Each oddity of document/oddities.h is told in docs/output.md and has a test of its name, Oddity...;
   the test behind it is that of the conforming output, Conforming....
+- Each promise of docs/reliability.md has a test, which exists.
 - Relative links of the documents, and the paths that ARCHITECTURE.md names, lead somewhere.
 """
 import concurrent.futures
@@ -45,7 +46,8 @@ KNOWN_IN = [
     (re.compile(r"(jpeglib|jerror|gif_lib|png)\.h"), ("platform/", "bench/")),
     (re.compile(r"(pybind11/.*|Python\.h)"), ("python/",)),
     (re.compile(r"(windows|unknwn|objbase|ole.*|oa.*|wincodec)\.h"),
-     ("platform/windows_", "automation/server/", "tests/windows/")),
+     ("platform/windows_", "automation/server/", "tests/windows/", "fuzz/invoke_fuzz.cpp",
+      "fuzz/automation_runtime/")),
 ]
 WINDOWS_COMPILER = "x86_64-w64-mingw32-g++-posix"
 
@@ -166,6 +168,31 @@ def check_oddities():
             yield f"document/oddities.h: no test Conforming... behind Oddity{name}"
 
 
+def check_promises(path):
+    """The tests that a document of promises names: `Suite.Test`, `some_test.py: test_name`, or the
+    name of a test in tests/CMakeLists.txt or of a fuzz target."""
+    suites = set()
+    for each in tracked("tests/*.cpp"):
+        suites.update(f"{suite}.{name}" for suite, name in re.findall(
+            r"^(?:TYPED_)?TEST\w*\((\w+),\s*(\w+)\)", (ROOT / each).read_text(encoding="utf-8"), flags=re.M))
+    made = (ROOT / "tests/CMakeLists.txt").read_text(encoding="utf-8")
+    suites.update(re.findall(r"add_test\(NAME ([\w.]+)", made))
+    made = (ROOT / "fuzz/CMakeLists.txt").read_text(encoding="utf-8")
+    suites.update("Fuzz." + name for name in re.findall(r"^vellumark_fuzz_target\((\w+)", made, flags=re.M))
+    scripts = {pathlib.PurePath(each).name: (ROOT / each).read_text(encoding="utf-8")
+               for each in tracked("tests/*.py")}
+    for number, line in enumerate((ROOT / path).read_text(encoding="utf-8").splitlines(), 1):
+        if not line.startswith("| ") or line.startswith("| Promise"):
+            continue
+        named = re.findall(r"`([^`]+)`", line.rstrip(" |").split(" | ")[-1])
+        if not named:
+            yield f"{path}:{number}: a promise without a test"
+        for name in named:
+            script, _, test = name.partition(": ")
+            if name not in suites and f"def {test or '-'}(" not in scripts.get(script, ""):
+                yield f"{path}:{number}: there is no test {name}"
+
+
 def floor_of(path):
     room = path.split("/")[0]
     for number, rooms in enumerate(FLOORS):
@@ -244,6 +271,7 @@ def main():
     faults += [fault for path in text if path.endswith(".md") for fault in check_links(path)]
     faults += check_architecture("ARCHITECTURE.md")
     faults += check_oddities()
+    faults += check_promises("docs/reliability.md")
     proven = set(proven_by_the_build(paths))
     headers = [path for path in paths if path.endswith(".h") and path not in proven]
     with concurrent.futures.ThreadPoolExecutor() as pool:

@@ -100,6 +100,7 @@ class Conversion {
 
   std::string Attempt(const TextStyle& style) {
     auto platform = std::make_shared<PicturePlatform>();
+    platform->SetGreatestPicture(options_.picture_memory << 20);
     const std::unique_ptr<OutputFormat> output = outputs_.Make(platform);
     Document& document = output->document();
     output->SetProperties(options_.properties);

@@ -79,6 +79,11 @@ void AddLayoutOptions(OptionTable& table, RawOptions& raw, Options& options) {
   add("size", raw.size, "Size of the text in points, 8 to 72", "POINTS");
   add_one_of("encoding", raw.encoding, "Picture encoding", kEncodingNames,
              "original, which keeps a JPG file as it is; with --classic ascii85");
+  app.add_option(
+         "--picture-memory", options.picture_memory,
+         Wrapped("Memory that decoding a picture may take in MiB, 1 to 2047; a picture that "
+                 "needs more is left out [default: 256]"))
+      ->type_name("MIB");
   app.add_flag("--classic", options.classic,
                Wrapped("Write a classic document, whose bytes never change, instead of one that "
                        "every reader accepts"));
@@ -176,6 +181,13 @@ void TakeValues(const RawOptions& raw, Options& options) {
   style.size = *size;
 }
 
+void CheckPictureMemory(int mebibytes) {
+  constexpr int kMost = 2047;
+  if (mebibytes >= 1 && mebibytes <= kMost) return;
+  throw Failure("--picture-memory: " + std::to_string(mebibytes) +
+                " is not a whole number from 1 to 2047");
+}
+
 void CheckTexts(const Properties& properties) {
   for (const std::string* text :
        {&properties.title, &properties.author, &properties.creator, &properties.producer,
@@ -250,6 +262,7 @@ std::optional<Options> ParseOptions(int argc, const char* const* argv) {
     throw Failure(std::string(error.what()) + "; see vellumark --help");
   }
   TakeValues(raw, options);
+  CheckPictureMemory(options.picture_memory);
   CheckTexts(options.properties);
   options.title_given = app.count("--title") > 0;
   TakeOutput(raw, app.count("--output") > 0, options);

@@ -25,11 +25,13 @@ namespace vellumark {
 
 class VELLUMARK_API PortablePlatform : public Platform {
  public:
-  /// The most bytes that a decoded picture may have, for a host that is handed pictures by
-  /// strangers: a small file can ask for much memory. 2^31 - 1 at first, and at most. A larger
-  /// picture is refused before memory is allocated for it, whether it comes from a file or from
-  /// memory.
+  /// The most bytes that decoding a picture may take, for a host that is handed pictures by
+  /// strangers: a small file can ask for much memory. The bytes are those of the bitmap and its
+  /// alpha, and for a JPG of several scans those of its coefficients. 2^31 - 1 at first, and at
+  /// most. A larger picture is refused before memory is allocated for it, whether it comes from a
+  /// file or from memory.
   void SetGreatestPicture(std::int32_t bytes) noexcept { greatest_picture_ = bytes; }
+  [[nodiscard]] std::int32_t GreatestPicture() const noexcept { return greatest_picture_; }
 
   bool DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) override;
   bool ReadPicture(std::string_view file, std::vector<std::uint8_t>& bytes,

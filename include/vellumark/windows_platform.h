@@ -47,6 +47,7 @@ class WindowsPlatform : public Platform {
   /// and at most. A larger picture is refused once the system's loader has told its size, for which
   /// it may have decoded the picture.
   void SetGreatestPicture(std::int32_t bytes) noexcept { greatest_picture_ = bytes; }
+  [[nodiscard]] std::int32_t GreatestPicture() const noexcept { return greatest_picture_; }
 
   FileHandle CreateOutput(std::string_view name, std::error_code& error) override;
   std::error_code WriteOutput(FileHandle file, std::string_view bytes) override;

@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import enum
+import operator
 import types
 import warnings
 from collections.abc import Callable
@@ -39,6 +40,17 @@ class _Document:
         self._document = _vellumark.new_document(self._class_name, in_memory=False)
         for name, value in properties.items():
             setattr(self, name, value)
+
+    @property
+    def greatest_picture(self) -> int:
+        return self._document.greatest_picture
+
+    @greatest_picture.setter
+    def greatest_picture(self, value: int) -> None:
+        number = operator.index(value)
+        if not 0 <= number < 2**31:
+            raise OverflowError("greatest_picture must be in range(0, 2**31)")
+        self._document.greatest_picture = number
 
     def __enter__(self: _Self) -> _Self:
         return self
@@ -143,5 +155,6 @@ _add_members(PS)
 for _public in (PDF, PS, Enumerations):
     _public.__doc__ = _vellumark.class_help[_public.__name__]
     _public.__module__ = "vellumark"
+_Document.greatest_picture.__doc__ = _vellumark.greatest_picture_help
 render.__doc__ = _vellumark.render_help
 render.__module__ = "vellumark"

@@ -156,6 +156,7 @@ TEST_F(Create, MarginsThatLeaveNoRoomAreNotTaken) {
   EXPECT_EQ(margins_after(275, 0, 300, 0), std::tuple(10, 10, 10, 10));
   EXPECT_EQ(margins_after(32767, 0, 32767, 0), std::tuple(10, 10, 10, 10)) << "sum overflows";
   EXPECT_EQ(margins_after(0, -1, 0, 0), std::tuple(10, 10, 10, 10));
+  EXPECT_EQ(margins_after(0, 411, 0, 411), std::tuple(10, 10, 10, 10)) << "only together";
   EXPECT_EQ(margins_after(274, 0, 300, 821), std::tuple(274, 0, 300, 821));
   EXPECT_EQ(Why(), RefusalReason::None);
 }
@@ -197,6 +198,17 @@ TEST_F(Create, FlushTellsWhetherTheFileWasWritten) {
   short_of_memory.Flush();
   EXPECT_EQ(short_of_memory.LastRefusal().reason, RefusalReason::FileNotWritten);
   EXPECT_TRUE(short_of_memory.Create("a.pdf")) << "the file was closed all the same";
+}
+
+/// Not even an exception.
+class ThrowsANumber final : public MemoryPlatform {
+ public:
+  LocalTime Now() override { throw 7; }  // NOLINT(hicpp-exception-baseclass)
+};
+
+TEST(CreateDeathTest, APlatformThatThrowsWhatIsNotAnExceptionEndsTheProcess) {
+  PDF doc(std::make_shared<ThrowsANumber>());
+  EXPECT_DEATH(doc.Create("doc"), "");
 }
 
 }  // namespace

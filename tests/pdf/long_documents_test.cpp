@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <functional>
 #include <set>
+#include <span>
 
+#include "fuzz/written_file.h"
+#include "tests/bmp_file.h"
 #include "tests/document_fixture.h"
 
 namespace vellumark::tests {
@@ -71,6 +75,45 @@ TEST_F(LongDocuments, ACompositeCallIsTakenBackWhole) {
   const Lines lines = FlushedLines();
   ExpectWhole(lines);
   EXPECT_EQ(Streams(lines).size(), 1U + 16370 + 2 + 1);
+}
+
+/// What needs several numbers is drawn if they are there, and otherwise leaves the rest of the
+/// document whole.
+TEST(LongDocumentsAtTheLimit, PicturesTitlesAndParagraphsAreWholeOrRefused) {
+  struct Case {
+    const char* what;
+    int needs;  // object numbers
+    std::function<bool(PDF&)> call;
+  };
+  const std::string gray = BmpFile{.bits = 8, .pixels = {0, 0, 0, 0}}.Bytes();
+  const auto bytes = [](const std::string& file) {
+    return std::span(reinterpret_cast<const std::uint8_t*>(file.data()), file.size());
+  };
+  const std::string colors = PlainBmp(1, 1);
+  const Case cases[] = {
+      {"24 bits", 4, [&](PDF& doc) { return doc.DrawPicture(bytes(colors)); }},
+      {"24 bits, linked", 5,
+       [&](PDF& doc) { return doc.DrawPicture(bytes(colors), kNoAlignment, "http://x"); }},
+      {"8 bits", 6, [&](PDF& doc) { return doc.DrawPicture(bytes(gray)); }},
+      {"a title", 4, [](PDF& doc) { return doc.WriteTitle("x"); }},
+      {"two lines", 4,
+       [](PDF& doc) { return doc.WriteMultiText("a b", 0, kNoAlignment, false, 11); }},
+      {"three words", 6,
+       [](PDF& doc) { return doc.WriteMultiText("a b c d", 0, kNoAlignment, true, 28); }},
+  };
+  for (const Case& c : cases) {
+    for (int left = 2; left <= 6; left += 2) {
+      const auto memory = std::make_shared<MemoryPlatform>();
+      PDF doc(memory);
+      doc.Create("doc");
+      doc.NewPage(50, 50, 50, 50, 255, 255, 255);
+      for (int i = 0; i < (32767 - 19 - 4 - left) / 2; ++i) doc.DrawLine(0, 0, 1, 1);
+      EXPECT_EQ(c.call(doc), left >= c.needs) << c.what << " with " << left << " numbers left";
+      doc.Flush();
+      EXPECT_EQ(doc.LastRefusal().sentence, "") << c.what;
+      EXPECT_EQ(fuzz::FaultOfClassicPdf(*memory->File("doc")), "") << c.what << ", " << left;
+    }
+  }
 }
 
 TEST_F(LongDocuments, PagesGoOnUntilTheNumbersEnd) {

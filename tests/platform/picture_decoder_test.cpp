@@ -84,6 +84,9 @@ TEST(BmpDecoder, EveryDepthAndOrderKeepsItsPixels) {
         .compression = 1,
         .pixels = {2, 7, 0, 3, 1, 2, 3, 0, 0, 0, 0, 2, 1, 1, 9, 5, 0, 1}},
        {7, 7, 1, 2, 0, 0, 0, 0, 0, 5, 5, 5}},
+      {"RLE4: a literal without its pad at the end",
+       {.width = 5, .height = 1, .bits = 4, .compression = 2, .pixels = {0, 5, 0x12, 0x34, 0x50}},
+       {0x12, 0x34, 0x50, 0}},
       {"RLE4: a run in turns, a literal of odd length",
        {.width = 7,
         .height = 1,
@@ -145,11 +148,17 @@ TEST(PictureDecoder, RefusesWhatIsNotAWholePictureAndSaysWhy) {
       {BmpFile{.width = 32768}.Bytes(), "the picture has more than 32,767 pixels a side"},
       {BmpFile{.height = -0x7FFFFFFF - 1}.Bytes(),
        "the picture has more than 32,767 pixels a side"},
-      {BmpFile{.width = 32767, .height = 32767}.Bytes(), "the picture has too many pixels"},
+      {BmpFile{.width = 32767, .height = 32767}.Bytes(),
+       "decoding its 32,767 x 32,767 pixels takes 3,221,127,168 bytes, but the limit is "
+       "2,147,483,647 bytes"},
       {BmpFile{.width = 30000, .height = 20000}.Bytes(), cut_off},
       {BmpFile{.width = 4, .bits = 8, .compression = 1, .pixels = {3, 1}}.Bytes(), cut_off},
       {BmpFile{.width = 4, .bits = 8, .compression = 1, .pixels = {0, 4, 1, 2, 3}}.Bytes(),
        cut_off},
+      {BmpFile{.width = 5, .bits = 4, .compression = 2, .pixels = {0, 5, 0x12, 0x34}}.Bytes(),
+       cut_off},
+      {BmpFile{.width = 4, .bits = 4, .compression = 2, .pixels = {0, 4, 0x12}}.Bytes(), cut_off},
+      {BmpFile{.width = 4, .bits = 8, .compression = 1, .pixels = {0, 2, 1}}.Bytes(), cut_off},
       {"GIF89a", "the GIF file is damaged or has no picture"},
       {"\xFF\xD8\xFF", cut_off},
       {"\xFF\xD8\xFF\xD8", "the JPG file is damaged"},
@@ -160,7 +169,8 @@ TEST(PictureDecoder, RefusesWhatIsNotAWholePictureAndSaysWhy) {
     EXPECT_TRUE(bitmap.pixels.empty() && bitmap.width == 0) << c.reason;
   }
   Bitmap bitmap;
-  EXPECT_EQ(Decode(PlainBmp(10, 10), bitmap, 100), "the picture has too many pixels")
+  EXPECT_EQ(Decode(PlainBmp(10, 10), bitmap, 100),
+            "decoding its 10 x 10 pixels takes 320 bytes, but the limit is 100 bytes")
       << "a host may set a lower limit";
 }
 
@@ -238,6 +248,34 @@ TEST(GifDecoder, TheFrameIsClippedToItsScreenOnTheBackground) {
   expected[0] = 0x102030;
   expected[1] = 0x405060;
   EXPECT_EQ(PaletteOf(bitmap), expected);
+}
+
+TEST(GifDecoder, WithoutAnyColorTableEverythingIsBlack) {
+  const std::string screen("GIF89a\x02\0\x02\0\0\0\0", 13);
+  const std::string frame(",\0\0\0\0\x02\0\x02\0\0", 10);
+  Bitmap bitmap;
+  ASSERT_EQ(Decode(screen + frame + std::string("\x02\x03\x44\x02\x05\0;", 7), bitmap), "");
+  EXPECT_EQ(bitmap.pixels, (Bytes{1, 0, 0, 0, 0, 1, 0, 0}));
+  EXPECT_EQ(PaletteOf(bitmap), std::vector<std::uint32_t>(256, 0));
+}
+
+TEST(JpegDecoder, FourInksWithoutAMarkerAreNotComplements) {
+  std::string file = Sample("landscape_cmyk.jpg");
+  Bitmap marked;
+  ASSERT_EQ(Decode(file, marked), "");
+  const std::size_t marker = file.find("\xFF\xEE");
+  ASSERT_NE(marker, std::string::npos);
+  file.erase(marker, 2 + static_cast<std::size_t>(file[marker + 3]));
+  Bitmap bitmap;
+  ASSERT_EQ(Decode(file, bitmap), "");
+  ASSERT_EQ(bitmap.pixels.size(), marked.pixels.size());
+  // Little ink as complements is much as it is: nearly all becomes dark.
+  const auto light = [](const Bitmap& picture) {
+    std::size_t sum = 0;
+    for (const std::uint8_t part : picture.pixels) sum += part;
+    return sum;
+  };
+  EXPECT_LT(light(bitmap), light(marked) / 4);
 }
 
 TEST(JpegDecoder, AHoleOrAScanTooManyRefusesThePicture) {

@@ -195,7 +195,8 @@ TEST(PngDecoder, RefusesWhatIsNotAWholePictureAndSaysWhy) {
       {"too high", PngFile{.height = 0xFFFFFFFF}.Bytes(),
        "the picture has more than 32,767 pixels a side"},
       {"too large", PngFile{.width = 32767, .height = 32767, .colors = 6}.Bytes(),
-       "the picture has too many pixels"},
+       "decoding its 32,767 x 32,767 pixels takes 4,294,705,156 bytes, but the limit is "
+       "2,147,483,647 bytes"},
       {"a few bytes for a gigabyte", PngFile{.width = 32767, .height = 32767, .rows = {0}}.Bytes(),
        cut_off},
   };
@@ -205,7 +206,8 @@ TEST(PngDecoder, RefusesWhatIsNotAWholePictureAndSaysWhy) {
     EXPECT_TRUE(bitmap.pixels.empty() && bitmap.alpha.empty() && bitmap.width == 0) << c.what;
   }
   Bitmap bitmap;
-  EXPECT_EQ(Decode(plain.Bytes(), bitmap, 7), "the picture has too many pixels")
+  EXPECT_EQ(Decode(plain.Bytes(), bitmap, 7),
+            "decoding its 2 x 1 pixels takes 8 bytes, but the limit is 7 bytes")
       << "alpha counts too";
   EXPECT_EQ(Decode(plain.Bytes(), bitmap, 8), "");
 }

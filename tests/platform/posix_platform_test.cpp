@@ -141,6 +141,8 @@ TEST(Windows1252, HasOneByteForEachCharacter) {
   EXPECT_EQ(bytes("é€“ÿ\u0081"), "\xE9\x80\x93\xFF\x81");
   EXPECT_EQ(bytes("日𝄞\u0100"), "???");
   EXPECT_EQ(bytes(std::string_view("\0é", 3)), std::string("\0\xE9", 2));
+  EXPECT_EQ(bytes("\xE0\xA0\x80 \xF1\x80\x80\x80 \xF3\xBF\xBF\xBF \xF4\x8F\xBF\xBF"), "? ? ? ?");
+  EXPECT_EQ(bytes("\xE0\x9F\x80 \xF0\x8F\xBF\xBF"), "??? ????") << "overlong";
   EXPECT_EQ(bytes("a\xC0\xAF\xED\xA0\x80\xF4\x90z\xE9"), "a???????z?")
       << "overlong, surrogate, too high, cut off: one for each part that is not UTF-8";
 }

@@ -54,6 +54,21 @@ def test_a_with_block_flushes_what_was_created(document_class):
         assert again.Create("raised"), again.LastRefusal    # though doc is still alive
 
 
+def test_the_greatest_picture_is_a_number_of_31_bits_and_holds(document_class):
+    doc = document_class(greatest_picture=5000)
+    for wrong, error in ((-1, OverflowError), (2**31, OverflowError), ("1", TypeError)):
+        with pytest.raises(error):
+            doc.greatest_picture = wrong
+    assert doc.greatest_picture == 5000
+    doc.Create("picture")
+    doc.NewPage(50, 50, 50, 50, 255, 255, 255)
+    assert not doc.DrawPicture(PICTURE)
+    assert "but the limit is 5,000 bytes" in doc.LastRefusal
+    doc.greatest_picture = 2**31 - 1
+    assert doc.DrawPicture(PICTURE)
+    doc.Flush()
+
+
 @pytest.mark.skipif(not pathlib.Path("/dev/full").exists(), reason="no /dev/full")
 def test_a_with_block_that_cannot_write_says_so(document_class):
     with pytest.raises(RuntimeError, match="No space left"), document_class() as doc:
