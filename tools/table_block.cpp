@@ -200,8 +200,7 @@ class TableSetter {
   void WriteCell(const Line& line, const std::vector<std::string>& links, int x,
                  std::size_t column) {
     if (line.runs.empty()) return;
-    const Run& last = line.runs.back();
-    const int end = last.x + ToPoints(setting_.measure.Width(last.face, last.text));
+    const int end = WidthOf(line, setting_.measure);
     const int spare = std::max(widths_[column] - 2 * padding() - end, 0);
     const char alignment = table_.alignments[first_ + column];
     if (alignment == 'c') x += spare / 2;
@@ -233,10 +232,10 @@ class TableSetter {
 }  // namespace
 
 void SetTable(cmark_node* table, const BlockSetting& setting,
-              const std::function<void(const InlineText&)>& note) {
-  const TableText text = ReadTable(table);
-  for (const TableRow& row : text.rows) {
-    for (const InlineText& cell : row.cells) note(cell);
+              const std::function<void(InlineText&)>& prepare) {
+  TableText text = ReadTable(table);
+  for (TableRow& row : text.rows) {
+    for (InlineText& cell : row.cells) prepare(cell);
   }
   TableSetter(text, setting).Set();
 }

@@ -15,8 +15,8 @@
 
 namespace vellumark::tools {
 
-/// `note` is called with the text of each cell.
+/// `prepare` is called with the text of each cell before it is set.
 void SetTable(cmark_node* table, const BlockSetting& setting,
-              const std::function<void(const InlineText&)>& note);
+              const std::function<void(InlineText&)>& prepare);
 
 }  // namespace vellumark::tools
