@@ -35,7 +35,9 @@ class ContentsSetter {
     std::vector<Line> lines = composer.Compose(MakeWords(text, faces, setting_.measure));
     if (lines.empty()) return;
     if (highest && !pages_.AtTop()) pages_.Advance(ListItemSpace(size) * 2);
-    setting_.flow.Make(static_cast<int>(lines.size()) * LinePitch(size));
+    // A chapter is followed by at least one line.
+    const std::size_t together = lines.size() + (highest ? 1 : 0);
+    setting_.flow.Make(static_cast<int>(together) * LinePitch(size));
     AddNumber(heading.page, faces.text, pages_.width() - left, lines.back());
     for (Line& line : lines) {
       for (Run& run : line.runs) run.quiet = true;
@@ -56,7 +58,7 @@ class ContentsSetter {
     Run number{0, face, std::to_string(page), 1};
     number.x = right - WidthOf(face, number.text);
     // The last dot is at the same place in every line, whatever the number.
-    const int dots_end = right - WidthOf(face, kWidestNumber.substr(0, 3));
+    const int dots_end = right - WidthOf(face, kWidestNumber.substr(0, 4));
     Face plain = face;
     plain.style = FontStyleConstants::Regular;
     const std::int64_t step = setting_.measure.Width(plain, kDot);
