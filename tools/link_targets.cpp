@@ -101,6 +101,7 @@ const std::string& LinkTargets::AnchorOf(cmark_node* heading) const {
 }
 
 std::string LinkTargets::AnchorOf(std::size_t source, std::string_view id) {
+  if (id.empty()) return TopOf(source) + "/";  // of a heading such as "?"
   std::string anchor;
   if (source > 0) anchor.append(std::to_string(source + 1)).append("/");
   return anchor.append(id);
