@@ -19,4 +19,7 @@ namespace vellumark::tools {
 void SetTable(cmark_node* table, const BlockSetting& setting,
               const std::function<void(InlineText&)>& prepare);
 
+/// The height in points of the header and the first row below it, which stay together.
+[[nodiscard]] int HeightOfTableStart(cmark_node* table, const BlockSetting& setting);
+
 }  // namespace vellumark::tools

@@ -46,6 +46,18 @@ std::string LinkOf(const InlineText& text, const InlinePicture& picture) {
   return picture.link == 0 ? std::string() : text.links[picture.link - 1];
 }
 
+/// Whether there is more in a block than comments and the places that links lead to.
+bool IsShown(cmark_node* block) {
+  const auto has_text = [](const InlineText& text) {
+    return !text.only_pictures || !text.pictures.empty();
+  };
+  const NodeKind kind = KindOf(block);
+  if (kind == NodeKind::Paragraph) return has_text(ReadInlines(block));
+  if (kind != NodeKind::HtmlBlock) return true;
+  const std::vector<InlineText> texts = ReadHtmlBlock(LiteralOf(block), StartOf(block));
+  return std::any_of(texts.begin(), texts.end(), has_text);
+}
+
 }  // namespace
 
 Typesetter::Typesetter(OutputFormat& output, TextMeasure& measure, PicturePlatform& pictures,
@@ -328,30 +340,42 @@ void Typesetter::Prepare(InlineText& text) {
   }
 }
 
-/// The height that must fit below a title: up to three titles, and then a picture or three lines,
-/// because a paragraph of three lines is not divided.
+/// The height that must fit below a title: up to three titles, and then what begins the text.
 int Typesetter::HeightBelowTitle(cmark_node* heading) {
   constexpr int kTitlesTogether = 3;
   int height = ParagraphSpace(style_.size);
-  cmark_node* next = cmark_node_next(heading);
+  cmark_node* next = NextShown(heading);
   for (int titles = 1; titles < kTitlesTogether && next != nullptr; ++titles) {
     if (KindOf(next) != NodeKind::Heading) break;
     const int size = TitleSize(style_.size, cmark_node_get_heading_level(next));
     height += SpaceAboveTitle(size) + LinePitch(size) + SpaceBelowTitle(size);
-    next = cmark_node_next(next);
+    next = NextShown(next);
   }
-  if (next == nullptr) return height;
-  if (KindOf(next) == NodeKind::Paragraph) {
-    const InlineText text = ReadInlines(next);
-    std::string reason;
-    std::optional<PictureSize> picture;
-    const bool drawn = text.only_pictures && !text.pictures.empty();
-    if (drawn && !IsRemote(text.pictures.front().file)) {
-      picture = FittedSize(text.pictures.front().file, reason);
-    }
-    if (picture) return height + picture->height;
+  return next == nullptr ? height : height + HeightOfStart(next);
+}
+
+/// The block behind this one, without those that show nothing. Classic documents stay as they are.
+cmark_node* Typesetter::NextShown(cmark_node* block) const {
+  cmark_node* next = cmark_node_next(block);
+  while (targets_ != nullptr && next != nullptr && !IsShown(next)) next = cmark_node_next(next);
+  return next;
+}
+
+/// The height of the part of a block that is never divided: a picture, the first row of a table, or
+/// three lines, because a paragraph of three lines stays on one page.
+int Typesetter::HeightOfStart(cmark_node* block) {
+  const int lines = 3 * LinePitch(style_.size);
+  if (KindOf(block) == NodeKind::Table && targets_ != nullptr) {
+    return std::max(HeightOfTableStart(block, setting_), lines);
   }
-  return height + 3 * LinePitch(style_.size);
+  if (KindOf(block) != NodeKind::Paragraph) return lines;
+  const InlineText text = ReadInlines(block);
+  if (!text.only_pictures || text.pictures.empty()) return lines;
+  const std::string& file = text.pictures.front().file;
+  if (IsRemote(file)) return lines;
+  std::string reason;
+  const std::optional<PictureSize> picture = FittedSize(file, reason);
+  return picture ? picture->height : lines;
 }
 
 }  // namespace vellumark::tools

@@ -81,6 +81,8 @@ class Typesetter {
   void WriteBookmark(cmark_node* heading, const InlineText& text);
 
   [[nodiscard]] int HeightBelowTitle(cmark_node* heading);
+  [[nodiscard]] cmark_node* NextShown(cmark_node* block) const;
+  [[nodiscard]] int HeightOfStart(cmark_node* block);
 
   PicturePlatform& pictures_;
   OutputFormat& output_;

@@ -98,9 +98,11 @@ class CommandLine(HostTest):
 
     def test_a_title_does_not_stand_alone_at_the_bottom(self):
         for lines in range(40, 60):
-            self.typeset("x\n\n" * lines + "# Title\n\nbelow\n", "--size", "8", "--paper", "a5")
-            for page in self.text().split("\f"):
-                self.assertEqual("Title" in page, "below" in page)
+            for below in ("below", "<!-- a -->\n\n# b\n\n<!-- c -->\n\nbelow",
+                          "|a|b|\n|-|-|\n|below|" + "b<br>" * 9 + "|"):
+                self.typeset("x\n\n" * lines + "# Title\n\n" + below, "--size", "8", "--paper", "a5")
+                for page in self.text().split("\f"):
+                    self.assertEqual("Title" in page, "below" in page)
 
     def pages(self):
         return self.reader("pdftotext", "-raw", "out.pdf", "-").decode().split("\f")[:-1]
