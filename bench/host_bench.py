@@ -98,7 +98,7 @@ def main():
             memory = statistics.median(run.memory for run in runs[name]) * 1024
             both = len(markdown) + size[file]()
             row(f"Markdown to {name}, memory to text and file", megabytes(memory), megabytes(both),
-                memory / both, None)
+                memory / both, 2.0)
             parser = statistics.median(run.memory for run in runs["cmark-gfm"]) * 1024
             row(f"Markdown to {name}, memory to cmark-gfm's", megabytes(memory), f"cmark-gfm {megabytes(parser)}",
                 memory / parser, None)

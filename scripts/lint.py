@@ -33,8 +33,8 @@ FLOORS = [
     ["pdf", "ps"],
     ["api"],
     ["automation"],
-    ["python", "tools", "examples", "bench", "fuzz"],
-    ["tests"],
+    ["python", "tools", "examples", "bench"],
+    ["tests", "fuzz"],
 ]
 HOSTS = ("tools", "examples")
 CORE = ("encoding", "layout", "document", "pdf", "ps")

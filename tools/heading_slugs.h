@@ -3,8 +3,8 @@
 // HeadingSlugs: the names by which links reach the headings of a text.
 //
 //     HeadingSlugs slugs;
-//     slugs.Next("What's new?");      // "whats-new"
-//     slugs.Next("What's new?");      // "whats-new-1"
+//     slugs.Next("It's new!");      // "its-new"
+//     slugs.Next("It's new!");      // "its-new-1"
 //
 // They are those of GitHub: letters in lower case, with their marks, decimal digits, "-" and "_";
 // a blank becomes "-", and everything else is left out. A name that a heading before it has gets a
