@@ -34,7 +34,8 @@ FLOORS = [
     ["api"],
     ["automation"],
     ["python", "tools", "examples", "bench"],
-    ["tests", "fuzz"],
+    ["fuzz"],
+    ["tests"],
 ]
 HOSTS = ("tools", "examples")
 CORE = ("encoding", "layout", "document", "pdf", "ps")

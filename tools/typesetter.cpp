@@ -186,7 +186,10 @@ void Typesetter::SetTitle(cmark_node* heading) {
   faces.code.size = faces.text.size;
   LineComposer composer(setting_.measure, pages_.width() - text_left, false);
   const std::vector<Line> lines = composer.Compose(MakeWords(text, faces, setting_.measure));
-  if (lines.empty()) return;
+  if (lines.empty()) {
+    if (targets_ != nullptr) flow_.AddAnchor(targets_->AnchorOf(heading));
+    return;
+  }
   flow_.BeginBlock(SpaceAboveTitle(size));
   const int height = static_cast<int>(lines.size()) * LinePitch(size) + SpaceBelowTitle(size);
   flow_.Make(std::min(height + HeightBelowTitle(heading), pages_.height()));

@@ -170,10 +170,10 @@ class Navigation(HostTest):
         self.assertEqual(self.outline(), [])
 
     def test_titles_without_letters_are_reached_from_the_contents(self):
-        self.typeset("# ?\n\n# !\n\n# ##\n\n[a](#-1)\n", "--toc")
+        self.typeset("# ?\n\n# !\n\n[a](#-1) [b](#-2)\n\n# ##\n", "--toc")
         self.assertEqual([entry[1] for entry in self.outline()], ["?", "!"])
         places, links = self.places()
-        self.assertEqual((links, sorted(places)), (["/1/", "/1/", "-1", "-1", "-1"], ["-1", "/1/"]))
+        self.assertEqual((links, sorted(places)), (["/1/", "/1/", "-1", "-1", "-1", "-2"], ["-1", "-2", "/1/"]))
 
     def test_a_text_without_titles_has_no_contents(self):
         self.assertIn("no titles", self.typeset("text", "--toc"))
