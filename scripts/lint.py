@@ -34,7 +34,8 @@ FLOORS = [
     ["pdf", "ps"],
     ["api"],
     ["automation"],
-    ["python", "tools", "examples", "bench", "fuzz"],
+    ["python", "tools", "examples", "bench"],
+    ["fuzz"],
     ["tests"],
 ]
 HOSTS = ("tools", "examples")

@@ -2,6 +2,7 @@
 #include "tools/conversion.h"
 
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <optional>
 #include <ostream>
@@ -65,6 +66,14 @@ class Conversion {
   Conversion(const std::vector<Source>& sources, const Options& options)
       : sources_(sources), options_(options), outputs_(options), progress_(LinesOf(sources)) {
     if (!options.title_given) options_.properties.title = sources.front().Title();
+    if (options.cover && options_.properties.title.empty()) {
+      throw Failure("--cover: the text has no title to put there; add --title TEXT");
+    }
+    if (options.classic) {
+      options_.style.page.headroom = kClassicHeadroom;
+    } else {
+      targets_.emplace(sources);
+    }
   }
 
   Converted Run(std::ostream& notes) {
@@ -76,6 +85,9 @@ class Conversion {
       done.bytes = RunRagged(notes);
     }
     progress_.Clear();
+    if (options_.contents && headings_.empty()) {
+      notes << "vellumark: the text has no titles, and so no table of contents\n";
+    }
     for (std::size_t i = 0; i < sources_.size(); ++i) {
       const std::string_view name = sources_.size() > 1 ? sources_[i].name : std::string_view();
       WriteNotes(results_[i], sources_[i].text, name, notes);
@@ -98,7 +110,20 @@ class Conversion {
     }
   }
 
+  enum class Contents { None, AtTheEnd, InFront };
+
+  /// With a table of contents the text is set twice: first to find out on which pages the titles
+  /// are and how many the table takes, which is then at the end.
   std::string Attempt(const TextStyle& style) {
+    if (!options_.contents) return Set(style, Contents::None);
+    std::string bytes = Set(style, Contents::AtTheEnd);
+    if (headings_.empty()) return bytes;
+    for (PlacedHeading& heading : headings_) heading.page += contents_pages_;
+    bytes = std::string();
+    return Set(style, Contents::InFront);
+  }
+
+  std::string Set(const TextStyle& style, Contents contents) {
     auto platform = std::make_shared<PicturePlatform>();
     platform->SetGreatestPicture(options_.picture_memory << 20);
     const std::unique_ptr<OutputFormat> output = outputs_.Make(platform);
@@ -107,8 +132,12 @@ class Conversion {
     document.PaperSize(options_.paper);
     document.Orientation(options_.orientation);
     if (!document.Create(kFile)) throw Failure(document.LastRefusal().sentence);
+    if (!options_.classic) SetRunningHeads(options_.heads, style.page.margins, document);
     results_.clear();
-    Typesetter typesetter(*output, outputs_.measure(), *platform, style);
+    Typesetter typesetter(*output, outputs_.measure(), *platform, style,
+                          targets_ ? &*targets_ : nullptr);
+    if (options_.cover) typesetter.SetCoverPage(Cover(platform->Now()));
+    if (contents == Contents::InFront) typesetter.SetContentsPages(headings_);
     std::size_t before = 0;
     for (const Source& source : sources_) {
       platform->SetFolder(source.Folder());
@@ -117,11 +146,27 @@ class Conversion {
       });
       before += LinesOf(source);
     }
+    if (contents == Contents::AtTheEnd) {
+      for (const TypesetResult& result : results_) {
+        headings_.insert(headings_.end(), result.headings.begin(), result.headings.end());
+      }
+      if (!headings_.empty()) contents_pages_ = typesetter.SetContentsPages(headings_);
+    }
     document.Flush();
     const Refusal refusal = document.LastRefusal();
     NoteLostCharacters(output->LostCharacters());
     if (refusal.reason != RefusalReason::None) throw Failure(refusal.sentence);
     return platform->TakeFile(kFile);
+  }
+
+  [[nodiscard]] CoverText Cover(const LocalTime& now) const {
+    constexpr std::array<std::string_view, 12> kMonths = {
+        "January", "February", "March",     "April",   "May",      "June",
+        "July",    "August",   "September", "October", "November", "December"};
+    const std::string today = std::string(kMonths.at(static_cast<std::size_t>(now.month) - 1)) +
+                              " " + std::to_string(now.day) + ", " + std::to_string(now.year);
+    const Properties& properties = options_.properties;
+    return {properties.title, properties.author, options_.date.value_or(today)};
   }
 
   /// With the input in which the first of them is.
@@ -152,7 +197,10 @@ class Conversion {
   Options options_;
   Outputs outputs_;
   ProgressLine progress_;
-  std::vector<TypesetResult> results_;  // of the sources that were begun
+  std::optional<LinkTargets> targets_;   // of a conforming document
+  std::vector<TypesetResult> results_;   // of the sources that were begun
+  std::vector<PlacedHeading> headings_;  // of the table of contents
+  int contents_pages_ = 0;               // that the table takes
 };
 
 }  // namespace

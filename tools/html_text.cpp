@@ -48,6 +48,8 @@ struct Tag {
   bool closing = false;
   std::string src;
   std::string alt;
+  std::string id;
+  bool has_address = false;
 };
 
 class HtmlReader {
@@ -119,9 +121,11 @@ class HtmlReader {
     } else if (tag.name == "img") {
       if (!tag.src.empty()) Add({Picture, std::move(tag.alt), std::move(tag.src), 0}, end);
     } else {
-      if (!tag.closing) Add({Element, tag.name, {}, 0}, at_);
+      const bool only_anchor = tag.name == "a" && !tag.id.empty() && !tag.has_address;
+      if (!tag.closing && !only_anchor) Add({Element, tag.name, {}, 0}, at_);
       if (has_lines) Add({Paragraph, {}, {}, 0}, at_);
       if (tag.name == "td" || tag.name == "th") Add({Text, " ", {}, 0}, at_);
+      if (!tag.closing && !tag.id.empty()) Add({Anchor, std::move(tag.id), {}, 0}, at_);
     }
     MoveTo(end);
     if (!tag.closing && (tag.name == "script" || tag.name == "style")) SkipContent(tag.name);
@@ -190,6 +194,8 @@ class HtmlReader {
     }
     if (name == "src") tag.src = DecodeEntities(value);
     if (name == "alt") tag.alt = DecodeEntities(value);
+    if (name == "id" || (name == "name" && tag.name == "a")) tag.id = DecodeEntities(value);
+    if (name == "href") tag.has_address = true;
     return true;
   }
 

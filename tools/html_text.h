@@ -22,13 +22,14 @@ struct HtmlPiece {
     Break,      ///< the line ends
     Paragraph,  ///< the start or end of an element that has lines of its own, such as div
     Picture,
+    Anchor,   ///< a place that links lead to: an element with an id, or <a name="...">
     Element,  ///< the start of an element, of which only the content is kept
   };
 
   Kind kind = Kind::Text;
-  std::string text;  ///< on one line, with entities decoded; the alternative text, or the name of
-                     ///< the element
-  std::string file;  ///< of a picture
+  std::string text;      ///< on one line, with entities decoded; the alternative text, the id, or
+                         ///< the name of the element
+  std::string file;      ///< of a picture
   std::size_t line = 0;  ///< how many line ends of the HTML are before the piece
 };
 

@@ -36,8 +36,7 @@ class InlineBuilder {
   void OwnText(std::string text) { Text(text_.owned.emplace_back(std::move(text))); }
 
   void OpenLink(std::string_view address) {
-    // An address within the document would lead nowhere: there is no place for it to lead to.
-    if (address.empty() || address.starts_with('#')) return;
+    if (address.empty()) return;
     text_.links.emplace_back(address);
     look.link = text_.links.size();
   }
@@ -48,8 +47,7 @@ class InlineBuilder {
   void OpenPicture(std::string_view file) {
     if (picture_depth_++ > 0) return;
     outside_ = look;
-    InlinePicture picture{std::string(file), {}, text_.spans.size(), look.position};
-    if (look.link != 0) picture.address = text_.links[look.link - 1];
+    InlinePicture picture{std::string(file), look.link, text_.spans.size(), look.position};
     look.italic = true;
     if (IsRemote(file) && look.link == 0) OpenLink(file);
     picture_look_ = look;
@@ -61,6 +59,8 @@ class InlineBuilder {
     MergePictureText();
     look = outside_;
   }
+
+  void Anchor(std::string name) { text_.anchors.push_back(std::move(name)); }
 
   void OmitElement(std::string_view name) {
     if (text_.omitted.count++ > 0) return;
@@ -154,11 +154,12 @@ class InlineReader {
   }
 
   void TakeHtml(std::string_view html) {
-    for (const HtmlPiece& piece : ReadHtml(html)) {
+    for (HtmlPiece& piece : ReadHtml(html)) {
       switch (piece.kind) {
-        case HtmlPiece::Kind::Text: builder_.OwnText(piece.text); break;
+        case HtmlPiece::Kind::Text: builder_.OwnText(std::move(piece.text)); break;
         case HtmlPiece::Kind::Break: builder_.Text("\n"); break;
         case HtmlPiece::Kind::Picture: AddPicture(builder_, piece); break;
+        case HtmlPiece::Kind::Anchor: builder_.Anchor(std::move(piece.text)); break;
         case HtmlPiece::Kind::Element: builder_.OmitElement(piece.text); break;
         case HtmlPiece::Kind::Paragraph: break;
       }
@@ -179,13 +180,17 @@ void OmittedHtml::Add(const OmittedHtml& other) {
   count = sum;
 }
 
-InlineText InlineText::TextOf(const InlinePicture& picture) const {
-  InlineText text;
-  text.links = links;
-  Span span = spans[picture.span];
-  span.text = text.owned.emplace_back(span.text);
-  text.spans.push_back(span);
-  return text;
+void InlineText::RemoveLink(std::size_t number) {
+  for (Span& span : spans) {
+    if (span.link == number) span.link = 0;
+  }
+  for (InlinePicture& picture : pictures) {
+    if (picture.link != number) continue;
+    picture.link = 0;
+    if (!IsRemote(picture.file)) continue;
+    links.push_back(picture.file);
+    spans[picture.span].link = links.size();
+  }
 }
 
 InlineText ReadInlines(cmark_node* block) { return InlineReader().Read(block); }
@@ -195,7 +200,8 @@ std::vector<InlineText> ReadHtmlBlock(std::string_view html, SourcePosition posi
   InlineBuilder builder;
   const auto end_paragraph = [&] {
     InlineText text = builder.Take();
-    if (!text.spans.empty() || text.omitted.count > 0) paragraphs.push_back(std::move(text));
+    const bool empty = text.spans.empty() && text.anchors.empty();
+    if (!empty || text.omitted.count > 0) paragraphs.push_back(std::move(text));
   };
   for (HtmlPiece& piece : ReadHtml(html)) {
     builder.look.position = {position.line + piece.line, piece.line == 0 ? position.byte : 1};
@@ -203,6 +209,7 @@ std::vector<InlineText> ReadHtmlBlock(std::string_view html, SourcePosition posi
       case HtmlPiece::Kind::Text: builder.OwnText(std::move(piece.text)); break;
       case HtmlPiece::Kind::Break: builder.Text("\n"); break;
       case HtmlPiece::Kind::Picture: AddPicture(builder, piece); break;
+      case HtmlPiece::Kind::Anchor: builder.Anchor(std::move(piece.text)); break;
       case HtmlPiece::Kind::Element: builder.OmitElement(piece.text); break;
       case HtmlPiece::Kind::Paragraph: end_paragraph(); break;
     }

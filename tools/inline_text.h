@@ -35,7 +35,7 @@ struct Span {
 
 struct InlinePicture {
   std::string file;
-  std::string address;   ///< of the link around it; empty if there is none
+  std::size_t link = 0;  ///< number of the address around it; 0 for none
   std::size_t span = 0;  ///< the span that represents it
   SourcePosition position;
 };
@@ -60,12 +60,13 @@ struct InlineText {
   std::vector<Span> spans;
   std::vector<std::string> links;
   std::vector<InlinePicture> pictures;
-  bool only_pictures = true;  ///< there is no text besides blanks
+  bool only_pictures = true;         ///< there is no text besides blanks
+  std::vector<std::string> anchors;  ///< names of places in it
   OmittedHtml omitted;
   std::deque<std::string> owned;  ///< texts of spans that are not in the tree
 
-  /// The text of the picture alone.
-  [[nodiscard]] InlineText TextOf(const InlinePicture& picture) const;
+  /// Makes what has the link plain text, and a remote picture in it a link to the picture.
+  void RemoveLink(std::size_t number);
 };
 
 /// The inlines of a block, which must outlive the result.

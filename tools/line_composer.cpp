@@ -22,6 +22,12 @@ void AppendRuns(const Word& word, int x, Line& line) {
 
 }  // namespace
 
+int WidthOf(const Line& line, TextMeasure& measure) {
+  if (line.runs.empty()) return 0;
+  const Run& last = line.runs.back();
+  return last.x + ToPoints(measure.Width(last.face, last.text));
+}
+
 std::vector<Line> LineComposer::Compose(std::vector<Word> words) {
   for (Word& word : words) {
     const bool ends_line = word.ends_line;

@@ -29,11 +29,15 @@ struct Run {
   std::size_t link = 0;
   bool struck = false;
   bool underlined = false;
+  bool quiet = false;  ///< its link is not colored
 };
 
 struct Line {
   std::vector<Run> runs;
 };
+
+/// From the left edge to the end of the last run, in points.
+[[nodiscard]] int WidthOf(const Line& line, TextMeasure& measure);
 
 class LineComposer {
  public:

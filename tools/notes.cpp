@@ -53,6 +53,11 @@ class Notes {
       Line(Count(result_.remote_pictures, "remote picture is", "remote pictures are") +
            " represented by a link" + (name_.empty() ? "" : ", in " + Shown(std::string(name_))));
     }
+    if (result_.lost_links.count > 0) {
+      Line(Count(result_.lost_links.count, "link leads", "links lead") +
+           " to a title that the text does not have; first: " + Shown(result_.lost_links.first) +
+           " at " + PlaceText(source_.PlaceOf(result_.lost_links.position)));
+    }
     for (const LostPicture& picture : result_.lost_pictures) {
       Line("picture " + Shown(picture.file) + " at " +
            PlaceText(source_.PlaceOf(picture.position)) + ": " + Shown(picture.reason));

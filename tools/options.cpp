@@ -107,6 +107,34 @@ void AddKindOptions(CLI::App& app, Options& options) {
       ->excludes(plain);
 }
 
+/// What the document has besides the texts.
+void AddPartOptions(CLI::App& app, Options& options) {
+  app.add_flag("--toc", options.contents,
+               Wrapped("Put a table of contents in front, of the titles down to the third level"));
+  CLI::Option* const cover = app.add_flag(
+      "--cover", options.cover, Wrapped("Put a cover page in front, with title, author and date"));
+  app.add_option("--date", options.date, Wrapped("Date on the cover [default: today]"))
+      ->type_name("TEXT")
+      ->needs(cover);
+  app.add_option("--header", options.heads.header,
+                 Wrapped("Text above every page, in which {page} stands for the page's number, "
+                         "{pages} for the number of pages and {{ for a brace [default: none]"))
+      ->type_name("TEXT");
+  app.add_option("--footer", options.heads.footer,
+                 Wrapped("The same below every page [default: " + options.heads.footer +
+                         "; with --classic the library's notice]"))
+      ->type_name("TEXT");
+}
+
+/// A classic document is as earlier versions made it.
+void CheckClassic(const CLI::App& app, const Options& options) {
+  if (!options.classic) return;
+  for (const char* const name : {"--toc", "--cover", "--date", "--header", "--footer"}) {
+    if (app.count(name) == 0) continue;
+    throw Failure(std::string(name) + ": a classic document does not have it; leave --classic out");
+  }
+}
+
 /// What the program prints about itself, whether there are inputs or not.
 void AddPageOptions(OptionTable& table) {
   table.app.add_flag_callback(
@@ -188,11 +216,13 @@ void CheckPictureMemory(int mebibytes) {
                 " is not a whole number from 1 to 2047");
 }
 
-void CheckTexts(const Properties& properties) {
-  for (const std::string* text :
-       {&properties.title, &properties.author, &properties.creator, &properties.producer,
-        &properties.subject, &properties.keywords}) {
-    if (FirstInvalidByte(*text)) throw Failure("a property on the command line is not UTF-8");
+void CheckTexts(const Options& options) {
+  const Properties& properties = options.properties;
+  const std::string date = options.date.value_or("");
+  for (const std::string* text : {&properties.title, &properties.author, &properties.creator,
+                                  &properties.producer, &properties.subject, &properties.keywords,
+                                  &date, &options.heads.header, &options.heads.footer}) {
+    if (FirstInvalidByte(*text)) throw Failure("a text on the command line is not UTF-8");
   }
 }
 
@@ -252,6 +282,7 @@ std::optional<Options> ParseOptions(int argc, const char* const* argv) {
       ->type_name("FILE");
   AddLayoutOptions(table, raw, options);
   AddPropertyOptions(app, options);
+  AddPartOptions(app, options);
   AddPageOptions(table);
   try {
     app.parse(argc, argv);
@@ -263,7 +294,9 @@ std::optional<Options> ParseOptions(int argc, const char* const* argv) {
   }
   TakeValues(raw, options);
   CheckPictureMemory(options.picture_memory);
-  CheckTexts(options.properties);
+  CheckTexts(options);
+  CheckClassic(app, options);
+  options.style.has_cover = options.cover;
   options.title_given = app.count("--title") > 0;
   TakeOutput(raw, app.count("--output") > 0, options);
   return options;

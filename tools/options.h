@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "tools/output_format.h"
+#include "tools/running_heads.h"
 #include "tools/source.h"
 #include "tools/text_style.h"
 
@@ -29,7 +30,11 @@ struct Options {
   TextStyle style;
   Properties properties;
   int picture_memory = 256;  ///< MiB that decoding a picture may take
-  bool title_given = false;  ///< otherwise the first title of the text is used
+  bool title_given = false;         ///< otherwise the first title of the text is used
+  RunningHeads heads;               ///< of a conforming document
+  bool contents = false;            ///< with a table of contents in front
+  bool cover = false;               ///< with a cover page of title, author and date
+  std::optional<std::string> date;  ///< on the cover; otherwise the day of its creation
 };
 
 [[nodiscard]] std::optional<Options> ParseOptions(int argc, const char* const* argv);

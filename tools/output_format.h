@@ -53,6 +53,13 @@ class OutputFormat {
   [[nodiscard]] virtual bool DrawPicture(std::string_view file, EncodingConstants encoding,
                                          std::string_view link) = 0;
 
+  /// Names the current position, where a link to "#name" leads, and makes it an entry of the
+  /// outline. A format without them ignores both.
+  [[nodiscard]] virtual bool SetAnchor(std::string_view /*name*/) { return true; }
+  [[nodiscard]] virtual bool WriteBookmark(std::string_view /*text*/, int /*level*/) {
+    return true;
+  }
+
   /// Each character, once, that was written and is not shown as itself.
   [[nodiscard]] virtual std::string LostCharacters() { return document().LostCharacters(); }
 };

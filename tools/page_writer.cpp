@@ -45,7 +45,7 @@ PageWriter::PageWriter(OutputFormat& output, const PageSetup& setup)
   // If the margins are too small to be reduced by that much, the area for text is reduced.
   const int overhang = setup.largest_size * 6 / 10 + 2;
   inset_x_ = std::min({margins.left, margins.right, kMostInset});
-  inset_y_ = std::min(margins.top, kMostInset);
+  inset_y_ = std::min(margins.top, setup.headroom);
   width_ = page_width - margins.left - margins.right - std::max(overhang - inset_x_, 0);
   height_ = page_height - margins.top - margins.bottom - kFooter;
   const int least_width = std::max(kNarrowest, kGlyphsPerLine * setup.largest_size);
@@ -113,22 +113,36 @@ bool PageWriter::DrawPicture(const std::string& file, EncodingConstants encoding
                              const std::string& link, int x, const PictureSize& box) {
   Document& document = output_.document();
   document.SetPictureDimensions(Coordinate(box.width), Coordinate(box.height));
-  document.SetPosition(Coordinate(inset_x_ + x), Coordinate(inset_y_ + y_));
+  MoveTo(x, 0);
   const bool drawn = output_.DrawPicture(file, encoding, link);
   const RefusalReason reason = document.LastRefusal().reason;
   if (reason == RefusalReason::NoObjectNumbersLeft) Check(drawn);
   return drawn;
 }
 
+void PageWriter::SetAnchor(const std::string& name) {
+  MoveTo(0, 0);
+  Check(output_.SetAnchor(name));
+}
+
+void PageWriter::WriteBookmark(const std::string& text, int level) {
+  MoveTo(0, 0);
+  Check(output_.WriteBookmark(text, level));
+}
+
+void PageWriter::MoveTo(int x, int below) {
+  output_.document().SetPosition(Coordinate(inset_x_ + x), Coordinate(inset_y_ + y_ + below));
+}
+
 /// Sets color, font and position for a run.
 void PageWriter::Prepare(const Run& run, int x, int below) {
   using enum FontEffectConstants;
   Document& document = output_.document();
-  SetColor(document, run.link == 0 ? kTextColor : kLinkColor);
+  SetColor(document, run.link == 0 || run.quiet ? kTextColor : kLinkColor);
   const auto underline = run.underlined ? Underline : NoFontEffect;
   document.SetFont(run.face.family, run.face.size, run.face.style,
                    run.struck ? Strikethrough : underline);
-  document.SetPosition(Coordinate(inset_x_ + x + run.x), Coordinate(inset_y_ + y_ + below));
+  MoveTo(x + run.x, below);
 }
 
 void PageWriter::Check(bool done) {

@@ -55,10 +55,15 @@ struct Margins {
   int bottom = 64;
 };
 
+/// Between the top margin as the library has it and the text: it separates a header from it.
+inline constexpr int kHeadroom = 8;
+inline constexpr int kClassicHeadroom = 48;  ///< for accents that are texts of their own
+
 struct PageSetup {
   Margins margins;
   Rgb page_color{255, 255, 255};
-  int largest_size = 20;  ///< of any text, in points
+  int headroom = kHeadroom;  ///< at most
+  int largest_size = 20;     ///< of any text, in points
 };
 
 class PageWriter {
@@ -90,6 +95,10 @@ class PageWriter {
   [[nodiscard]] bool DrawPicture(const std::string& file, EncodingConstants encoding,
                                  const std::string& link, int x, const PictureSize& box);
 
+  /// Names the current position, and makes it an entry of the outline.
+  void SetAnchor(const std::string& name);
+  void WriteBookmark(const std::string& text, int level);
+
   /// A line of `thickness` points; y counts down from the current position.
   void DrawLine(Point from, Point to, int thickness, Rgb color);
 
@@ -97,6 +106,7 @@ class PageWriter {
   void FillRectangle(Point corner, int width, int height, Rgb color);
 
  private:
+  void MoveTo(int x, int below);
   void Prepare(const Run& run, int x, int below);
   void Check(bool done);
 

@@ -26,6 +26,10 @@ class PdfOutput final : public OutputFormat {
                                 std::string_view link) override;
   [[nodiscard]] bool DrawPicture(std::string_view file, EncodingConstants encoding,
                                  std::string_view link) override;
+  [[nodiscard]] bool SetAnchor(std::string_view name) override { return pdf_.SetAnchor(name); }
+  [[nodiscard]] bool WriteBookmark(std::string_view text, int level) override {
+    return pdf_.WriteBookmark(text, level);
+  }
 
  private:
   PDF pdf_;

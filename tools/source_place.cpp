@@ -9,22 +9,25 @@
 namespace vellumark::tools {
 namespace {
 
-/// Removes the first line with its end from `text`, and returns it without.
-std::string_view TakeLine(std::string_view& text) {
-  const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
-  const std::string_view line = text.substr(0, end);
-  text.remove_prefix(end);
-  if (text.starts_with("\r\n")) text.remove_prefix(1);
-  if (!text.empty()) text.remove_prefix(1);
-  return line;
-}
+bool IsLineEnd(char c) { return c == '\n' || c == '\r'; }
 
 }  // namespace
 
 std::string_view SourceText::Line(std::size_t number) const {
-  std::string_view rest = text_;
-  for (std::size_t i = 1; i < number; ++i) TakeLine(rest);
-  return TakeLine(rest);
+  if (line_starts_.empty()) FindLines();
+  if (number > line_starts_.size()) return {};
+  const std::string_view rest = text_.substr(line_starts_[std::max(number, std::size_t{1}) - 1]);
+  const auto* const end = std::find_if(rest.begin(), rest.end(), IsLineEnd);
+  return rest.substr(0, static_cast<std::size_t>(end - rest.begin()));
+}
+
+void SourceText::FindLines() const {
+  line_starts_.push_back(0);
+  for (std::size_t at = 0; at < text_.size(); ++at) {
+    if (!IsLineEnd(text_[at])) continue;
+    if (text_.substr(at).starts_with("\r\n")) ++at;
+    line_starts_.push_back(at + 1);
+  }
 }
 
 Place SourceText::PlaceOf(SourcePosition position) const {

@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <string_view>
+#include <vector>
 
 namespace vellumark::tools {
 
@@ -37,7 +38,10 @@ class SourceText {
  private:
   [[nodiscard]] std::string_view Line(std::size_t number) const;
 
+  void FindLines() const;
+
   std::string_view text_;
+  mutable std::vector<std::size_t> line_starts_;  // empty until a place is asked for
 };
 
 }  // namespace vellumark::tools

@@ -64,17 +64,33 @@ class TableSetter {
 
   void Set() {
     ChooseSize();
-    const int narrowest = kNarrowestInEms * size_;
     for (std::size_t first = 0; first < table_.columns(); first += count_) {
-      first_ = first;
-      count_ = ColumnsSideBySide(needs_, first, narrowest, room_);
-      const auto begin = needs_.begin() + static_cast<std::ptrdiff_t>(first);
-      widths_ = ChooseWidths({begin, begin + static_cast<std::ptrdiff_t>(count_)}, room_);
+      ChooseColumns(first);
       SetGroup();
     }
   }
 
+  /// Of the header and the first row below it.
+  [[nodiscard]] int HeightOfStart() {
+    if (table_.columns() == 0) return 0;
+    ChooseSize();
+    ChooseColumns(0);
+    int height = 0;
+    for (std::size_t i = 0; i < std::min<std::size_t>(table_.rows.size(), 2); ++i) {
+      height += HeightOf(Compose(table_.rows[i]).lines);
+    }
+    return height;
+  }
+
  private:
+  /// As many columns from `first` on as have room side by side.
+  void ChooseColumns(std::size_t first) {
+    first_ = first;
+    count_ = ColumnsSideBySide(needs_, first, kNarrowestInEms * size_, room_);
+    const auto begin = needs_.begin() + static_cast<std::ptrdiff_t>(first);
+    widths_ = ChooseWidths({begin, begin + static_cast<std::ptrdiff_t>(count_)}, room_);
+  }
+
   [[nodiscard]] int padding() const { return size_ / 2; }  // left and right of a cell
   [[nodiscard]] int margin() const { return size_ / 4; }   // above and below a row
   [[nodiscard]] int pitch() const { return LinePitch(size_); }
@@ -200,8 +216,7 @@ class TableSetter {
   void WriteCell(const Line& line, const std::vector<std::string>& links, int x,
                  std::size_t column) {
     if (line.runs.empty()) return;
-    const Run& last = line.runs.back();
-    const int end = last.x + ToPoints(setting_.measure.Width(last.face, last.text));
+    const int end = WidthOf(line, setting_.measure);
     const int spare = std::max(widths_[column] - 2 * padding() - end, 0);
     const char alignment = table_.alignments[first_ + column];
     if (alignment == 'c') x += spare / 2;
@@ -233,12 +248,16 @@ class TableSetter {
 }  // namespace
 
 void SetTable(cmark_node* table, const BlockSetting& setting,
-              const std::function<void(const InlineText&)>& note) {
-  const TableText text = ReadTable(table);
-  for (const TableRow& row : text.rows) {
-    for (const InlineText& cell : row.cells) note(cell);
+              const std::function<void(InlineText&)>& prepare) {
+  TableText text = ReadTable(table);
+  for (TableRow& row : text.rows) {
+    for (InlineText& cell : row.cells) prepare(cell);
   }
   TableSetter(text, setting).Set();
+}
+
+int HeightOfTableStart(cmark_node* table, const BlockSetting& setting) {
+  return TableSetter(ReadTable(table), setting).HeightOfStart();
 }
 
 }  // namespace vellumark::tools

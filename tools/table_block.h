@@ -15,8 +15,11 @@
 
 namespace vellumark::tools {
 
-/// `note` is called with the text of each cell.
+/// `prepare` is called with the text of each cell before it is set.
 void SetTable(cmark_node* table, const BlockSetting& setting,
-              const std::function<void(const InlineText&)>& note);
+              const std::function<void(InlineText&)>& prepare);
+
+/// The height in points of the header and the first row below it, which stay together.
+[[nodiscard]] int HeightOfTableStart(cmark_node* table, const BlockSetting& setting);
 
 }  // namespace vellumark::tools

@@ -121,7 +121,13 @@ void TextFlow::DrawBar(const Container& quote) {
   pages_.DrawLine({x, top}, {x, bottom - pages_.y()}, kBarThickness, kThinRuleColor);
 }
 
+void TextFlow::WriteAnchors() {
+  for (const std::string& name : anchors_) pages_.SetAnchor(name);
+  anchors_.clear();
+}
+
 void TextFlow::WriteMarker() {
+  WriteAnchors();
   for (const Marker& marker : markers_) {
     if (marker.box != TaskBox::None) {
       DrawBox(marker.box, marker.right);

@@ -62,8 +62,12 @@ class TextFlow {
   void Make(int height);
   void NewPage();
 
-  /// Writes the markers of the items whose first line is at the current position.
+  /// Names the place where the next line will be.
+  void AddAnchor(std::string name) { anchors_.push_back(std::move(name)); }
+
+  /// Writes the markers of the items whose first line is at the current position, and the anchors.
   void WriteMarker();
+  void WriteAnchors();
 
  private:
   enum class Kind { Quote, List, Item };
@@ -96,6 +100,7 @@ class TextFlow {
     int right = 0;
   };
   std::vector<Marker> markers_;  // of the items that begin with the next line
+  std::vector<std::string> anchors_;
 };
 
 }  // namespace vellumark::tools

@@ -6,10 +6,9 @@
 //     const std::int64_t width = measure.Width(face, "Übermut");   // in 1/1000 point
 //     x + ToPoints(width)
 //
-// The width of a text is the sum of the widths of its characters, each of which is measured once: a
-// ScratchDocument takes it repeated, at a size at which the distance that the current position
-// moves is exactly the width in 1/1000 em. Sums of these widths are as exact as those of the
-// library itself.
+// The width of a text is the sum of the widths of its characters, each of which is measured once,
+// with TextWidth: repeated, and at a size at which the whole points that it returns are the width
+// in 1/1000 em. Sums of these widths are as exact as those of the library itself.
 #pragma once
 
 #include <array>
@@ -42,7 +41,7 @@ struct Face {
   return static_cast<int>((width + 500) / 1000);
 }
 
-/// A document that nobody sees.
+/// A document without pages, which measures.
 class ScratchDocument {
  public:
   explicit ScratchDocument(bool conforming);

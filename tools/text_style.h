@@ -15,6 +15,7 @@ struct TextStyle {
   FontNumberConstants font = FontNumberConstants::Times;
   int size = 11;
   bool justify = true;
+  bool has_cover = false;
   EncodingConstants encoding = EncodingConstants::ASCII85;  ///< of pictures
   PageSetup page;  ///< its largest_size is ignored, and computed from `size`
 

@@ -10,6 +10,7 @@
 
 #include "tools/inline_text.h"
 #include "tools/source_place.h"
+#include "tools/table_of_contents.h"
 
 namespace vellumark::tools {
 
@@ -17,6 +18,13 @@ namespace vellumark::tools {
 struct LostPicture {
   std::string file;
   std::string reason;
+  SourcePosition position;
+};
+
+/// Links to places that do not exist.
+struct LostLinks {
+  std::size_t count = 0;
+  std::string first;  ///< the address of the first one
   SourcePosition position;
 };
 
@@ -28,6 +36,8 @@ struct TypesetResult {
   std::vector<LostPicture> lost_pictures;
   std::size_t remote_pictures = 0;
   OmittedHtml omitted;
+  LostLinks lost_links;
+  std::vector<PlacedHeading> headings;
 };
 
 }  // namespace vellumark::tools

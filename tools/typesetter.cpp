@@ -16,6 +16,7 @@ namespace {
 PageSetup WithLargestSize(const TextStyle& style) {
   PageSetup setup = style.page;
   setup.largest_size = TitleSize(style.size, 1);
+  if (style.has_cover) setup.largest_size = CoverTitleSize(style.size);
   return setup;
 }
 
@@ -40,20 +41,69 @@ void AppendPictureText(const InlineText& from, const InlinePicture& picture, Inl
   text.spans.push_back(span);
 }
 
+/// The address around a picture.
+std::string LinkOf(const InlineText& text, const InlinePicture& picture) {
+  return picture.link == 0 ? std::string() : text.links[picture.link - 1];
+}
+
+/// Whether there is more in a block than comments and the places that links lead to.
+bool IsShown(cmark_node* block) {
+  const auto has_text = [](const InlineText& text) {
+    return !text.only_pictures || !text.pictures.empty();
+  };
+  const NodeKind kind = KindOf(block);
+  if (kind == NodeKind::Paragraph) return has_text(ReadInlines(block));
+  if (kind != NodeKind::HtmlBlock) return true;
+  const std::vector<InlineText> texts = ReadHtmlBlock(LiteralOf(block), StartOf(block));
+  return std::any_of(texts.begin(), texts.end(), has_text);
+}
+
 }  // namespace
 
 Typesetter::Typesetter(OutputFormat& output, TextMeasure& measure, PicturePlatform& pictures,
-                       const TextStyle& style)
+                       const TextStyle& style, const LinkTargets* targets)
     : pictures_(pictures),
       output_(output),
       style_(style),
       pages_(output, WithLargestSize(style)),
       flow_(pages_, measure, style),
-      setting_{pages_, flow_, measure, style} {}
+      setting_{pages_, flow_, measure, style},
+      targets_(targets) {}
+
+void Typesetter::BeginPart() {
+  if (begun_) flow_.NewPage();
+  begun_ = true;
+}
+
+void Typesetter::SetCoverPage(const CoverText& cover) {
+  BeginPart();
+  // Header and footer are read when a page ends.
+  Document& document = output_.document();
+  const std::string header = document.Header();
+  const std::string footer = document.Footer();
+  document.Header("");
+  document.Footer("");
+  SetCover(cover, setting_);
+  flow_.NewPage();
+  begun_ = false;
+  document.Header(header);
+  document.Footer(footer);
+}
+
+int Typesetter::SetContentsPages(const std::vector<PlacedHeading>& headings) {
+  BeginPart();
+  const int before = pages_.pages() - 1;
+  SetContents(headings, setting_);
+  return pages_.pages() - before;
+}
 
 void Typesetter::Typeset(const Source& source, TypesetResult& result, const Progress& progress) {
-  if (result_ != nullptr) flow_.NewPage();
+  BeginPart();
+  source_ += result_ != nullptr ? 1 : 0;
   result_ = &result;
+  open_levels_.clear();
+  anchors_.clear();
+  if (targets_ != nullptr) pages_.SetAnchor(LinkTargets::TopOf(source_));
   if (source.tree) {
     TypesetTree(*source.tree, progress);
   } else {
@@ -63,6 +113,7 @@ void Typesetter::Typeset(const Source& source, TypesetResult& result, const Prog
       progress(result.pages, line);
     });
   }
+  flow_.WriteAnchors();  // of what has no line
   result.pages = pages_.pages();
 }
 
@@ -97,10 +148,12 @@ void Typesetter::Enter(NodeWalk& walk, NodeKind kind) {
     case NodeKind::CodeBlock: SetCode(LiteralOf(node), setting_); break;
     case NodeKind::Rule: SetRule(); break;
     case NodeKind::Table:
-      SetTable(node, setting_, [this](const InlineText& text) { Note(text); });
+      SetTable(node, setting_, [this](InlineText& text) { Prepare(text); });
       break;
     case NodeKind::HtmlBlock:
-      for (const InlineText& text : ReadHtmlBlock(LiteralOf(node), StartOf(node))) SetText(text);
+      for (InlineText& text : ReadHtmlBlock(LiteralOf(node), StartOf(node))) {
+        SetText(std::move(text));
+      }
       break;
     default: break;
   }
@@ -124,8 +177,8 @@ void Typesetter::EnterList(cmark_node* list) {
 }
 
 void Typesetter::SetTitle(cmark_node* heading) {
-  const InlineText text = ReadInlines(heading);
-  Note(text);
+  InlineText text = ReadInlines(heading);
+  Prepare(text);
   const int level = cmark_node_get_heading_level(heading);
   const int size = TitleSize(style_.size, level);
   const int text_left = flow_.left() + size - 1;
@@ -133,13 +186,17 @@ void Typesetter::SetTitle(cmark_node* heading) {
   faces.code.size = faces.text.size;
   LineComposer composer(setting_.measure, pages_.width() - text_left, false);
   const std::vector<Line> lines = composer.Compose(MakeWords(text, faces, setting_.measure));
-  if (lines.empty()) return;
+  if (lines.empty()) {
+    if (targets_ != nullptr) flow_.AddAnchor(targets_->AnchorOf(heading));
+    return;
+  }
   flow_.BeginBlock(SpaceAboveTitle(size));
   const int height = static_cast<int>(lines.size()) * LinePitch(size) + SpaceBelowTitle(size);
   flow_.Make(std::min(height + HeightBelowTitle(heading), pages_.height()));
   for (const Line& line : lines) {
     flow_.Make(LinePitch(size));
     if (&line == &lines.front()) {
+      if (targets_ != nullptr) WriteBookmark(heading, text);
       flow_.WriteMarker();
       pages_.WriteTitleLine(line, text.links, flow_.left(), size,
                             level % 2 == 1 ? BulletConstants::Disc : BulletConstants::Square);
@@ -162,8 +219,8 @@ void Typesetter::SetRule() {
 }
 
 /// A paragraph, or the pictures in it if there is nothing else.
-void Typesetter::SetText(const InlineText& text) {
-  Note(text);
+void Typesetter::SetText(InlineText text) {
+  Prepare(text);
   if (text.only_pictures && !text.pictures.empty()) {
     SetPictures(text);
   } else {
@@ -198,7 +255,7 @@ void Typesetter::SetPictures(const InlineText& text) {
     if (!IsRemote(picture.file)) size = FittedSize(picture.file, reason);
     if (size) {
       set_instead();
-      if (Draw(picture, *size, reason)) continue;
+      if (Draw(text, picture, *size, reason)) continue;
     }
     if (!IsRemote(picture.file)) {
       result_->lost_pictures.push_back({picture.file, reason, picture.position});
@@ -208,11 +265,12 @@ void Typesetter::SetPictures(const InlineText& text) {
   set_instead();
 }
 
-bool Typesetter::Draw(const InlinePicture& picture, const PictureSize& size, std::string& reason) {
+bool Typesetter::Draw(const InlineText& text, const InlinePicture& picture, const PictureSize& size,
+                      std::string& reason) {
   flow_.BeginBlock(flow_.SpaceOfParagraph());
   flow_.Make(size.height);
   const int x = flow_.left() + (flow_.width() - size.width) / 2;
-  if (!pages_.DrawPicture(picture.file, style_.encoding, picture.address, x, Box())) {
+  if (!pages_.DrawPicture(picture.file, style_.encoding, LinkOf(text, picture), x, Box())) {
     reason = output_.document().LastRefusal().sentence;
     return false;
   }
@@ -230,37 +288,97 @@ std::optional<PictureSize> Typesetter::FittedSize(const std::string& file, std::
   return FitInto(Box(), pixels);
 }
 
-void Typesetter::Note(const InlineText& text) {
+void Typesetter::WriteBookmark(cmark_node* heading, const InlineText& text) {
+  const int level = cmark_node_get_heading_level(heading);
+  while (!open_levels_.empty() && open_levels_.back() >= level) open_levels_.pop_back();
+  open_levels_.push_back(level);
+  const auto depth = static_cast<int>(open_levels_.size());
+  const std::string& anchor = targets_->AnchorOf(heading);
+  std::string title = PlainText(text);
+  pages_.SetAnchor(anchor);
+  pages_.WriteBookmark(title, depth);
+  result_->headings.push_back({std::move(title), depth, pages_.pages(), anchor});
+}
+
+void Typesetter::ResolveLinks(InlineText& text) {
+  for (std::size_t number = 1; number <= text.links.size(); ++number) {
+    const std::string address = text.links[number - 1];
+    if (targets_ == nullptr) {
+      if (address.starts_with('#')) text.RemoveLink(number);
+      continue;
+    }
+    const std::optional<std::string> place = targets_->PlaceOf(source_, address);
+    if (!place) continue;
+    if (!place->empty()) {
+      text.links[number - 1] = "#" + *place;
+      continue;
+    }
+    const auto shown = std::find_if(text.spans.begin(), text.spans.end(),
+                                    [=](const Span& span) { return span.link == number; });
+    if (shown == text.spans.end()) continue;  // a link without text
+    LostLinks& lost = result_->lost_links;
+    if (lost.count++ == 0) {
+      lost.first = address;
+      lost.position = shown->position;
+    }
+    text.RemoveLink(number);
+  }
+}
+
+void Typesetter::AddAnchors(const InlineText& text) {
+  if (targets_ == nullptr) return;
+  for (const std::string& name : text.anchors) {
+    std::string anchor = LinkTargets::AnchorOf(source_, name);
+    const bool first = !targets_->IsHeading(anchor) && anchors_.insert(anchor).second;
+    if (first && !name.empty()) flow_.AddAnchor(std::move(anchor));
+  }
+}
+
+void Typesetter::Prepare(InlineText& text) {
+  ResolveLinks(text);
+  AddAnchors(text);
   result_->omitted.Add(text.omitted);
   for (const InlinePicture& picture : text.pictures) {
     if (IsRemote(picture.file)) ++result_->remote_pictures;
   }
 }
 
-/// The height that must fit below a title: up to three titles, and then a picture or three lines,
-/// because a paragraph of three lines is not divided.
+/// The height that must fit below a title: up to three titles, and then what begins the text.
 int Typesetter::HeightBelowTitle(cmark_node* heading) {
   constexpr int kTitlesTogether = 3;
   int height = ParagraphSpace(style_.size);
-  cmark_node* next = cmark_node_next(heading);
+  cmark_node* next = NextShown(heading);
   for (int titles = 1; titles < kTitlesTogether && next != nullptr; ++titles) {
     if (KindOf(next) != NodeKind::Heading) break;
     const int size = TitleSize(style_.size, cmark_node_get_heading_level(next));
     height += SpaceAboveTitle(size) + LinePitch(size) + SpaceBelowTitle(size);
-    next = cmark_node_next(next);
+    next = NextShown(next);
   }
-  if (next == nullptr) return height;
-  if (KindOf(next) == NodeKind::Paragraph) {
-    const InlineText text = ReadInlines(next);
-    std::string reason;
-    std::optional<PictureSize> picture;
-    const bool drawn = text.only_pictures && !text.pictures.empty();
-    if (drawn && !IsRemote(text.pictures.front().file)) {
-      picture = FittedSize(text.pictures.front().file, reason);
-    }
-    if (picture) return height + picture->height;
+  return next == nullptr ? height : height + HeightOfStart(next);
+}
+
+/// The block behind this one, without those that show nothing. Classic documents stay as they are.
+cmark_node* Typesetter::NextShown(cmark_node* block) const {
+  cmark_node* next = cmark_node_next(block);
+  while (targets_ != nullptr && next != nullptr && !IsShown(next)) next = cmark_node_next(next);
+  return next;
+}
+
+/// The height of the part of a block that is never divided: a picture, the first row of a table, or
+/// three lines, because a paragraph of three lines stays on one page.
+int Typesetter::HeightOfStart(cmark_node* block) {
+  const int lines = 3 * LinePitch(style_.size);
+  if (KindOf(block) == NodeKind::Table && targets_ != nullptr) {
+    return std::max(HeightOfTableStart(block, setting_), lines);
   }
-  return height + 3 * LinePitch(style_.size);
+  if (KindOf(block) != NodeKind::Paragraph) return lines;
+  const InlineText text = ReadInlines(block);
+  if (!text.only_pictures || text.pictures.empty()) return lines;
+  const std::string& file = text.pictures.front().file;
+  if (IsRemote(file)) return lines;
+  std::string reason;
+  const std::optional<PictureSize> picture = FittedSize(file, reason);
+  return picture ? picture->height : lines;
 }
 
 }  // namespace vellumark::tools

@@ -34,7 +34,8 @@ class CommandLine(HostTest):
         self.typeset(" ".join(words))
         self.assertGreater(int(self.info("Pages")), 2)
         self.assertEqual(re.findall(r"w\d+", self.text()), words)
-        self.assertEqual(self.text().count("Copyright (c) 2026 Vellumark"), int(self.info("Pages")))
+        for number, page in enumerate(self.pages(), 1):
+            self.assertTrue(page.endswith(f"\n{number}\n"))
 
     def test_letters_come_out_as_themselves_in_every_reader(self):
         text = "Größe, Übermut, cafe\u0301, Łódź, őű — “so” it's `x` © 5 € ≤ 6\u00a0× ½ →"
@@ -97,9 +98,11 @@ class CommandLine(HostTest):
 
     def test_a_title_does_not_stand_alone_at_the_bottom(self):
         for lines in range(40, 60):
-            self.typeset("x\n\n" * lines + "# Title\n\nbelow\n", "--size", "8", "--paper", "a5")
-            for page in self.text().split("\f"):
-                self.assertEqual("Title" in page, "below" in page)
+            for below in ("below", "<!-- a -->\n\n# b\n\n<!-- c -->\n\nbelow",
+                          "|a|b|\n|-|-|\n|below|" + "b<br>" * 9 + "|"):
+                self.typeset("x\n\n" * lines + "# Title\n\n" + below, "--size", "8", "--paper", "a5")
+                for page in self.text().split("\f"):
+                    self.assertEqual("Title" in page, "below" in page)
 
     def pages(self):
         return self.reader("pdftotext", "-raw", "out.pdf", "-").decode().split("\f")[:-1]
@@ -139,7 +142,8 @@ class CommandLine(HostTest):
             with self.subTest(cells=cells):
                 rule = "|".join("-" * (cells.count("|") + 1))
                 self.typeset(f"|{cells}|\n|{rule}|\n|{cells}|\n")
-                boxes = [box for box in self.boxes() if box[0] not in "Copyright (c) 2026 Vellumark".split()]
+                boxes = self.boxes()
+                boxes = [box for box in boxes if box[3] < 750]  # without the footer
                 self.assertLessEqual(max(box[4] for box in boxes), 595 - 64 + 1)
                 self.assertEqual(b" 11 Tf" not in self.expanded(), smaller)
                 shown = "".join(sorted("".join(box[0] for box in boxes)))
@@ -173,7 +177,7 @@ class CommandLine(HostTest):
 
     def test_html_is_left_out_except_its_text_and_told_once(self):
         said = self.typeset("<!-- gone -->\n<div>\nin<br>block &amp; more</div>\n\na <kbd>b</kbd> c<!-- x -->\n")
-        self.assertEqual(self.pages()[0].split()[:8], ["in", "block", "&", "more", "a", "b", "c", "Copyright"])
+        self.assertEqual(self.pages()[0].split(), ["in", "block", "&", "more", "a", "b", "c", "1"])
         self.assertEqual(said, "vellumark: 2 HTML tags were left out, and the text inside was kept; "
                                "first: <div> at line 2, column 1\n")
 
@@ -210,8 +214,8 @@ class CommandLine(HostTest):
     def lines(self, *options):
         """The lines on every page of out.pdf as a terminal shows them, without the footer."""
         text = self.reader("pdftotext", "-layout", *options, "out.pdf", "-").decode()
-        return [[line.rstrip() for line in page.splitlines() if line.strip()
-                 and "Copyright" not in line] for page in text.split("\f")[:-1]]
+        return [[line.rstrip() for line in page.splitlines() if line.strip()][:-1]
+                for page in text.split("\f")[:-1]]
 
     def test_plain_text_keeps_its_lines(self):
         text = "*no* list:\n\n- a  b\tc\n    indented `x` <b>\r\n# no title\n"

@@ -29,8 +29,9 @@ class HostTest(unittest.TestCase):
             file.write(text if isinstance(text, bytes) else text.encode())
         return name
 
-    def run_tool(self, *arguments, stdin=b""):
-        return subprocess.run([TOOL, *arguments], cwd=self.here, input=stdin, capture_output=True)
+    def run_tool(self, *arguments, stdin=b"", environment=None):
+        return subprocess.run([TOOL, *arguments], cwd=self.here, input=stdin, capture_output=True,
+                              env={**os.environ, **(environment or {})})
 
     def typeset(self, text, *options):
         """Typesets the text, and returns the text on standard error."""

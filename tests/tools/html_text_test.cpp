@@ -6,7 +6,8 @@
 namespace vellumark::tools {
 namespace {
 
-/// The pieces in short: text as it is, "/" a break, "|" a paragraph, [file:text], <element>.
+/// The pieces in short: text as it is, "/" a break, "|" a paragraph, [file:text], #anchor#,
+/// <element>.
 std::string Shown(std::string_view html) {
   std::string shown;
   for (const HtmlPiece& piece : ReadHtml(html)) {
@@ -15,10 +16,16 @@ std::string Shown(std::string_view html) {
       case HtmlPiece::Kind::Break: shown += '/'; break;
       case HtmlPiece::Kind::Paragraph: shown += '|'; break;
       case HtmlPiece::Kind::Picture: shown += '[' + piece.file + ':' + piece.text + ']'; break;
+      case HtmlPiece::Kind::Anchor: shown += '#' + piece.text + '#'; break;
       case HtmlPiece::Kind::Element: shown += '<' + piece.text + '>'; break;
     }
   }
   return shown;
+}
+
+TEST(HtmlText, ElementsWithAnIdAreAnchors) {
+  EXPECT_EQ(Shown("<a name=a></a><A ID='&lt;'>b<a href=c id=d>e</a>"), "#a##<#b<a>#d#e");
+  EXPECT_EQ(Shown("<p id=a>b</p><input name=c><a id=>"), "<p>|#a#b|<input><a>");
 }
 
 TEST(HtmlText, TextBreaksAndPicturesAreKept) {

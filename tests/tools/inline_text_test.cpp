@@ -38,9 +38,9 @@ TEST_F(Inlines, LooksAreNestedAndEnd) {
   EXPECT_EQ(Shown(Read("a\nb  \nc<br>d")), "(a)( )(b)(\n)(c)(\n)(d)");
 }
 
-TEST_F(Inlines, ReferencesAndAddressesAreLinksButNotPlacesInTheText) {
+TEST_F(Inlines, ReferencesAndAddressesAreLinks) {
   EXPECT_EQ(Shown(Read("[a][1] <b@c.d> [e](#f)\n\n[1]: http://x.y")),
-            "<http://x.y>(a)( )<mailto:b@c.d>(b@c.d)( )(e)");
+            "<http://x.y>(a)( )<mailto:b@c.d>(b@c.d)( )<#f>(e)");
 }
 
 TEST_F(Inlines, APictureIsRepresentedByItsTextOrItsName) {
@@ -50,9 +50,16 @@ TEST_F(Inlines, APictureIsRepresentedByItsTextOrItsName) {
             "i<http://d>(a)( )i<http://f/g>(e)i(h)");
   EXPECT_TRUE(text_.only_pictures);
   ASSERT_EQ(text_.pictures.size(), 3U);
-  EXPECT_EQ(text_.pictures[0].address, "http://d");
+  EXPECT_EQ(text_.links.at(text_.pictures[0].link - 1), "http://d");
   EXPECT_EQ(text_.pictures[2].file, "h");
   EXPECT_EQ(text_.pictures[2].position.byte, 46U);
+}
+
+TEST_F(Inlines, ALinkCanBeRemovedAndLeavesARemotePictureReachable) {
+  Read("[a ![](http://b/c) ![](d)](#x) [e](#x)");
+  text_.RemoveLink(1);
+  EXPECT_EQ(Shown(text_), "(a )i<http://b/c>(c)( )i(d)( )<#x>(e)");
+  EXPECT_EQ(text_.pictures[0].link + text_.pictures[1].link, 0U);
 }
 
 TEST_F(Inlines, OmittedElementsAreCountedAndCommentsAreNot) {

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+//
+// Typesets any bytes as the command-line host does. The first byte chooses the options; the others
+// are the text, as Markdown or plain.
+#include <cstdint>
+#include <cstdlib>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "tools/conversion.h"
+#include "tools/failure.h"
+#include "tools/input_text.h"
+
+namespace {
+
+using namespace vellumark::tools;
+
+Options OptionsOf(unsigned bits) {
+  Options options;
+  options.inputs = {"text.md"};
+  options.format = (bits & 1U) != 0 ? Format::Ps : Format::Pdf;
+  options.classic = (bits & 2U) != 0;
+  options.kind = (bits & 4U) != 0 ? TextKind::Plain : TextKind::Markdown;
+  options.style.justify = (bits & 8U) != 0;
+  if ((bits & 16U) != 0) {
+    options.style.size = kLargestSize;
+    options.style.page.margins = {0, 0, 0, 0};
+  }
+  if ((bits & 32U) != 0) options.style.page.margins = {150, 64, 150, 500};
+  if (options.classic) return options;
+  options.style.encoding = vellumark::EncodingConstants::Original;
+  options.contents = (bits & 64U) != 0;
+  options.cover = options.style.has_cover = (bits & 128U) != 0;
+  return options;
+}
+
+Source SourceOf(std::string text, TextKind kind) {
+  Source source{"text.md", CheckedText(std::move(text), "text.md"), std::nullopt};
+  if (kind == TextKind::Markdown) source.tree.emplace(source.text);
+  return source;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  if (size == 0) return -1;
+  const Options options = OptionsOf(data[0]);
+  std::ostringstream notes;
+  try {
+    std::vector<Source> sources;
+    const std::string text(reinterpret_cast<const char*>(data) + 1, size - 1);
+    sources.push_back(SourceOf(text, options.kind));
+    sources.push_back(SourceOf("# Second\n\n[first](text.md#a)", options.kind));
+    const Converted done = Convert(sources, options, notes);
+    if (!done.bytes.starts_with(options.format == Format::Ps ? "%!PS" : "%PDF")) std::abort();
+    if (done.complete != (notes.str().find("vellumark: picture ") == std::string::npos)) {
+      std::abort();
+    }
+  } catch (const Failure& failure) {
+    const std::string reason = failure.what();
+    if (reason.empty() || reason.find('\n') != std::string::npos) std::abort();
+    // The only reasons that a text may have: a document takes any other.
+    for (const char* const known : {"is not UTF-8", "NUL", "--cover: the text has no title",
+                                    "points of the page for text", "too long for one document"}) {
+      if (reason.find(known) != std::string::npos) return 0;
+    }
+    std::abort();
+  }
+  return 0;
+}

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include "tools/link_targets.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "tools/heading_slugs.h"
+#include "tools/html_text.h"
+#include "tools/inline_text.h"
+#include "tools/utf8_text.h"
+
+namespace vellumark::tools {
+namespace {
+
+/// The text of a heading as its slug has it: without pictures and line ends.
+std::string SluggedText(cmark_node* heading) {
+  std::string text;
+  for (NodeWalk walk(heading); walk.Next();) {
+    if (!walk.entering()) continue;
+    const NodeKind kind = KindOf(walk.node());
+    if (kind == NodeKind::Image) walk.Skip();
+    if (kind == NodeKind::Text || kind == NodeKind::Code) text += LiteralOf(walk.node());
+  }
+  return text;
+}
+
+/// Without percent signs; as it is if what they encode is not UTF-8.
+std::string Decoded(std::string_view address) {
+  std::string decoded;
+  for (std::size_t at = 0; at < address.size(); ++at) {
+    unsigned char byte = 0;
+    const char* const digits = address.data() + at + 1;
+    const bool encoded = address[at] == '%' && at + 2 < address.size() &&
+                         std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2;
+    decoded += encoded ? static_cast<char>(byte) : address[at];
+    if (encoded) at += 2;
+  }
+  return FirstInvalidByte(decoded) ? std::string(address) : decoded;
+}
+
+std::string LowerAscii(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(), [](char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  });
+  return text;
+}
+
+}  // namespace
+
+LinkTargets::LinkTargets(const std::vector<Source>& sources) : places_(sources.size()) {
+  for (std::size_t i = 0; i < sources.size(); ++i) {
+    const std::filesystem::path path(sources[i].name);
+    files_.push_back(sources[i].name == "-" ? std::string() : path.lexically_normal().string());
+    if (sources[i].tree) Collect(i, sources[i].tree->root());
+  }
+}
+
+void LinkTargets::Collect(std::size_t number, cmark_node* root) {
+  HeadingSlugs slugs;
+  for (NodeWalk walk(root); walk.Next();) {
+    if (!walk.entering()) continue;
+    const NodeKind kind = KindOf(walk.node());
+    if (kind == NodeKind::Heading) {
+      const std::string slug = slugs.Next(SluggedText(walk.node()));
+      places_[number].insert(slug);
+      heading_anchors_.insert(AnchorOf(number, slug));
+      headings_.emplace(walk.node(), AnchorOf(number, slug));
+    } else if (kind == NodeKind::HtmlBlock || kind == NodeKind::HtmlInline) {
+      for (HtmlPiece& piece : ReadHtml(LiteralOf(walk.node()))) {
+        if (piece.kind == HtmlPiece::Kind::Anchor) places_[number].insert(std::move(piece.text));
+      }
+    }
+  }
+}
+
+std::optional<std::size_t> LinkTargets::SourceNamed(std::size_t from, std::string_view file) const {
+  if (file.empty()) return from;
+  if (IsRemote(file)) return std::nullopt;
+  const auto path = std::filesystem::path(files_[from]).parent_path() / Decoded(file);
+  const auto found = std::find(files_.begin(), files_.end(), path.lexically_normal().string());
+  if (found == files_.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - files_.begin());
+}
+
+std::optional<std::string> LinkTargets::PlaceOf(std::size_t source,
+                                                std::string_view address) const {
+  if (address.empty()) return std::nullopt;
+  const std::size_t mark = std::min(address.find('#'), address.size());
+  const std::optional<std::size_t> target = SourceNamed(source, address.substr(0, mark));
+  if (!target) return std::nullopt;
+  const std::string id = Decoded(address.substr(std::min(mark + 1, address.size())));
+  if (id.empty()) return TopOf(*target);
+  for (const std::string& name : {id, LowerAscii(id)}) {
+    if (places_[*target].count(name) > 0) return AnchorOf(*target, name);
+  }
+  return id == "top" ? TopOf(*target) : std::string();
+}
+
+const std::string& LinkTargets::AnchorOf(cmark_node* heading) const {
+  return headings_.at(heading);
+}
+
+std::string LinkTargets::AnchorOf(std::size_t source, std::string_view id) {
+  if (id.empty()) return TopOf(source) + "/";  // of a heading such as "?"
+  std::string anchor;
+  if (source > 0) anchor.append(std::to_string(source + 1)).append("/");
+  return anchor.append(id);
+}
+
+std::string LinkTargets::TopOf(std::size_t source) {
+  return std::string("/").append(std::to_string(source + 1));
+}
+
+}  // namespace vellumark::tools
