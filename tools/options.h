@@ -29,7 +29,7 @@ struct Options {
   OrientationConstants orientation = OrientationConstants::Portrait;
   TextStyle style;
   Properties properties;
-  int picture_memory = 256;  ///< MiB that decoding a picture may take
+  int picture_memory = 256;         ///< MiB that decoding a picture may take
   bool title_given = false;         ///< otherwise the first title of the text is used
   RunningHeads heads;               ///< of a conforming document
   bool contents = false;            ///< with a table of contents in front
