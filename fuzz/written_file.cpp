@@ -265,7 +265,8 @@ void ReadClassic(std::string_view file) {
     ReadClassicStream(reader, object, data);
     std::string_view stream = file.substr(begin, reader.at() - begin);
     counted += static_cast<std::int64_t>(stream.size());
-    for (std::size_t at = 0; !data && (at = stream.find("\r\n", at)) != stream.npos; at += 2) {
+    for (std::size_t at = 0; !data && (at = stream.find("\r\n", at)) != std::string_view::npos;
+         at += 2) {
       counted -= 2;
     }
     reader.Expect("\r\n");
@@ -300,8 +301,11 @@ void ReadPs(std::string_view file, bool conforming) {
     Require(line.size() <= 255, "a line of more than 255 characters");
     for (const char c : line) Require(c >= ' ' && c <= '~', "a byte that is not clean 7-bit text");
     if (line.starts_with("%%Page: ")) {
-      const std::string number = std::to_string(pages);
-      Require(line == "%%Page: " + number + " " + number, "pages out of order");
+      std::string expected = "%%Page: ";
+      expected += std::to_string(pages);
+      expected += ' ';
+      expected += std::to_string(pages);
+      Require(line == expected, "pages out of order");
     }
     if (line == "/pgsave save def") ++saved;
     if (line == "pgsave restore end") --saved;

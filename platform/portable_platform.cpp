@@ -69,8 +69,8 @@ std::string ReadRegularFile(std::string_view name, std::vector<std::uint8_t>& by
       ::open(std::string(name).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
   struct stat status {};
   if (file.get() < 0 || ::fstat(file.get(), &status) != 0) return LastError();
-  if (!S_ISREG(status.st_mode)) return std::string(platform::kNotRegular);
-  if (status.st_size > platform::kGreatestFile) return std::string(platform::kLargerThan2Gb);
+  if (!S_ISREG(status.st_mode)) return platform::kNotRegular;
+  if (status.st_size > platform::kGreatestFile) return platform::kLargerThan2Gb;
   bytes.resize(static_cast<std::size_t>(status.st_size));
   return ReadAll(file.get(), bytes) ? std::string() : LastError();
 }

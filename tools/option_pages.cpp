@@ -126,7 +126,10 @@ std::string Zsh(const std::vector<Entry>& entries) {
     const std::string letter = "-" + entry.letter;
     text += "  ";
     if (!entry.letter.empty())
-      text += "'(" + letter + " " + name + ")'{" + letter + "," + name + "}";
+      for (const std::string_view part : std::initializer_list<std::string_view>{
+               "'(", letter, " ", name, ")'{", letter, ",", name, "}"}) {
+        text += part;
+      }
     else
       text += "'" + name + "'";
     text += "'[" + Replaced(entry.Short(), "'", "'\\''") + "]";

@@ -92,7 +92,8 @@ TEST(DamagedPictures, EveryBitTurned) {
     }
     // A PNG has sums over all that matters; only a chunk of another name is another chunk.
     const std::string_view kind(name);
-    const bool chunk = kind.find("alpha") != kind.npos || kind.find("key") != kind.npos;
+    const bool chunk =
+        kind.find("alpha") != std::string_view::npos || kind.find("key") != std::string_view::npos;
     const int most = !kind.ends_with(".png") ? 8 * static_cast<int>(file.size()) : chunk ? 31 : 0;
     EXPECT_LE(taken, most) << name;
   }

@@ -105,7 +105,7 @@ int RunFork() {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape): the test fails
   const std::string_view what = argc > 1 ? argv[1] : "";
   if (what == "threads") return RunThreads();
   if (what == "memory") return RunMemory();
