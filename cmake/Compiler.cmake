@@ -20,6 +20,11 @@ if(CMAKE_SYSTEM_PROCESSOR MATCHES "^i.86$")
   add_compile_options(-msse2 -mfpmath=sse)
 endif()
 
+# Everything is watched by the fuzz targets, so that nothing is compiled twice for them.
+if(VELLUMARK_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 if(VELLUMARK_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
