@@ -6,8 +6,8 @@ namespace vellumark {
 
 namespace {
 
-std::unique_ptr<document::Writer> MakeWriter(const document::State& state,
-                                             document::LineBuffer& lines) {
+std::unique_ptr<document::Writer> MakePdfWriter(const document::State& state,
+                                                document::LineBuffer& lines) {
   return std::make_unique<pdf::PdfWriter>(state, lines);
 }
 
@@ -20,7 +20,7 @@ pdf::PdfWriter::Properties& PropertiesOf(document::Writer& writer) {
 PDF::PDF() : PDF(NativePlatform()) {}
 
 PDF::PDF(std::shared_ptr<Platform> platform)
-    : Document(std::make_unique<Parts>(std::move(platform), "1.2", MakeWriter)) {}
+    : Document(std::make_unique<Parts>(std::move(platform), "1.2", MakePdfWriter)) {}
 
 PDF::PDF(PDF&& other) noexcept = default;
 PDF& PDF::operator=(PDF&& other) noexcept = default;

@@ -5,8 +5,8 @@
 namespace vellumark {
 namespace {
 
-std::unique_ptr<document::Writer> MakeWriter(const document::State& state,
-                                             document::LineBuffer& lines) {
+std::unique_ptr<document::Writer> MakePsWriter(const document::State& state,
+                                               document::LineBuffer& lines) {
   return std::make_unique<ps::PsWriter>(state, lines);
 }
 
@@ -15,7 +15,7 @@ std::unique_ptr<document::Writer> MakeWriter(const document::State& state,
 PS::PS() : PS(NativePlatform()) {}
 
 PS::PS(std::shared_ptr<Platform> platform)
-    : Document(std::make_unique<Parts>(std::move(platform), "3.0", MakeWriter)) {}
+    : Document(std::make_unique<Parts>(std::move(platform), "3.0", MakePsWriter)) {}
 
 PS::PS(PS&& other) noexcept = default;
 PS& PS::operator=(PS&& other) noexcept = default;

@@ -7,64 +7,68 @@ namespace vellumark::automation {
 namespace {
 
 template <class E>
-constexpr EnumerationMember Member(std::string_view name, E value) noexcept {
+constexpr EnumerationMember NamedValue(std::string_view name, E value) noexcept {
   return {name, static_cast<std::int32_t>(value)};
 }
 
 using enum AlignmentConstants;
 constexpr EnumerationMember kAlignment[] = {
-    Member("NoAlignment", NoAlignment),
-    Member("LeftAlign", LeftAlign),
-    Member("Center", Center),
-    Member("RightAlign", RightAlign),
+    NamedValue("NoAlignment", NoAlignment),
+    NamedValue("LeftAlign", LeftAlign),
+    NamedValue("Center", Center),
+    NamedValue("RightAlign", RightAlign),
 };
 
 using enum BulletConstants;
 constexpr EnumerationMember kBullet[] = {
-    Member("Disc", Disc),
-    Member("Square", Square),
+    NamedValue("Disc", Disc),
+    NamedValue("Square", Square),
 };
 
 using enum EncodingConstants;
 constexpr EnumerationMember kEncoding[] = {
-    Member("ASCII85", ASCII85), Member("ASCIIHex", ASCIIHex), Member("RunLength", RunLength),
-    Member("Flate", Flate),     Member("Original", Original),
+    NamedValue("ASCII85", ASCII85),     NamedValue("ASCIIHex", ASCIIHex),
+    NamedValue("RunLength", RunLength), NamedValue("Flate", Flate),
+    NamedValue("Original", Original),
 };
 
 using enum FontEffectConstants;
 constexpr EnumerationMember kFontEffect[] = {
-    Member("NoFontEffect", NoFontEffect),
-    Member("Strikethrough", Strikethrough),
-    Member("Underline", Underline),
+    NamedValue("NoFontEffect", NoFontEffect),
+    NamedValue("Strikethrough", Strikethrough),
+    NamedValue("Underline", Underline),
 };
 
 using enum FontNumberConstants;
 constexpr EnumerationMember kFontNumber[] = {
-    Member("Courier", Courier), Member("Helvetica", Helvetica),       Member("Times", Times),
-    Member("Symbol", Symbol),   Member("ZapfDingbats", ZapfDingbats),
+    NamedValue("Courier", Courier),
+    NamedValue("Helvetica", Helvetica),
+    NamedValue("Times", Times),
+    NamedValue("Symbol", Symbol),
+    NamedValue("ZapfDingbats", ZapfDingbats),
 };
 
 using enum FontStyleConstants;
 constexpr EnumerationMember kFontStyle[] = {
-    Member("Regular", Regular),
-    Member("Bold", Bold),
-    Member("Italic", Italic),
-    Member("BoldItalic", BoldItalic),
+    NamedValue("Regular", Regular),
+    NamedValue("Bold", Bold),
+    NamedValue("Italic", Italic),
+    NamedValue("BoldItalic", BoldItalic),
 };
 
 using enum OrientationConstants;
 constexpr EnumerationMember kOrientation[] = {
-    Member("Portrait", Portrait),
-    Member("Landscape", Landscape),
+    NamedValue("Portrait", Portrait),
+    NamedValue("Landscape", Landscape),
 };
 
 using enum PaperSizeConstants;
 constexpr EnumerationMember kPaperSize[] = {
-    Member("A3", A3),           Member("A4", A4),
-    Member("A5", A5),           Member("Executive", Executive),
-    Member("Folio", Folio),     Member("Ledger", Ledger),
-    Member("Legal", Legal),     Member("Letter", Letter),
-    Member("Tabloid", Tabloid),
+    NamedValue("A3", A3),           NamedValue("A4", A4),
+    NamedValue("A5", A5),           NamedValue("Executive", Executive),
+    NamedValue("Folio", Folio),     NamedValue("Ledger", Ledger),
+    NamedValue("Legal", Legal),     NamedValue("Letter", Letter),
+    NamedValue("Tabloid", Tabloid),
 };
 
 }  // namespace

@@ -35,7 +35,7 @@ A drawing or writing method returns True when it wrote something, and False when
 argument or met a run-time error; `LastRefusal` then says why.
 )";
 
-std::string_view TypeName(const ValueType& type) {
+std::string_view ReferenceTypeName(const ValueType& type) {
   switch (type.type) {
     case Type::None: return "";
     case Type::Integer: return "Integer";
@@ -68,7 +68,7 @@ std::string ParameterText(const Parameter& parameter) {
   if (parameter.in_out) text += "out ";
   text += parameter.name;
   text += " As ";
-  text += TypeName(parameter.type);
+  text += ReferenceTypeName(parameter.type);
   if (parameter.bytes) text += " or bytes";
   if (!parameter.optional()) return text;
   text += " = ";
@@ -91,7 +91,7 @@ std::string Signature(const Member& member) {
   }
   if (member.result.type != Type::None) {
     text += " As ";
-    text += TypeName(member.result);
+    text += ReferenceTypeName(member.result);
   }
   if (member.property && !member.Has(Kind::Let)) text += "   (read-only)";
   return text;

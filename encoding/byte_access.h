@@ -3,9 +3,12 @@
 // Several bytes of memory as one number, at any alignment and on either byte order.
 #pragma once
 
+#include <algorithm>
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <span>
 
 namespace vellumark::encoding {
 
@@ -53,6 +56,14 @@ inline std::int32_t CountEqualBytes(const std::uint8_t* a, const std::uint8_t* b
   }
   while (count < limit && a[count] == b[count]) ++count;
   return count;
+}
+
+/// How many bytes from `start` are equal, at most `longest`. `start` is a byte of `data`.
+inline std::size_t RunAt(std::span<const std::uint8_t> data, std::size_t start,
+                         std::size_t longest) {
+  const std::size_t limit = std::min(longest, data.size() - start) - 1;
+  return 1 + static_cast<std::size_t>(CountEqualBytes(data.data() + start, data.data() + start + 1,
+                                                      static_cast<std::int32_t>(limit)));
 }
 
 }  // namespace vellumark::encoding

@@ -33,12 +33,6 @@ std::size_t FindRun(std::span<const std::uint8_t> data, std::size_t from) {
   return data.size();
 }
 
-std::size_t RunAt(std::span<const std::uint8_t> data, std::size_t start) {
-  const std::size_t limit = std::min(kLongest, data.size() - start) - 1;
-  return 1 + static_cast<std::size_t>(CountEqualBytes(data.data() + start, data.data() + start + 1,
-                                                      static_cast<std::int32_t>(limit)));
-}
-
 bool IsPairs(std::span<const std::uint8_t> data) {
   if (data.size() % 2 != 0) return false;
   for (std::size_t i = 0; i < data.size(); i += 2) {
@@ -85,7 +79,7 @@ std::string EncodePackedRuns(std::span<const std::uint8_t> data) {
     out.AddLiterals(data.subspan(start, run - start));
     start = run;
     if (run < data.size()) {
-      const std::size_t length = RunAt(data, run);
+      const std::size_t length = RunAt(data, run, kLongest);
       out.AddRun(length, data[run]);
       start += length;
     }

@@ -15,16 +15,10 @@ namespace {
 
 constexpr std::size_t kGreatestRun = 128;
 
-std::size_t RunAt(std::span<const std::uint8_t> data, std::size_t start) {
-  const std::size_t limit = std::min(kGreatestRun, data.size() - start) - 1;
-  const std::int32_t repetitions = CountEqualBytes(data.data() + start, data.data() + start + 1,
-                                                   static_cast<std::int32_t>(limit));
-  return 1 + static_cast<std::size_t>(repetitions);
-}
-
 std::size_t CountRuns(std::span<const std::uint8_t> data) {
   std::size_t runs = 0;
-  for (std::size_t start = 0; start < data.size(); start += RunAt(data, start)) ++runs;
+  for (std::size_t start = 0; start < data.size(); start += RunAt(data, start, kGreatestRun))
+    ++runs;
   return runs;
 }
 
@@ -46,7 +40,7 @@ std::string EncodeRunLength(std::span<const std::uint8_t> data) {
     std::uint8_t* to = out.Block();
     const std::uint8_t* const block_end = to + EncodedOutput::kBlockSize;
     while (to != block_end && start < data.size()) {
-      const std::size_t run = RunAt(data, start);
+      const std::size_t run = RunAt(data, start, kGreatestRun);
       *to++ = LengthByte(run, start + run == data.size());
       *to++ = data[start];
       start += run;

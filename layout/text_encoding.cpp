@@ -26,8 +26,6 @@ constexpr auto kGlyphs = [] {
   return glyphs;
 }();
 
-constexpr std::uint16_t kCourierWidth = 600;
-
 // The six faces of latin.txt, then Courier; WinAnsi and Extended for each.
 constexpr std::size_t kCourierFace = 6;
 constexpr auto kLatinWidths = [] {

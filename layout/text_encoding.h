@@ -41,6 +41,9 @@ struct CodedGlyph {
 using CodedGlyphs = std::array<CodedGlyph, 256>;
 using CodeWidths = std::array<std::uint16_t, 256>;
 
+/// The width of every character in Courier.
+inline constexpr std::uint16_t kCourierWidth = 600;
+
 /// What stands at each code.
 [[nodiscard]] const CodedGlyphs& GlyphsOf(TextEncoding encoding) noexcept;
 

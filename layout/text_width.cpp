@@ -10,7 +10,6 @@ namespace vellumark::layout {
 namespace {
 
 constexpr int kFirstResource = 101;
-constexpr std::uint16_t kCourierWidth = 600;
 constexpr CodeWidths kNoCodes{};
 constexpr CodeWidths kCourierCodes = [] {
   CodeWidths widths{};

@@ -32,7 +32,7 @@ constexpr std::size_t kHeaderAt = 14;
 constexpr std::uint32_t kCoreSize = 12;
 constexpr std::uint32_t kInfoSize = 40;
 constexpr std::uint32_t kForeignInfoSize = 64;       // its compressions mean something else
-constexpr std::uint64_t kMostPixelsOfOneByte = 128;  // of runs: 255 pixels in two
+constexpr std::uint64_t kMostPixelsOfRunByte = 128;  // of runs: 255 pixels in two
 constexpr std::size_t kMasksAt = kHeaderAt + kInfoSize;
 
 /// The numbers that "compression" carries.
@@ -265,7 +265,7 @@ std::string DecodeBmp(std::span<const std::uint8_t> file, std::int64_t greatest,
   if (header.pixels == BmpPixels::Rle8 || header.pixels == BmpPixels::Rle4) {
     // What is passed over is not in the file, but no picture of this size is passed over.
     std::string too_much =
-        CheckClaim(header.width, header.height, data.size() * kMostPixelsOfOneByte, file.size());
+        CheckClaim(header.width, header.height, data.size() * kMostPixelsOfRunByte, file.size());
     if (!too_much.empty()) return too_much;
     AllocatePixels(header.width, header.height, header.bits, bitmap);
     TakePalette(file, header, bitmap);

@@ -20,7 +20,7 @@ namespace vellumark::platform {
 namespace {
 
 /// A code of 12 bits stands for at most 4,096 pixels.
-constexpr std::uint64_t kMostPixelsOfOneByte = 2731;
+constexpr std::uint64_t kMostPixelsOfCodeByte = 2731;
 
 /// The part of the file that the GIF library has yet to read.
 struct Source {
@@ -122,12 +122,12 @@ std::string DecodeGif(std::span<const std::uint8_t> file, std::int64_t greatest,
   if (why_not.empty()) why_not = CheckSize(gif->Image.Width, gif->Image.Height, 8, greatest);
   if (why_not.empty()) {
     why_not =
-        CheckClaim(gif->SWidth, gif->SHeight, file.size() * kMostPixelsOfOneByte, file.size());
+        CheckClaim(gif->SWidth, gif->SHeight, file.size() * kMostPixelsOfCodeByte, file.size());
   }
   if (!why_not.empty()) return why_not;
   const auto frame = std::uint64_t{static_cast<unsigned>(gif->Image.Width)} *
                      static_cast<unsigned>(gif->Image.Height);
-  if (frame > source.left.size() * kMostPixelsOfOneByte) return kCutOff;
+  if (frame > source.left.size() * kMostPixelsOfCodeByte) return kCutOff;
 
   AllocatePixels(gif->SWidth, gif->SHeight, 8, bitmap);
   std::fill(bitmap.pixels.begin(), bitmap.pixels.end(),

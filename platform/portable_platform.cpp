@@ -22,7 +22,7 @@
 namespace vellumark {
 namespace {
 
-std::string LastError() { return std::error_code(errno, std::generic_category()).message(); }
+std::string LastErrorText() { return std::error_code(errno, std::generic_category()).message(); }
 
 /// Closes a descriptor at the end of its block.
 class Descriptor {
@@ -68,11 +68,11 @@ std::string ReadRegularFile(std::string_view name, std::vector<std::uint8_t>& by
   const Descriptor file(
       ::open(std::string(name).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
   struct stat status {};
-  if (file.get() < 0 || ::fstat(file.get(), &status) != 0) return LastError();
+  if (file.get() < 0 || ::fstat(file.get(), &status) != 0) return LastErrorText();
   if (!S_ISREG(status.st_mode)) return platform::kNotRegular;
   if (status.st_size > platform::kGreatestFile) return platform::kLargerThan2Gb;
   bytes.resize(static_cast<std::size_t>(status.st_size));
-  return ReadAll(file.get(), bytes) ? std::string() : LastError();
+  return ReadAll(file.get(), bytes) ? std::string() : LastErrorText();
 }
 
 std::optional<std::time_t> SourceDateEpoch() {

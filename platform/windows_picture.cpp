@@ -8,19 +8,17 @@
 #include <olectl.h>
 
 #include "platform/picture_format.h"
+#include "platform/windows_component.h"
 #include "platform/windows_png.h"
 
 namespace vellumark::platform {
 namespace {
 
-struct Release {
-  void operator()(IUnknown* object) const { object->Release(); }
-};
 struct FreeMemory {
   void operator()(void* memory) const { GlobalFree(memory); }
 };
-using Stream = std::unique_ptr<IStream, Release>;
-using Picture = std::unique_ptr<IPicture, Release>;
+using Stream = ComponentPointer<IStream>;
+using Picture = ComponentPointer<IPicture>;
 
 /// A stream over a copy of the bytes, which it frees with itself.
 Stream StreamOf(std::span<const std::uint8_t> bytes) {

@@ -12,15 +12,10 @@
 #include "platform/picture_format.h"
 #include "platform/png_header.h"
 #include "platform/png_pixels.h"
+#include "platform/windows_component.h"
 
 namespace vellumark::platform {
 namespace {
-
-struct Release {
-  void operator()(IUnknown* object) const { object->Release(); }
-};
-template <class Interface>
-using Held = std::unique_ptr<Interface, Release>;
 
 /// The component runtime on this thread, for as long as this object exists. A thread that has it
 /// already keeps it as it is.
@@ -41,14 +36,14 @@ class ComponentRuntime {
 
 /// What `make` stores, or null if it fails.
 template <class Interface, class Make>
-Held<Interface> Made(const Make& make) {
+ComponentPointer<Interface> Made(const Make& make) {
   Interface* object = nullptr;
   const HRESULT result = make(&object);
   if (result == E_OUTOFMEMORY) throw std::bad_alloc();
-  return Held<Interface>(SUCCEEDED(result) ? object : nullptr);
+  return ComponentPointer<Interface>(SUCCEEDED(result) ? object : nullptr);
 }
 
-Held<IWICImagingFactory> NewFactory() {
+ComponentPointer<IWICImagingFactory> NewFactory() {
   return Made<IWICImagingFactory>([](IWICImagingFactory** factory) {
     return CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
                             IID_IWICImagingFactory, reinterpret_cast<void**>(factory));
@@ -56,8 +51,8 @@ Held<IWICImagingFactory> NewFactory() {
 }
 
 /// The file's picture; null if the component does not take it. The bytes must outlive it.
-Held<IWICBitmapFrameDecode> OpenFrame(IWICImagingFactory& factory,
-                                      std::span<const std::uint8_t> file) {
+ComponentPointer<IWICBitmapFrameDecode> OpenFrame(IWICImagingFactory& factory,
+                                                  std::span<const std::uint8_t> file) {
   const auto stream =
       Made<IWICStream>([&](IWICStream** made) { return factory.CreateStream(made); });
   auto* const bytes = const_cast<BYTE*>(file.data());  // which the stream only reads
@@ -94,8 +89,8 @@ bool IsOwnDepth(const PngHeader& header, const WICPixelFormatGUID& format) {
   return IsEqualGUID(format, has_palette ? *indexed[place] : *grays[place]) != 0;
 }
 
-Held<IWICBitmapSource> Converted(IWICImagingFactory& factory, IWICBitmapSource& source,
-                                 const WICPixelFormatGUID& format) {
+ComponentPointer<IWICBitmapSource> Converted(IWICImagingFactory& factory, IWICBitmapSource& source,
+                                             const WICPixelFormatGUID& format) {
   auto converter = Made<IWICFormatConverter>(
       [&](IWICFormatConverter** made) { return factory.CreateFormatConverter(made); });
   if (converter == nullptr ||
@@ -103,7 +98,7 @@ Held<IWICBitmapSource> Converted(IWICImagingFactory& factory, IWICBitmapSource& 
                                    WICBitmapPaletteTypeCustom))) {
     return nullptr;
   }
-  return Held<IWICBitmapSource>(converter.release());
+  return ComponentPointer<IWICBitmapSource>(converter.release());
 }
 
 /// Copies the rows to their places, from the bottom upwards.
@@ -151,7 +146,8 @@ bool TakeOwnDepth(IWICImagingFactory& factory, IWICBitmapFrameDecode& frame,
 
 bool TakeConverted(IWICImagingFactory& factory, IWICBitmapFrameDecode& frame,
                    const PngHeader& header, Bitmap& bitmap) {
-  const Held<IWICBitmapSource> source = Converted(factory, frame, GUID_WICPixelFormat32bppBGRA);
+  const ComponentPointer<IWICBitmapSource> source =
+      Converted(factory, frame, GUID_WICPixelFormat32bppBGRA);
   SetFormat(header.width, header.height, 24, bitmap);
   const std::size_t stride = 4 * static_cast<std::size_t>(header.width);
   if (source == nullptr || !CopyRows(*source, stride, bitmap)) return false;
@@ -161,9 +157,9 @@ bool TakeConverted(IWICImagingFactory& factory, IWICBitmapFrameDecode& frame,
 
 std::string Load(std::span<const std::uint8_t> file, const PngHeader& header, Bitmap& bitmap) {
   const ComponentRuntime runtime;
-  const Held<IWICImagingFactory> factory = NewFactory();
+  const ComponentPointer<IWICImagingFactory> factory = NewFactory();
   if (factory == nullptr) return "the system has no imaging component";
-  const Held<IWICBitmapFrameDecode> frame = OpenFrame(*factory, file);
+  const ComponentPointer<IWICBitmapFrameDecode> frame = OpenFrame(*factory, file);
   WICPixelFormatGUID format{};
   UINT width = 0;
   UINT height = 0;

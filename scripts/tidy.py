@@ -33,7 +33,6 @@ def digest(*paths):
 
 def how_compiled(command):
     """The options of a compiler command, without its files."""
-    command = re.sub(r" -Winvalid-pch| -include \S+/cmake_pch\.hxx", "", command)
     return re.sub(r" -(o|MF|MT|c) \S+", "", command)
 
 

@@ -12,7 +12,7 @@
 namespace vellumark::tools {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n\f";
+constexpr std::string_view kHtmlBlanks = " \t\r\n\f";
 
 constexpr std::array<std::string_view, 37> kElementsWithLines = {
     "address", "article", "aside", "blockquote", "body",   "center", "dd",     "details",
@@ -145,7 +145,7 @@ class HtmlReader {
   }
 
   void SkipBlanks(std::size_t& at) const {
-    at = std::min(html_.find_first_not_of(kBlanks, at), html_.size());
+    at = std::min(html_.find_first_not_of(kHtmlBlanks, at), html_.size());
   }
 
   /// Reads a tag from behind its "<" to behind its ">". False if this is not a whole tag.

@@ -7,7 +7,7 @@
 namespace vellumark::tools {
 namespace {
 
-constexpr int kFooter = 20;        // the footer of the library and some space
+constexpr int kFooterHeight = 20;  // the footer of the library and some space
 constexpr int kNarrowest = 120;    // of a page whose footer fits
 constexpr int kMostInset = 48;     // the widest escaped glyph has 0.6 em, 43 of 72 points
 constexpr int kLinesPerPage = 3;   // of the largest text, at least
@@ -47,7 +47,7 @@ PageWriter::PageWriter(OutputFormat& output, const PageSetup& setup)
   inset_x_ = std::min({margins.left, margins.right, kMostInset});
   inset_y_ = std::min(margins.top, setup.headroom);
   width_ = page_width - margins.left - margins.right - std::max(overhang - inset_x_, 0);
-  height_ = page_height - margins.top - margins.bottom - kFooter;
+  height_ = page_height - margins.top - margins.bottom - kFooterHeight;
   const int least_width = std::max(kNarrowest, kGlyphsPerLine * setup.largest_size);
   const int least_height = kLinesPerPage * setup.largest_size;
   if (width_ < least_width || height_ < least_height) {

@@ -11,17 +11,17 @@ namespace vellumark::pdf {
 namespace {
 
 template <class Part>
-std::string Written(const Part& part) {
+std::string WrittenString(const Part& part) {
   std::string text(part.MaxSize(), '*');
   text.resize(static_cast<std::size_t>(part.Write(text.data()) - text.data()));
   return text;
 }
 
 TEST(EscapedString, AnyBytesAreLiteral) {
-  EXPECT_EQ(Written(EscapedString{""}), "()");
-  EXPECT_EQ(Written(EscapedString{"C:\\temp\\new"}), R"((C:\\temp\\new))");
-  EXPECT_EQ(Written(EscapedString{") unbalanced (("}), R"((\) unbalanced \(\())");
-  EXPECT_EQ(Written(EscapedString{{"\r\n\t\0\x80\xFF", 6}}),
+  EXPECT_EQ(WrittenString(EscapedString{""}), "()");
+  EXPECT_EQ(WrittenString(EscapedString{"C:\\temp\\new"}), R"((C:\\temp\\new))");
+  EXPECT_EQ(WrittenString(EscapedString{") unbalanced (("}), R"((\) unbalanced \(\())");
+  EXPECT_EQ(WrittenString(EscapedString{{"\r\n\t\0\x80\xFF", 6}}),
             "(\\r\\n" + std::string("\t\0\x80\xFF)", 5));
 }
 
@@ -30,20 +30,21 @@ TEST(EscapedString, ASpecialByteAnywhere) {
   for (std::size_t place = 0; place < 70; ++place) {
     std::string text(70, 'x');
     text[place] = '(';
-    const std::string written = Written(EscapedString{text});
+    const std::string written = WrittenString(EscapedString{text});
     EXPECT_EQ(written.substr(place, 3), place == 0 ? "(\\(" : "x\\(");
     EXPECT_EQ(written.size(), 73U);
   }
 }
 
 TEST(TextString, IsAsciiOrUtf16) {
-  EXPECT_EQ(Written(TextString{"A (plain) title"}), R"((A \(plain\) title))");
-  EXPECT_EQ(Written(TextString{"é"}), "(\xFE\xFF" + std::string("\0\xE9)", 3));
+  EXPECT_EQ(WrittenString(TextString{"A (plain) title"}), R"((A \(plain\) title))");
+  EXPECT_EQ(WrittenString(TextString{"é"}), "(\xFE\xFF" + std::string("\0\xE9)", 3));
   // U+0428, U+010D, U+0A5C and U+1F600: bytes that are special are escaped, whatever they are half
   // of.
-  EXPECT_EQ(Written(TextString{"Ш\u010D\u0A5C😀"}),
+  EXPECT_EQ(WrittenString(TextString{"Ш\u010D\u0A5C😀"}),
             "(\xFE\xFF\x04\\(\x01\\r\\n\\\\\xD8\x3D\xDE" + std::string("\0)", 2));
-  EXPECT_EQ(Written(TextString{"a\x1B\xFF"}), "(\xFE\xFF" + std::string("\0a\xFF\xFD\xFF\xFD)", 7));
+  EXPECT_EQ(WrittenString(TextString{"a\x1B\xFF"}),
+            "(\xFE\xFF" + std::string("\0a\xFF\xFD\xFF\xFD)", 7));
 }
 
 TEST(UriString, EncodesWhatAUriHasNoPlaceFor) {
@@ -59,7 +60,7 @@ TEST(UriString, EncodesWhatAUriHasNoPlaceFor) {
       {"50%zz<>\\^`{|}\n\x7F", "(50%25zz%3C%3E%5C%5E%60%7B%7C%7D%0A%7F)"},
       {"mailto:a@b.c,[::1]!$'*+;=~", "(mailto:a@b.c,[::1]!$'*+;=~)"},
   };
-  for (const Case& one : kCases) EXPECT_EQ(Written(UriString{one.address}), one.written);
+  for (const Case& one : kCases) EXPECT_EQ(WrittenString(UriString{one.address}), one.written);
 }
 
 TEST(FontEncoding, DifferencesNameWhatWinAnsiLacks) {

@@ -43,7 +43,7 @@ std::string Content(const std::string& name) {
 }
 
 /// Decodes a file and returns whether it was taken; what comes of it must agree with that.
-bool Decode(const std::string& file, Bitmap& bitmap, const std::string& what) {
+bool Decodes(const std::string& file, Bitmap& bitmap, const std::string& what) {
   const std::string why_not = platform::DecodePicture(
       {reinterpret_cast<const std::uint8_t*>(file.data()), file.size()}, kGreatest, bitmap);
   if (!why_not.empty()) {
@@ -66,11 +66,11 @@ TEST(DamagedPictures, CutAtEveryLength) {
   for (const char* const name : kFiles) {
     const std::string file = Content(name);
     Bitmap whole;
-    ASSERT_TRUE(Decode(file, whole, name));
+    ASSERT_TRUE(Decodes(file, whole, name));
     for (std::size_t size = 0; size < file.size(); ++size) {
       const std::string what = std::string(name) + " cut to " + std::to_string(size);
       Bitmap bitmap;
-      if (Decode(file.substr(0, size), bitmap, what)) {
+      if (Decodes(file.substr(0, size), bitmap, what)) {
         EXPECT_EQ(bitmap.pixels, whole.pixels) << what;
         EXPECT_GE(size, file.size() - 3) << what;  // an end mark, and its pad
       }
@@ -87,7 +87,7 @@ TEST(DamagedPictures, EveryBitTurned) {
       const char before = byte;
       byte = static_cast<char>(byte ^ 1 << bit % 8);
       Bitmap bitmap;
-      taken += Decode(file, bitmap, std::string(name) + ", bit " + std::to_string(bit)) ? 1 : 0;
+      taken += Decodes(file, bitmap, std::string(name) + ", bit " + std::to_string(bit)) ? 1 : 0;
       byte = before;
     }
     // A PNG has sums over all that matters; only a chunk of another name is another chunk.

@@ -10,17 +10,12 @@
 
 #include "platform/picture_format.h"
 #include "tests/bmp_file.h"
+#include "tests/platform/decoded_picture.h"
 
 namespace vellumark::tests {
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
-
-std::string Decode(const std::string& file, Bitmap& bitmap,
-                   std::int64_t greatest = platform::kGreatestPicture) {
-  const auto* const data = reinterpret_cast<const std::uint8_t*>(file.data());
-  return std::string(platform::DecodePicture({data, file.size()}, greatest, bitmap));
-}
 
 /// A sample picture of the examples.
 std::string Sample(const std::string& name) {

@@ -3,18 +3,13 @@
 
 #include "platform/picture_decoder.h"
 #include "platform/picture_format.h"
+#include "tests/platform/decoded_picture.h"
 #include "tests/png_file.h"
 
 namespace vellumark::tests {
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
-
-std::string Decode(const std::string& file, Bitmap& bitmap,
-                   std::int64_t greatest = platform::kGreatestPicture) {
-  const auto* const data = reinterpret_cast<const std::uint8_t*>(file.data());
-  return std::string(platform::DecodePicture({data, file.size()}, greatest, bitmap));
-}
 
 std::vector<std::uint32_t> PaletteOf(const Bitmap& bitmap, std::size_t count) {
   std::vector<std::uint32_t> colors;
