@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "document/changes.h"
@@ -27,6 +28,7 @@ struct GraphicsState {
   bool in_text = false;
   layout::Points text_x;
   layout::Points text_y;
+  std::optional<layout::Points> line_step;  ///< what T* moves by; none: not known
 
   /// A page begins with the format's defaults.
   void BeginPage() {
@@ -34,6 +36,7 @@ struct GraphicsState {
     stroke_color = layout::FormatColor(0, 0, 0);
     fill_color = stroke_color;
     thickness = 1;
+    line_step = 0;
   }
 
   /// A stream of its own has only a solid line in force; what else it uses, it sets.
@@ -50,6 +53,7 @@ struct GraphicsState {
   void Forget() noexcept {
     BeginStream();
     dash_known = false;
+    line_step.reset();
   }
 };
 

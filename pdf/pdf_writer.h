@@ -25,6 +25,7 @@
 #include <array>
 #include <map>
 #include <numbers>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -242,7 +243,7 @@ class PdfWriter final : public document::Writer {
     layout::Points x;
     layout::Points y;
   };
-  TextMove MoveText(document::PagePoint baseline);
+  std::optional<TextMove> MoveText(document::PagePoint baseline);
 
   const document::State& state_;
   document::LineBuffer& lines_;

@@ -6,12 +6,14 @@
 //     BT               BT                                        <<
 //     /F4 12 Tf        0 0 1 rg                                  /Type /Annot
 //     1 0 0 1 72 700 Tm  /F4 12 Tf                               /Subtype /Link
-//     T* 0 0 1 rg (text) Tj  72 700 Td(text)Tj                   /A << /URI (address) /S /URI >>
-//     ET               0 -14 Td(the next line)Tj                 ...
+//     T* 0 0 1 rg (text) Tj  72 700 TD(text)Tj                   /A << /URI (address) /S /URI >>
+//     ET               0 -14 TD(the next line)Tj                 ...
+//                      (one more, as far below)'
 //
 // A line of moved words is one operator, in which numbers (1/1000 em) take the place of gaps:
 //
-//     0 -14 Td[(moved )-250(words)]TJ
+//     T*
+//     [(moved )-250(words)]TJ
 #include <charconv>
 #include <cstring>
 #include <utility>
@@ -96,8 +98,12 @@ void PdfWriter::ShowText(std::span<const EncodedRun> runs, PagePoint baseline) {
     BeginText();
     SetFillColor(state_.color);
     SetTextFont(document::FontResource(state_.font, runs.front().encoding));
-    const auto [x, y] = MoveText(baseline);
-    page_.Append(x, ' ', y, " Td", EscapedString{runs.front().bytes}, "Tj");
+    const EscapedString first{runs.front().bytes};
+    if (const auto move = MoveText(baseline)) {
+      page_.Append(move->x, ' ', move->y, " TD", first, "Tj");
+    } else {
+      page_.Append(first, '\'');
+    }
     for (const EncodedRun& run : runs.subspan(1)) {
       SetTextFont(document::FontResource(state_.font, run.encoding));
       page_.Append(EscapedString{run.bytes}, "Tj");
@@ -114,11 +120,14 @@ void PdfWriter::SetTextFont(int resource) {
   objects_.fonts_used[static_cast<std::size_t>(resource)] = true;
 }
 
-/// Where a line of text starts, counted from where the one before started.
-PdfWriter::TextMove PdfWriter::MoveText(PagePoint baseline) {
+/// Where a line of text starts, counted from where the one before started; nothing if it is as far
+/// below as that one was below its own predecessor.
+std::optional<PdfWriter::TextMove> PdfWriter::MoveText(PagePoint baseline) {
   const TextMove move = {baseline.x - graphics_.text_x, baseline.y - graphics_.text_y};
   graphics_.text_x = baseline.x;
   graphics_.text_y = baseline.y;
+  if (move.x == 0 && move.y == graphics_.line_step) return std::nullopt;
+  graphics_.line_step = move.y;
   return move;
 }
 
@@ -126,8 +135,11 @@ void PdfWriter::ShowWords(std::span<const document::PlacedWord> words, PagePoint
   WriteMark(MarkKind::Text, [&] {
     BeginText();
     SetFillColor(state_.color);
-    const auto [x, y] = MoveText(baseline);
-    page_.Append(x, ' ', y, " Td");
+    if (const auto move = MoveText(baseline)) {
+      page_.Append(move->x, ' ', move->y, " TD");
+    } else {
+      page_.Append("T*");
+    }
     MovedWords moved(state_.font.height);
     for (const document::PlacedWord& word : words) {
       moved.BeginWord(word.x);

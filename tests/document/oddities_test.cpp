@@ -25,7 +25,7 @@ TEST_F(Classic, OddityTextIsCodePageBytes) {
 TEST_F(Conforming, ConformingTextStaysUnicodeUpToTheFont) {
   Start();
   ASSERT_TRUE(doc.WriteText("\u00E9\t\u0159 \u0434"));
-  EXPECT_EQ(Marks(), (Lines{"BT", "/F14 8 Tf", "50 784 Td(\xE9 \xF8 ?)Tj"}))
+  EXPECT_EQ(Marks(), (Lines{"BT", "/F14 8 Tf", "50 784 TD(\xE9 \xF8 ?)Tj"}))
       << "one run: the second encoding has both letters";
   EXPECT_EQ(doc.LostCharacters(), "\u0434");
 }
@@ -104,7 +104,7 @@ TEST_F(Conforming, ConformingLastLinesEndWithTheirLastWord) {
   ASSERT_TRUE(doc.WriteMultiText("a"));
   ASSERT_TRUE(doc.WriteMultiText(""));
   ASSERT_TRUE(doc.WriteMultiText("b "));
-  EXPECT_EQ(Marks(), (Lines{"BT", "/F0 8 Tf", "50 784 Td(a)Tj", "0 -16 Td(b)Tj"}))
+  EXPECT_EQ(Marks(), (Lines{"BT", "/F0 8 Tf", "50 784 TD(a)Tj", "0 -16 TD(b)Tj"}))
       << "the empty line takes its height";
 }
 
@@ -121,8 +121,8 @@ TEST_F(Conforming, ConformingJustifiedWordsAreOneText) {
   ASSERT_TRUE(doc.WriteMultiText("a b \u0159 ddddd", 0, kNoAlignment, true, 60));
   // The words stand at 0, 27 and 54 and are, with their blanks, 12 points wide: 15 points are
   // 1,500/1000 em.
-  EXPECT_EQ(Marks(), (Lines{"BT", "50 782 Td", "/F0 10 Tf", "[(a )-1500(b )]TJ", "/F14 10 Tf",
-                            "[-1500(\xF8)]TJ", "/F0 10 Tf", "0 -10 Td(ddddd)Tj"}));
+  EXPECT_EQ(Marks(), (Lines{"BT", "50 782 TD", "/F0 10 Tf", "[(a )-1500(b )]TJ", "/F14 10 Tf",
+                            "[-1500(\xF8)]TJ", "/F0 10 Tf", "0 -10 TD(ddddd)Tj"}));
 }
 
 /// 57 words "T" of 6.108 points, each 8.608 with its blank: 491 points, and rounded 516.

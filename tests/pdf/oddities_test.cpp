@@ -124,8 +124,20 @@ TEST_F(ConformingPdf, ConformingMarksAreOneStreamInWhichOnlyChangesAreSet) {
   doc.WriteText("y", true);
   doc.DrawLine(0, 0, 1, 1);
   EXPECT_EQ(Marks(), (Lines{"2 w", "50 792 m", "51 791 l", "S", "1 0 0 RG", "50 792 m", "51 791 l",
-                            "S", "BT", "1 0 0 rg", "/F0 8 Tf", "50 784 Td(x)Tj", "0 -8 Td(y)Tj",
+                            "S", "BT", "1 0 0 rg", "/F0 8 Tf", "50 784 TD(x)Tj", "0 -8 TD(y)Tj",
                             "ET", "50 792 m", "51 791 l", "S"}));
+}
+
+TEST_F(ConformingPdf, LinesThatAreAsFarApartAsTheTwoBeforeAreNotMoved) {
+  Start();
+  for (const char* const line : {"a", "b", "c"}) doc.WriteText(line, true);
+  EXPECT_TRUE(doc.WriteText("d", false));
+  EXPECT_TRUE(doc.WriteText("e", true, 3)) << "beside";
+  EXPECT_TRUE(doc.WriteText("f", true));
+  EXPECT_FALSE(doc.WriteText(std::string(200, 'x'))) << "refused, and nothing is forgotten";
+  EXPECT_TRUE(doc.WriteText("g", true));
+  EXPECT_EQ(Marks(), (Lines{"BT", "/F0 8 Tf", "50 784 TD(a)Tj", "0 -8 TD(b)Tj", "(c)'", "(d)'",
+                            "5 0 TD(e)Tj", "-5 -11 TD(f)Tj", "0 -8 TD(g)Tj"}));
 }
 
 TEST_F(ConformingPdf, ConformingPagesAreCompressedIfTheyAreToBe) {
@@ -210,7 +222,7 @@ TEST_F(PdfOddities, OddityOnlyParenthesesAreEscaped) {
 TEST_F(ConformingPdf, ConformingTextIsLiteral) {
   Start();
   doc.WriteText(R"(\101 (x) C:\new)");
-  EXPECT_EQ(Marks().back(), R"(50 784 Td(\\101 \(x\) C:\\new)Tj)");
+  EXPECT_EQ(Marks().back(), R"(50 784 TD(\\101 \(x\) C:\\new)Tj)");
 }
 
 TEST_F(PdfOddities, OddityPropertiesAreUnescaped) {

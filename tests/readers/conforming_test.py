@@ -52,8 +52,8 @@ KEYS = {  # the keys of each kind of dictionary
 OPERANDS = {  # of each operator
     "q": "", "Q": "", "BT": "", "ET": "", "S": "", "s": "", "f": "", "B": "", "b": "",
     "w": "n", "d": "an", "g": "n", "G": "n", "rg": "nnn", "RG": "nnn", "m": "nn", "l": "nn",
-    "re": "nnnn", "c": "nnnnnn", "cm": "nnnnnn", "Do": "N", "Tf": "Nn", "Td": "nn", "Tj": "s",
-    "TJ": "a",
+    "re": "nnnn", "c": "nnnnnn", "cm": "nnnnnn", "Do": "N", "Tf": "Nn", "TD": "nn", "T*": "", "Tj": "s",
+    "'": "s", "TJ": "a",
 }
 
 
@@ -205,7 +205,7 @@ def check_operations(data, resources):
     saved, in_text, path = 0, False, False
     for operator, operands in operations(data):
         assert "".join(kinds[type(o)] for o in operands) == OPERANDS[operator], (operator, operands)
-        assert in_text == (operator in ("ET", "Tf", "Td", "Tj", "TJ")) or (
+        assert in_text == (operator in ("ET", "Tf", "TD", "T*", "Tj", "'", "TJ")) or (
             in_text and operator in ("g", "rg")) or operator == "BT" and not in_text, operator
         assert path == (operator in ("l", "c", "S", "s", "f", "B", "b")) or (
             operator in ("m", "re") and not path), operator
