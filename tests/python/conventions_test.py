@@ -156,7 +156,7 @@ def test_compression_makes_conforming_documents_smaller():
         with PDF(Conforming=True, **keywords) as doc:
             doc.Create(name)
             doc.NewPage(50, 50, 50, 50, 255, 255, 255)
-            for i in range(30):
+            for i in range(60):
                 doc.WriteText(f"line {i} of the page", True)
         sizes[name] = pathlib.Path(name).stat().st_size
     assert b"(line 7 of the page)" in pathlib.Path("plain").read_bytes()
