@@ -14,7 +14,6 @@
 // a copy; the samples of a picture become text only when the lines are written.
 #pragma once
 
-#include <charconv>
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
@@ -28,6 +27,7 @@
 
 #include <vellumark/enumerations.h>
 
+#include "document/decimal_digits.h"
 #include "encoding/encoded_output.h"
 #include "layout/points.h"
 
@@ -49,11 +49,17 @@ class LineBuffer {
   /// Appends one line made of `parts` and returns its index. A call that throws appends nothing.
   template <class... Parts>
   std::size_t Append(const Parts&... parts) {
-    char* const start = Room((MaxSize(parts) + ... + kLongestLineEnd));
-    char* end = start;
+    const std::size_t most = (MaxSize(parts) + ... + kLongestLineEnd);
+    if (most + kEntry > open_.Room()) [[unlikely]]
+      AddArena(most);
+    char* end = open_.to;
     ((end = Write(end, parts)), ...);
     end = WriteLineEnd(end);
-    return Commit(static_cast<std::size_t>(end - start));
+    const auto size = static_cast<std::size_t>(end - open_.to);
+    open_.to = end;
+    open_.entries -= kEntry;
+    StoreEntry(open_.entries, size);
+    return Count(size);
   }
 
   /// Appends one line and takes it over. If it has room for two more bytes it is not copied.
@@ -75,7 +81,7 @@ class LineBuffer {
   /// with replaced or encoded lines.
   [[nodiscard]] std::string_view Text(std::string& storage) const;
 
-  [[nodiscard]] std::size_t LineCount() const noexcept { return sizes_.size(); }
+  [[nodiscard]] std::size_t LineCount() const noexcept { return line_count_; }
 
   /// Bytes of all lines with their line ends, before replacements.
   [[nodiscard]] std::int64_t ByteCount() const noexcept { return byte_count_; }
@@ -86,18 +92,18 @@ class LineBuffer {
     std::size_t index = 0;
     auto replaced = replacements_.begin();
     for (const Chunk& chunk : chunks_) {
-      if (!chunk.samples.empty()) {
-        WriteEncoded(chunk, use);
+      if (chunk.arena == nullptr) {
+        UseSingle(chunk, IsReplaced(replaced, index) ? &replaced++->second : nullptr, use);
         ++index;
         continue;
       }
-      const char* line = chunk.Data();
-      for (const char* const end = line + chunk.used; line != end; line += sizes_[index++]) {
-        if (replaced != replacements_.end() && replaced->first == index) {
-          use(std::string_view(replaced++->second));
-        } else {
-          use(std::string_view(line, sizes_[index]));
-        }
+      const char* line = chunk.arena.get();
+      const char* entry = line + chunk.capacity;
+      for (const char* const end = line + Used(chunk); line != end; ++index) {
+        entry -= kEntry;
+        const std::string_view text(line, Entry(entry));
+        use(IsReplaced(replaced, index) ? std::string_view(replaced++->second) : text);
+        line += text.size();
       }
     }
   }
@@ -106,14 +112,16 @@ class LineBuffer {
   struct Mark {
     std::size_t lines = 0;
     std::size_t chunks = 0;
-    std::size_t used = 0;
+    char* to = nullptr;  // in the last chunk
+    char* entries = nullptr;
     std::int64_t byte_count = 0;
   };
 
   void Here(Mark& mark) const noexcept {
-    mark.lines = sizes_.size();
+    mark.lines = line_count_;
     mark.chunks = chunks_.size();
-    mark.used = chunks_.empty() ? 0 : chunks_.back().used;
+    mark.to = open_.to;
+    mark.entries = open_.entries;
     mark.byte_count = byte_count_;
   }
 
@@ -128,25 +136,63 @@ class LineBuffer {
   static constexpr std::size_t kLongestLineEnd = 2;
   static constexpr std::size_t kLongestLine = std::numeric_limits<std::int32_t>::max();
 
-  /// Lines one behind the other: many in an arena, or a single one that was taken over, or is to
-  /// be encoded.
+  static constexpr std::size_t kEntry = sizeof(std::uint32_t);
+
+  /// An arena with many lines, one behind the other from its start, and the size of each, with its
+  /// line end, one before the other from its end. Or a single line that was taken over, or is to be
+  /// encoded.
   struct Chunk {
     [[nodiscard]] const char* Data() const noexcept { return arena ? arena.get() : owned.data(); }
 
     std::unique_ptr<char[]> arena;
     std::string owned;
+    bool encoded = false;
     std::vector<std::uint8_t> samples;
     EncodingConstants encoding = EncodingConstants::ASCII85;
     std::size_t capacity = 0;
-    std::size_t used = 0;
+    std::size_t used = 0;  // by lines; of an arena once another chunk follows
   };
+
+  /// What is free of the last chunk: from `to` up to `entries`; nothing of a single line. A buffer
+  /// that was moved from keeps nothing open.
+  struct Open {
+    Open() = default;
+    Open(char* from, char* end) : to(from), entries(end) {}
+    Open(const Open&) = delete;
+    Open& operator=(const Open&) = delete;
+    Open(Open&& other) noexcept
+        : to(std::exchange(other.to, nullptr)), entries(std::exchange(other.entries, nullptr)) {}
+    Open& operator=(Open&& other) noexcept {
+      to = std::exchange(other.to, nullptr);
+      entries = std::exchange(other.entries, nullptr);
+      return *this;
+    }
+    ~Open() = default;
+
+    [[nodiscard]] std::size_t Room() const noexcept {
+      return static_cast<std::size_t>(entries - to);
+    }
+
+    char* to = nullptr;
+    char* entries = nullptr;
+  };
+
+  static void StoreEntry(char* at, std::size_t size) noexcept {
+    const auto entry = static_cast<std::uint32_t>(size);
+    std::memcpy(at, &entry, kEntry);
+  }
+  static std::size_t Entry(const char* at) noexcept {
+    std::uint32_t entry = 0;
+    std::memcpy(&entry, at, kEntry);
+    return entry;
+  }
 
   static constexpr std::size_t MaxSize(std::string_view text) noexcept { return text.size(); }
   static constexpr std::size_t MaxSize(char) noexcept { return 1; }
   static constexpr std::size_t MaxSize(layout::Points) noexcept { return 6; }
   template <std::integral Integer>
   static constexpr std::size_t MaxSize(Integer) noexcept {
-    return 20;
+    return kMostDigits;
   }
   template <SyntaxPart Part>
   static constexpr std::size_t MaxSize(const Part& part) noexcept {
@@ -170,36 +216,37 @@ class LineBuffer {
   static char* Write(char* to, layout::Points points) noexcept { return Write(to, points.value()); }
   template <std::integral Integer>
   static char* Write(char* to, Integer value) noexcept {
-    return std::to_chars(to, to + 20, value).ptr;
+    return WriteInteger(value, to);
   }
   template <SyntaxPart Part>
   static char* Write(char* to, const Part& part) noexcept {
     return part.Write(to);
   }
 
-  /// Room for a line of at most `size` bytes. Raises run-time error 6 for one of 2 GiB.
-  char* Room(std::size_t size) {
-    if (size > kLongestLine) throw RunTimeError(RunTimeError::Overflow);
-    ReserveSize();
-    if (chunks_.empty() || chunks_.back().capacity - chunks_.back().used < size) AddArena(size);
-    return chunks_.back().arena.get() + chunks_.back().used;
-  }
-
-  /// Makes room for one more entry of sizes_, so that Commit cannot fail.
-  void ReserveSize() {
-    if (sizes_.size() == sizes_.capacity()) GrowSizes();
-  }
-
-  std::size_t Commit(std::size_t size) noexcept {
-    chunks_.back().used += size;
+  /// Counts a line of `size` bytes that was appended, and returns its index.
+  std::size_t Count(std::size_t size) noexcept {
     byte_count_ += static_cast<std::int64_t>(size);
-    sizes_.push_back(static_cast<std::uint32_t>(size));
-    return sizes_.size() - 1;
+    return line_count_++;
   }
 
-  void WriteEncoded(const Chunk& chunk, const encoding::PieceSink& use) const;
-  void GrowSizes();
+  /// How many bytes of `chunk` are lines.
+  [[nodiscard]] std::size_t Used(const Chunk& chunk) const noexcept {
+    const bool open = &chunk == &chunks_.back() && open_.to != nullptr;
+    return open ? static_cast<std::size_t>(open_.to - chunk.arena.get()) : chunk.used;
+  }
+
+  using Replacements = std::vector<std::pair<std::size_t, std::string>>;
+
+  [[nodiscard]] bool IsReplaced(Replacements::const_iterator next,
+                                std::size_t index) const noexcept {
+    return next != replacements_.end() && next->first == index;
+  }
+  void UseSingle(const Chunk& chunk, const std::string* replacement,
+                 const encoding::PieceSink& use) const;
   void AddArena(std::size_t size);
+  void AddChunk(Chunk&& chunk);
+  void OpenLast() noexcept;
+  std::size_t AppendSingle(Chunk&& chunk, std::size_t size);
 
   [[nodiscard]] std::string_view LineEndText() const noexcept {
     return line_end_ == LineEnd::CrLf ? "\r\n" : "\n";
@@ -207,8 +254,9 @@ class LineBuffer {
 
   LineEnd line_end_;
   std::vector<Chunk> chunks_;
-  std::vector<std::uint32_t> sizes_;  // of each line, with its line end
-  std::vector<std::pair<std::size_t, std::string>> replacements_;  // by rising line index
+  Open open_;
+  std::size_t line_count_ = 0;
+  Replacements replacements_;  // by rising line index
   std::int64_t byte_count_ = 0;
 };
 

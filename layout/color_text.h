@@ -45,7 +45,7 @@ class ColorText {
   }
 
   friend bool operator==(const ColorText& a, const ColorText& b) noexcept {
-    return a.size_ == b.size_ && std::memcmp(a.text_.data(), b.text_.data(), a.size_) == 0;
+    return std::memcmp(a.text_.data(), b.text_.data(), kMostSize) == 0;
   }
 
  private:
@@ -53,7 +53,7 @@ class ColorText {
 
   static constexpr std::size_t kMostSize = 17;
 
-  std::array<char, kMostSize> text_{};
+  std::array<char, kMostSize> text_{};  // zero behind the text
   std::uint8_t size_ = 0;
   bool gray_ = false;
 };

@@ -119,6 +119,34 @@ void PdfWriter::WriteLengthObject(std::int64_t length) {
   lines_.Append("endobj");
 }
 
+/// Returns where the mark's stream starts, if it has one of its own.
+std::int64_t PdfWriter::BeginMark(MarkKind kind) {
+  if (!state_.oddities.EachMarkIsAStream()) {
+    if (kind != MarkKind::Text) EndText();
+    if (kind == MarkKind::Image) page_.Append("q");
+    return 0;
+  }
+  graphics_.BeginStream();
+  if (filled_place_ != nullptr) return 0;  // its stream is open
+  objects_.contents.push_back(BeginStreamObject());
+  lines_.Append("stream");
+  const std::int64_t start = Position();
+  SetStateSaved(kind != MarkKind::Text);
+  return start;
+}
+
+void PdfWriter::EndMark(MarkKind kind, std::int64_t start) {
+  if (!state_.oddities.EachMarkIsAStream()) {
+    if (kind == MarkKind::Image) page_.Append("Q");
+    return;
+  }
+  if (filled_place_ != nullptr) return;
+  const std::int64_t length = Position() - start;
+  lines_.Append("endstream");
+  lines_.Append("endobj");
+  WriteLengthObject(length);
+}
+
 void PdfWriter::SetStateSaved(bool wanted) {
   if (objects_.state_saved) lines_.Append("Q");
   objects_.state_saved = wanted;

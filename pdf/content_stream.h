@@ -28,27 +28,9 @@ inline document::LineBuffer& PdfWriter::Content() {
 
 template <class Operators>
 void PdfWriter::WriteMark(MarkKind kind, const Operators& operators) {
-  if (!state_.oddities.EachMarkIsAStream()) {
-    if (kind != MarkKind::Text) EndText();
-    if (kind == MarkKind::Image) page_.Append("q");
-    operators();
-    if (kind == MarkKind::Image) page_.Append("Q");
-    return;
-  }
-  graphics_.BeginStream();
-  if (filled_place_ != nullptr) {  // its stream is open
-    operators();
-    return;
-  }
-  objects_.contents.push_back(BeginStreamObject());
-  lines_.Append("stream");
-  const std::int64_t start = Position();
-  SetStateSaved(kind != MarkKind::Text);
+  const std::int64_t start = BeginMark(kind);
   operators();
-  const std::int64_t end = Position();
-  lines_.Append("endstream");
-  lines_.Append("endobj");
-  WriteLengthObject(end - start);
+  EndMark(kind, start);
 }
 
 }  // namespace vellumark::pdf

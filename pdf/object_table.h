@@ -40,7 +40,11 @@ class ObjectTable {
   /// Records where an object starts that was reserved before.
   void SetOffset(int number, std::int64_t offset) {
     const auto index = static_cast<std::size_t>(number);
-    if (index >= offsets_.size()) offsets_.resize(index + 1);
+    if (index == offsets_.size()) {
+      offsets_.push_back(offset);
+      return;
+    }
+    if (index > offsets_.size()) offsets_.resize(index + 1);
     offsets_[index] = offset;
   }
 

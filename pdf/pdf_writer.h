@@ -213,6 +213,8 @@ class PdfWriter final : public document::Writer {
   [[nodiscard]] std::int64_t Position() const;
   void SetStateSaved(bool wanted);
   document::LineBuffer& Content();
+  std::int64_t BeginMark(MarkKind kind);
+  void EndMark(MarkKind kind, std::int64_t start);
   template <class Operators>
   void WriteMark(MarkKind kind, const Operators& operators);
   void BeginText();
@@ -230,12 +232,23 @@ class PdfWriter final : public document::Writer {
   void DrawQuarters(document::PagePoint center, layout::Points rx, layout::Points ry,
                     QuarterControl control);
   [[nodiscard]] double Placed(double value) const;
+  struct PaintOperators {
+    char fill_and_stroke = 'B';
+    char stroke = 'S';
+  };
+  static constexpr PaintOperators kOpenPath = {'B', 'S'};
+  static constexpr PaintOperators kClosePath = {'b', 's'};  // and closes it first
   template <class Path>
-  void PaintClosedShape(std::string_view paint, const Path& path);
+  void PaintClosedShape(PaintOperators paint, const Path& path);
   void WritePen();
   void SetStrokeColor();
   void SetFillColor(const layout::ColorText& color);
-  void WriteColor(const layout::ColorText& color, std::string_view rgb, std::string_view gray);
+  /// The letters of RG and G, or of rg and g.
+  struct ColorOperators {
+    char red = 'R';
+    char gray = 'G';
+  };
+  void WriteColor(const layout::ColorText& color, ColorOperators operators);
 
   // text.cpp
   void SetTextFont(int resource);

@@ -12,21 +12,20 @@ namespace vellumark::pdf {
 using document::PagePoint;
 using layout::Points;
 
-void PdfWriter::WriteColor(const layout::ColorText& color, std::string_view rgb,
-                           std::string_view gray) {
+void PdfWriter::WriteColor(const layout::ColorText& color, ColorOperators operators) {
   if (!state_.oddities.EachMarkIsAStream() && color.IsGray()) {
-    Content().Append(color.First(), gray);
+    Content().Append(color.First(), ' ', operators.gray);
   } else {
-    Content().Append(color, rgb);
+    Content().Append(color, ' ', operators.red, operators.gray);
   }
 }
 
 void PdfWriter::SetStrokeColor() {
-  if (Changes(graphics_.stroke_color, state_.color)) WriteColor(state_.color, " RG", " G");
+  if (Changes(graphics_.stroke_color, state_.color)) WriteColor(state_.color, {'R', 'G'});
 }
 
 void PdfWriter::SetFillColor(const layout::ColorText& color) {
-  if (Changes(graphics_.fill_color, color)) WriteColor(color, " rg", " g");
+  if (Changes(graphics_.fill_color, color)) WriteColor(color, {'r', 'g'});
 }
 
 /// Stroke color and dash, as far as they are not in force.
@@ -42,10 +41,10 @@ void PdfWriter::WritePen() {
   }
 }
 
-/// `paint` is the operator that fills and strokes, such as "B"; in a conforming document a shape
-/// that is not to be filled is stroked only.
+/// `paint` is the operator that fills and strokes, such as 'B'; in a conforming document a shape
+/// that is not to be filled is stroked only, with the operator beside it.
 template <class Path>
-void PdfWriter::PaintClosedShape(std::string_view paint, const Path& path) {
+void PdfWriter::PaintClosedShape(PaintOperators paint, const Path& path) {
   const bool white = state_.oddities.UnfilledShapesAreWhite();
   WriteMark(MarkKind::Shape, [&] {
     WritePen();
@@ -56,11 +55,7 @@ void PdfWriter::PaintClosedShape(std::string_view paint, const Path& path) {
     }
     if (Changes(graphics_.thickness, state_.thickness)) Content().Append(state_.thickness, " w");
     path();
-    if (state_.fill_style || white) {
-      Content().Append(paint);
-    } else {
-      Content().Append(paint == "B" ? "S" : "s");
-    }
+    Content().Append(state_.fill_style || white ? paint.fill_and_stroke : paint.stroke);
   });
 }
 
@@ -75,14 +70,14 @@ void PdfWriter::DrawLine(PagePoint from, PagePoint to) {
 }
 
 void PdfWriter::DrawRectangle(PagePoint top_left, Points width, Points height) {
-  PaintClosedShape("B", [&] {
+  PaintClosedShape(kOpenPath, [&] {
     Content().Append(top_left.x, ' ', top_left.y - height, ' ', width, ' ', height, " re");
   });
 }
 
 /// The first control point is the start itself, so `control` alone pulls.
 void PdfWriter::DrawCurve(PagePoint start, PagePoint control, PagePoint end) {
-  PaintClosedShape("b", [&] {
+  PaintClosedShape(kClosePath, [&] {
     Content().Append(start.x, ' ', start.y, " m");
     Content().Append(start.x, ' ', start.y, ' ', control.x, ' ', control.y, ' ', end.x, ' ', end.y,
                      " c");
@@ -113,7 +108,7 @@ void PdfWriter::DrawQuarters(PagePoint center, Points rx, Points ry, QuarterCont
   const auto place = [this](Points at, double distance) {
     return Decimal{Placed(at.value() + distance)};
   };
-  PaintClosedShape("b", [&, x = x, y = y] {
+  PaintClosedShape(kClosePath, [&, x = x, y = y] {
     auto& lines = Content();
     lines.Append(left, ' ', y, " m");
     lines.Append(left, ' ', place(y, from_start_y), ' ', place(x, -from_end_x), ' ', top, ' ', x,
@@ -136,7 +131,7 @@ void PdfWriter::DrawArc(PagePoint center, Points radius, float th1, float th2) {
   layout::NormalizeAngles(th1, th2);
   const ArcPath path = BuildArc(center, radius, th1, th2);
   const auto place = [this](double value) { return Decimal{Placed(value)}; };
-  PaintClosedShape("b", [&] {
+  PaintClosedShape(kClosePath, [&] {
     Content().Append(center.x, ' ', center.y, " m");
     Content().Append(place(path.start_x), ' ', place(path.start_y), " l");
     for (const ArcSegment& segment : path.segments) {

@@ -6,13 +6,14 @@
 //     lines.Append(LiteralString{"a(b)c"}, " Tj");     // (a\(b\)c) Tj
 #pragma once
 
-#include <array>
-#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <limits>
 #include <string_view>
+
+#include "document/decimal_digits.h"
+#include "encoding/eight_bytes.h"
 
 namespace vellumark::pdf {
 
@@ -22,7 +23,7 @@ struct Reference {
 
   [[nodiscard]] static std::size_t MaxSize() noexcept { return 16; }
   char* Write(char* to) const noexcept {
-    to = std::to_chars(to, to + 11, number).ptr;
+    to = document::WriteInteger(number, to);
     std::memcpy(to, " 0 R", 4);
     return to + 4;
   }
@@ -35,11 +36,28 @@ struct LiteralString {
   [[nodiscard]] std::size_t MaxSize() const noexcept { return 2 * bytes.size() + 2; }
   char* Write(char* to) const noexcept {
     *to++ = '(';
-    for (const char c : bytes) {
+    std::string_view rest = bytes;
+    // Most text has no parentheses: eight bytes at a time are copied as they are.
+    for (; rest.size() >= 8; rest.remove_prefix(8)) {
+      const std::uint64_t eight = encoding::LoadEight(rest.data());
+      if (encoding::HasParenthesis(eight)) {
+        to = WriteEach(rest.substr(0, 8), to);
+      } else {
+        std::memcpy(to, &eight, 8);
+        to += 8;
+      }
+    }
+    to = WriteEach(rest, to);
+    *to++ = ')';
+    return to;
+  }
+
+ private:
+  static char* WriteEach(std::string_view some, char* to) noexcept {
+    for (const char c : some) {
       if (c == '(' || c == ')') *to++ = '\\';
       *to++ = c;
     }
-    *to++ = ')';
     return to;
   }
 };
@@ -67,18 +85,9 @@ struct Padded {
   template <class Number>
   static void WritePairs(Number rest, char* to) noexcept {
     for (std::size_t i = kDigits; i > 0; i -= 2, rest /= 100) {
-      std::memcpy(to + i - 2, &kDigitPairs[2 * static_cast<std::size_t>(rest % 100)], 2);
+      document::WriteTwoDigits(static_cast<std::uint32_t>(rest % 100), to + i - 2);
     }
   }
-
-  static constexpr std::array<char, 200> kDigitPairs = [] {
-    std::array<char, 200> pairs{};
-    for (std::size_t i = 0; i < 100; ++i) {
-      pairs[2 * i] = static_cast<char>('0' + i / 10);
-      pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
-    }
-    return pairs;
-  }();
 };
 
 }  // namespace vellumark::pdf

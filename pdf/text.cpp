@@ -88,7 +88,7 @@ void PdfWriter::ShowText(std::span<const EncodedRun> runs, PagePoint baseline) {
       lines_.Append("BT");
       lines_.Append("/F", layout::FontIndex(state_.font), ' ', state_.font.height, " Tf");
       lines_.Append("1 0 0 1 ", baseline.x, ' ', baseline.y, " Tm");
-      lines_.Append("T* ", state_.color.view(), " rg ", LiteralString{runs.front().bytes}, " Tj");
+      lines_.Append("T* ", state_.color, " rg ", LiteralString{runs.front().bytes}, " Tj");
       lines_.Append("ET");
     });
     return;

@@ -137,7 +137,7 @@ void PsWriter::PaintBackground() {
   if (state_.oddities.BackgroundsHaveAnOutline()) {
     RectanglePath({0, state_.page.height}, state_.page.width, state_.page.height);
     Fill(state_.page_color);
-    lines_.Append(state_.page_color.view(), " setrgbcolor");
+    lines_.Append(state_.page_color, " setrgbcolor");
     lines_.Append("stroke");
   } else if (state_.page_color != layout::FormatColor(255, 255, 255)) {
     SetColor(state_.page_color);

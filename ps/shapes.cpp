@@ -66,14 +66,14 @@ void PsWriter::RectanglePath(PagePoint top_left, Points width, Points height) {
 
 /// Fills the path and keeps it for the stroke.
 void PsWriter::Fill(const ColorText& color) {
-  lines_.Append(color.view(), " setrgbcolor");
+  lines_.Append(color, " setrgbcolor");
   lines_.Append("gsave");
   lines_.Append("fill");
   lines_.Append("grestore");
 }
 
 void PsWriter::Stroke() {
-  lines_.Append(state_.color.view(), " setrgbcolor");
+  lines_.Append(state_.color, " setrgbcolor");
   lines_.Append(state_.thickness, " setlinewidth");
   lines_.Append("stroke");
 }
@@ -98,7 +98,7 @@ void PsWriter::WriteColor(const ColorText& color, std::string_view rgb, std::str
   if (color.IsGray()) {
     lines_.Append(color.First(), gray);
   } else {
-    lines_.Append(color.view(), rgb);
+    lines_.Append(color, rgb);
   }
 }
 

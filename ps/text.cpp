@@ -85,7 +85,7 @@ void PsWriter::ShowText(std::span<const EncodedRun> runs, PagePoint baseline) {
     lines_.Append(state_.font.height, " scalefont");
     lines_.Append("setfont");
     lines_.Append("newpath");
-    lines_.Append(state_.color.view(), " setrgbcolor");
+    lines_.Append(state_.color, " setrgbcolor");
     MoveTo(baseline);
     lines_.Append(document::PastedString{runs.front().bytes}, " show");
     lines_.Append("closepath");
