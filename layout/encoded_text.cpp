@@ -228,6 +228,15 @@ const CodeWidths* PlainWidths(std::string_view utf8, const Font& font) {
   return &WidthsOf(font, TextEncoding::WinAnsi);
 }
 
+bool HasCharacter(char32_t character, const Font& font) {
+  if (AppearanceOf(character) != Appearance::Glyph || (character >= ' ' && character <= '~')) {
+    return true;
+  }
+  if (IsBuiltIn(font)) return BuiltInCodeOf(character, font) != 0;
+  const LatinCodes codes = LatinCodesOf(character);
+  return (codes.win_ansi | codes.extended) != 0;
+}
+
 void EncodeText(std::string_view utf8, const Font& font, EncodedText& text) {
   if (const CodeWidths* const widths = utf8.empty() ? nullptr : PlainWidths(utf8, font)) {
     text.Borrow(utf8, Checked(SumOfWidths(utf8, *widths)));

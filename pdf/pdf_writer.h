@@ -31,6 +31,7 @@
 #include <vector>
 
 #include "document/font_resource.h"
+#include "document/glyph_use.h"
 #include "document/line_buffer.h"
 #include "document/picture_data.h"
 #include "document/state.h"
@@ -43,7 +44,7 @@ namespace vellumark::pdf {
 class PdfWriter final : public document::Writer {
  public:
   PdfWriter(const document::State& state, document::LineBuffer& lines)
-      : state_(state), lines_(lines) {}
+      : state_(state), lines_(lines), glyphs_(state.fonts) {}
 
   /// The properties that only PDF has.
   struct Properties {
@@ -160,6 +161,7 @@ class PdfWriter final : public document::Writer {
     layout::Points text_x;
     layout::Points text_y;
     int least_version = 2;
+    std::size_t glyphs = 0;
     bool page_ended = false;  // the page's marks are in marked_page_
   };
 
@@ -179,9 +181,14 @@ class PdfWriter final : public document::Writer {
   void WriteWidths(int font, layout::TextEncoding encoding, int descriptor);
   void WriteDescriptor(int font);
 
+  // embedded_fonts.cpp
+  void WriteEmbeddedFonts(std::string& named);
+  int WriteEmbeddedFont(const document::GlyphUse::Font& font);
+  int WriteFontProgram(const layout::FontProgram& program, layout::Outlines outlines);
+
   // pages.cpp
-  int WriteStream(std::string_view data);
-  void WriteStreamAt(int number, std::string_view data);
+  int WriteStream(std::string_view data, std::string_view entries = {});
+  void WriteStreamAt(int number, std::string_view data, std::string_view entries = {});
   void WritePageContent();
   int WritePageTree();
 
@@ -258,6 +265,10 @@ class PdfWriter final : public document::Writer {
   };
   std::optional<TextMove> MoveText(document::PagePoint baseline);
 
+  // shaped_text.cpp
+  void ShowShaped(std::span<const layout::EncodedRun> runs, document::PagePoint baseline);
+  void SetLoadedFont(int number);
+
   const document::State& state_;
   document::LineBuffer& lines_;
   Objects objects_;
@@ -270,6 +281,7 @@ class PdfWriter final : public document::Writer {
   GraphicsState graphics_;
   std::string joined_;  // the page's marks in one piece; kept for its storage
   std::string array_;   // the words of a line; likewise
+  document::GlyphUse glyphs_;
 
   // Named places, and the names that links lead to.
   std::map<std::string, Destination, std::less<>> anchors_;
