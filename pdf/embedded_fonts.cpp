@@ -112,7 +112,7 @@ int PdfWriter::WriteFontProgram(const layout::FontProgram& program, layout::Outl
   const std::string entries = outlines == layout::Outlines::TrueType
                                   ? "/Length1 " + std::to_string(program.bytes.size())
                                   : std::string("/Subtype /CIDFontType0C");
-  return WriteStream(View(program.bytes), entries);
+  return WriteStream(View(program.bytes), kLevelOfFonts, entries);
 }
 
 }  // namespace vellumark::pdf
