@@ -257,9 +257,10 @@ std::vector<std::uint8_t> CidKeyedCff(Bytes table, std::span<const std::uint16_t
   behind.Add(0, 1);
   for (const std::uint16_t cid : cids.subspan(1)) behind.Add(cid, 2);
   const auto add_private = [&](Output& dict, const Entry& entry) {
-    if (entry.Number(1) < body) Damaged();
-    dict.AddOperand(entry.Number(0));
-    dict.AddOperand(entry.Number(1) + moved);
+    const std::size_t size = entry.Number(0);  // 0 of a font without hints and subroutines
+    if (size > 0 && entry.Number(1) < body) Damaged();
+    dict.AddOperand(size);
+    dict.AddOperand(size > 0 ? entry.Number(1) + moved : 0);
     dict.AddOperator(kPrivate);
   };
   std::vector<Output> dicts;

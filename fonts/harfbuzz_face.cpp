@@ -14,6 +14,10 @@ namespace {
 /// A run that is longer would not fit into the numbers of a glyph.
 constexpr std::size_t kLongestCluster = std::numeric_limits<std::uint16_t>::max();
 
+constexpr char32_t kNoBreakSpace = 0xA0;
+constexpr char32_t kHyphen = 0x2010;
+constexpr char32_t kNoBreakHyphen = 0x2011;
+
 hb_unicode_funcs_t* Unicode() { return hb_unicode_funcs_get_default(); }
 
 }  // namespace
@@ -44,6 +48,9 @@ bool HarfBuzzFace::HasGlyph(char32_t character) const {
 
 bool HarfBuzzFace::Has(char32_t character) const {
   if (HasGlyph(character)) return true;
+  // These two are shaped as what they look like.
+  if (character == kNoBreakSpace) return HasGlyph(' ');
+  if (character == kNoBreakHyphen) return HasGlyph(kHyphen);
   hb_codepoint_t letter = 0;
   hb_codepoint_t mark = 0;
   if (hb_unicode_decompose(Unicode(), character, &letter, &mark) == 0) return false;

@@ -91,6 +91,9 @@ int ShapedText::FontOf(std::size_t begin, std::size_t end, const Font& font,
   if (current != nullptr ? has_all(*current) : standard && marks.empty()) {
     return current != nullptr ? static_cast<int>(font.number) : 0;
   }
+  const FontFace* const before =
+      current == nullptr && begin > 0 ? fonts.Face(fonts_[begin - 1]) : nullptr;
+  if (before != nullptr && HasCharacter(first, font) && has_all(*before)) return fonts_[begin - 1];
   for (const int number : fonts.Fallbacks()) {
     if (has_all(*fonts.Face(number))) return number;
   }

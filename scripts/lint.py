@@ -73,7 +73,7 @@ STUMBLES = re.compile(
     r"\banswers?:? (true|false|whether|nothing)\b"
     r"|(?<!there )\b(is|are) no (?!longer|more|less|larger|greater|smaller|wider|higher)[a-z]+",
     re.IGNORECASE)
-NOT_TEXT = re.compile(r"\.(bmp|gif|jpg|png)$|^fuzz/corpus/|^tests/expected/")
+NOT_TEXT = re.compile(r"\.(bmp|gif|jpg|png|otf|ttf)$|^fuzz/corpus/|^tests/expected/")
 OWN_WORDS = "scripts/lint.py"  # which names what it looks for
 # Their pages are compared byte for byte with those of earlier versions; the words are printed there.
 PRINTED_AS_BEFORE = ("examples/gallery_pages.h", "examples/gallery_pictures.h")
