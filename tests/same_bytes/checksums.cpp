@@ -1,15 +1,22 @@
 // SPDX-License-Identifier: MIT
 //
-// Prints the checksums of a hundred and more documents, which must be the same wherever this was
-// compiled and runs. The first half is made in the C locale, the second in one with commas.
+// Prints the checksums of a hundred and more documents and of what the encoders make of inputs of
+// many kinds, which must be the same wherever this was compiled and runs. The first half of the
+// documents is made in the C locale, what follows in one with commas.
 //
 //     checksums              one line a document: number, size, checksum
+//                            one line a kind of input and encoder: names, size, checksum
 #include <clocale>
 #include <cstdint>
 #include <cstdio>
 #include <locale>
 #include <string>
+#include <utility>
+#include <vector>
 
+#include "encoding/encode_stream.h"
+#include "encoding/zlib.h"
+#include "tests/encoding/generated_input.h"
 #include "tests/random_documents.h"
 
 namespace {
@@ -22,6 +29,97 @@ class Commas final : public std::numpunct<char> {
   char do_thousands_sep() const override { return '.'; }
   std::string do_grouping() const override { return "\3"; }
 };
+
+using vellumark::encoding::testing::Bytes;
+using vellumark::encoding::testing::Random;
+
+/// Words of `letters`, 3 to 8 long, behind "ab": chains of thousands of candidates of all lengths.
+Bytes Words(std::size_t size, std::uint32_t letters) {
+  Random random(letters);
+  Bytes bytes;
+  while (bytes.size() < size) {
+    bytes.insert(bytes.end(), {'a', 'b'});
+    for (std::uint32_t i = 3 + random.Next() % 6; i > 0; --i) {
+      bytes.push_back(static_cast<std::uint8_t>('c' + random.Next() % letters));
+    }
+  }
+  return bytes;
+}
+
+/// Stretches of words, of noise and of runs: each fills a block that is best cut where it ends.
+Bytes Stretches(std::size_t size) {
+  Bytes bytes;
+  for (std::uint32_t seed = 1; bytes.size() < size; ++seed) {
+    const std::size_t length = 5000 + 3000 * (seed % 5);
+    const Bytes more = seed % 3 == 0   ? vellumark::encoding::testing::Noise(length, seed)
+                       : seed % 3 == 1 ? Words(length, 2 + seed % 20)
+                                       : Bytes(length, static_cast<std::uint8_t>(seed));
+    for (const std::uint8_t byte : more) bytes.push_back(byte);
+  }
+  return bytes;
+}
+
+/// Every size up to `most`, of few byte values: where the kinds of blocks cost nearly the same.
+std::vector<Bytes> Short(std::size_t most, std::uint32_t values) {
+  std::vector<Bytes> inputs;
+  Random random(values);
+  for (std::size_t size = 1; size <= most; ++size) {
+    Bytes bytes(size);
+    for (std::uint8_t& byte : bytes) byte = static_cast<std::uint8_t>(random.Next() % values);
+    inputs.push_back(std::move(bytes));
+  }
+  return inputs;
+}
+
+struct Input {
+  const char* name;
+  std::vector<Bytes> bytes;
+};
+
+std::vector<Input> Inputs() {
+  using namespace vellumark::encoding::testing;
+  return {{"words", {Words(150000, 2), Words(100000, 5), Words(70000, 20)}},
+          {"stretches", {Stretches(300000)}},
+          {"mixed", {GeneratedInput(200000, 1), GeneratedInput(70000, 2, 4000)}},
+          {"far", {FarCopies(120000, 5, 3), FarCopies(120000, 258, 4)}},
+          {"noise", {Noise(70000), Noise(20, 9)}},
+          {"short", Short(80, 256)},
+          {"few", Short(300, 3)},
+          {"one", {Bytes(1, 7), Bytes(2, 7), Bytes(3, 0), Bytes(258, 1), Bytes(100000, 255)}}};
+}
+
+void Print(const char* name, const char* encoder, int level, const std::string& output) {
+  std::printf("%s %s %d %zu %016llx\n", name, encoder, level, output.size(),
+              static_cast<unsigned long long>(vellumark::tests::Checksum(output)));
+}
+
+void PrintEncoders() {
+  using vellumark::EncodingConstants;
+  constexpr std::pair<const char*, EncodingConstants> kFilters[] = {
+      {"ascii85", EncodingConstants::ASCII85},
+      {"hex", EncodingConstants::ASCIIHex},
+      {"run length", EncodingConstants::RunLength}};
+  for (const Input& input : Inputs()) {
+    for (int level = 1; level <= 9; ++level) {
+      std::string all;
+      for (const Bytes& bytes : input.bytes) {
+        std::string output;
+        std::int32_t size = 0;
+        vellumark::encoding::Zlib::Encode(static_cast<std::int32_t>(bytes.size()), bytes, size,
+                                          output, static_cast<std::uint8_t>(level));
+        all += output;
+      }
+      Print(input.name, "zlib", level, all);
+    }
+    for (const auto& [name, filter] : kFilters) {
+      std::string all;
+      for (const Bytes& bytes : input.bytes) {
+        all += vellumark::encoding::EncodeStream(bytes, filter);
+      }
+      Print(input.name, name, 0, all);
+    }
+  }
+}
 
 }  // namespace
 
@@ -37,4 +135,5 @@ int main() {  // NOLINT(bugprone-exception-escape): the test fails
     std::printf("%u %zu %016llx\n", static_cast<unsigned>(number), document.file.size(),
                 static_cast<unsigned long long>(vellumark::tests::Checksum(document.file)));
   }
+  PrintEncoders();
 }

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+#include "layout/jpeg_header.h"
+
+#include <gtest/gtest.h>
+#include <string>
+#include <string_view>
+
+namespace vellumark::tests {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+void AddTo(Bytes& bytes, const Bytes& more) {
+  for (const std::uint8_t byte : more) bytes.push_back(byte);
+}
+
+/// A segment: marker and data, with the length that it says to have unless another is given.
+Bytes Segment(std::uint8_t marker, const Bytes& data, int length = -1) {
+  const int said = length >= 0 ? length : static_cast<int>(data.size()) + 2;
+  Bytes bytes = {0xFF, marker, static_cast<std::uint8_t>(said >> 8),
+                 static_cast<std::uint8_t>(said)};
+  AddTo(bytes, data);
+  return bytes;
+}
+
+Bytes Joined(std::initializer_list<Bytes> parts) {
+  Bytes all;
+  for (const Bytes& part : parts) AddTo(all, part);
+  return all;
+}
+
+/// The data of a frame of 8 bits: 300 x 200 pixels, components named 1, 2, ...
+Bytes Frame(std::uint8_t components, std::string_view names = "\1\2\3\4") {
+  Bytes frame = {8, 0, 200, 1, 44, components};
+  for (std::size_t i = 0; i < components; ++i) {
+    AddTo(frame, {static_cast<std::uint8_t>(names[i % names.size()]), 0x11, 0});
+  }
+  return frame;
+}
+
+const Bytes kStart = {0xFF, 0xD8};
+const Bytes kEnd = {0xFF, 0xD9};
+const Bytes kScan = Joined({Segment(0xDA, {1, 1, 0, 0, 63, 0}), {12, 0xFF, 0, 0xFF, 0xD3, 34}});
+const Bytes kAdobe = Segment(0xEE, {'A', 'd', 'o', 'b', 'e', 0, 100, 0, 0, 0, 0, 2});
+
+Bytes File(const Bytes& frame, const Bytes& before = {}) {
+  return Joined({kStart, before, frame, kScan, kEnd});
+}
+
+TEST(JpegHeader, SaysWhatAReaderMustKnow) {
+  struct Case {
+    const char* what;
+    Bytes file;
+    int components;
+    bool progressive;
+    bool inverted;
+  };
+  const Case cases[] = {
+      {"gray", File(Segment(0xC0, Frame(1))), 1, false, false},
+      {"extended", File(Segment(0xC1, Frame(3))), 3, false, false},
+      {"progressive", File(Segment(0xC2, Frame(3))), 3, true, false},
+      {"four inks", File(Segment(0xC0, Frame(4))), 4, false, false},
+      {"four inks, inverted", File(Segment(0xC0, Frame(4)), kAdobe), 4, false, true},
+      {"another program's marker", File(Segment(0xC0, Frame(4)), Segment(0xEE, Bytes(12, 'x'))), 4,
+       false, false},
+      {"RGB, said by a marker", File(Segment(0xC0, Frame(3, "RGB")), kAdobe), 3, false, false},
+      {"fill bytes, and markers without length",
+       Joined(
+           {kStart, {0xFF, 0xFF, 0xFF, 0x01}, Segment(0xC0, Frame(1)), {0xFF, 0xD0}, kScan, kEnd}),
+       1, false, false},
+      {"two scans", Joined({kStart, Segment(0xC2, Frame(3)), kScan, kScan, kEnd}), 3, true, false},
+  };
+  for (const Case& one : cases) {
+    const auto header = layout::ReadJpegHeader(one.file);
+    ASSERT_TRUE(header) << one.what;
+    EXPECT_EQ(header->width, 300) << one.what;
+    EXPECT_EQ(header->height, 200) << one.what;
+    EXPECT_EQ(header->components, one.components) << one.what;
+    EXPECT_EQ(header->progressive, one.progressive) << one.what;
+    EXPECT_EQ(header->inverted, one.inverted) << one.what;
+  }
+}
+
+TEST(JpegHeader, RefusesWhatReadersWouldNotShow) {
+  const auto changed = [](std::size_t at, std::uint8_t byte) {
+    Bytes frame = Frame(3);
+    frame[at] = byte;
+    return frame;
+  };
+  Bytes flat = Frame(3);
+  flat[1] = flat[2] = 0;
+  Bytes narrow = Frame(3);
+  narrow[3] = narrow[4] = 0;
+  const std::pair<const char*, Bytes> cases[] = {
+      {"nothing", {}},
+      {"no start", Joined({Segment(0xC0, Frame(1)), kScan, kEnd})},
+      {"no frame", Joined({kStart, kScan, kEnd})},
+      {"no scan", Joined({kStart, Segment(0xC0, Frame(1)), kEnd})},
+      {"the scan before the frame", Joined({kStart, kScan, Segment(0xC0, Frame(1)), kEnd})},
+      {"no end", Joined({kStart, Segment(0xC0, Frame(1)), kScan})},
+      {"two frames", File(Segment(0xC0, Frame(1)), Segment(0xC0, Frame(1)))},
+      {"lossless", File(Segment(0xC3, Frame(3)))},
+      {"arithmetic", File(Segment(0xC9, Frame(3)))},
+      {"12 bits", File(Segment(0xC1, changed(0, 12)))},
+      {"2 components", File(Segment(0xC0, changed(5, 2)))},
+      {"more components than are described", File(Segment(0xC0, changed(5, 4)))},
+      {"no rows", File(Segment(0xC0, flat))},
+      {"no columns", File(Segment(0xC0, narrow))},
+      {"32,768 rows", File(Segment(0xC0, changed(1, 0x80)))},
+      {"32,768 columns", File(Segment(0xC0, changed(3, 0x80)))},
+      {"a frame of 5 bytes", File(Segment(0xC0, {8, 0, 1, 0, 1}))},
+      {"RGB by its names only", File(Segment(0xC0, Frame(3, "RGB")))},
+      {"a length below its own two bytes", Joined({kStart, Segment(0xE0, {}, 1), kScan, kEnd})},
+      {"a length beyond the file", Joined({kStart, Segment(0xE0, {}, 999)})},
+      {"a marker without its length", Joined({kStart, {0xFF, 0xE0}})},
+      {"half a length", Joined({kStart, {0xFF, 0xE0, 0}})},
+      {"bytes between segments", Joined({kStart, {7}, Segment(0xC0, Frame(1)), kScan, kEnd})},
+  };
+  for (const auto& [what, file] : cases) {
+    EXPECT_FALSE(layout::ReadJpegHeader(file)) << what;
+  }
+}
+
+}  // namespace
+}  // namespace vellumark::tests
