@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/document_fonts.h"
 #include "tools/output_format.h"
 #include "tools/running_heads.h"
 #include "tools/source.h"
@@ -28,6 +29,7 @@ struct Options {
   PaperSizeConstants paper = PaperSizeConstants::A4;
   OrientationConstants orientation = OrientationConstants::Portrait;
   TextStyle style;
+  DocumentFonts fonts;  ///< of a conforming document
   Properties properties;
   int picture_memory = 256;         ///< MiB that decoding a picture may take
   bool title_given = false;         ///< otherwise the first title of the text is used
