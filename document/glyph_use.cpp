@@ -53,6 +53,7 @@ GlyphUse::Font& GlyphUse::Begin(int number) {
   font->glyphs.push_back(0);
   font->advances.push_back(font->face->Advance(0));
   font->texts.emplace_back();
+  font->shorts.push_back(0);
   by_number_[index] = std::move(font);
   return *by_number_[index];
 }
@@ -62,26 +63,32 @@ std::uint16_t GlyphUse::Add(Font& font, std::uint16_t glyph) {
   if (code > std::numeric_limits<std::uint16_t>::max()) {
     throw RunTimeError(RunTimeError::Overflow);
   }
-  font.glyphs.reserve(code + 1);
-  font.advances.reserve(code + 1);
-  font.texts.reserve(code + 1);
+  if (font.shorts.capacity() == code) {
+    const std::size_t room = 2 * code + 64;
+    font.glyphs.reserve(room);
+    font.advances.reserve(room);
+    font.texts.reserve(room);
+    font.shorts.reserve(room);
+  }
   log_.push_back({&font, static_cast<std::uint16_t>(code), false});
   font.glyphs.push_back(glyph);
   font.advances.push_back(font.face->Advance(glyph));
   font.texts.emplace_back();
+  font.shorts.push_back(0);
   font.code_of[glyph] = static_cast<std::uint16_t>(code);
   return static_cast<std::uint16_t>(code);
 }
 
-bool GlyphUse::Means(Font& font, std::uint16_t code, std::string_view text) {
+bool GlyphUse::Learn(Font& font, std::uint16_t code, std::string_view text) {
   std::string& known = font.texts[code];
-  if (known == text) return true;  // as nearly always
+  if (known == text) return true;
   std::string storage;
   const std::string_view visible = WithoutInvisible(text, storage);
   if (visible.empty()) return true;
   if (!known.empty() || code == 0) return known == visible;
   log_.push_back({&font, code, true});
   known = visible;
+  font.shorts[code] = InOneNumber(visible);
   return true;
 }
 
@@ -90,12 +97,14 @@ void GlyphUse::RollBack(std::size_t place) noexcept {
     const Step& step = log_.back();
     if (step.text) {
       step.font->texts[step.code].clear();
+      step.font->shorts[step.code] = 0;
       continue;
     }
     step.font->code_of[step.font->glyphs.back()] = 0;
     step.font->glyphs.pop_back();
     step.font->advances.pop_back();
     step.font->texts.pop_back();
+    step.font->shorts.pop_back();
   }
 }
 

@@ -32,6 +32,7 @@ class GlyphUse {
     std::vector<std::uint16_t> glyphs;   ///< by code
     std::vector<std::int32_t> advances;  ///< likewise, 1/1000 em
     std::vector<std::string> texts;      ///< likewise, in UTF-8; empty where nothing is known
+    std::vector<std::uint32_t> shorts;   ///< likewise, those of at most four bytes in one number
     std::vector<std::uint16_t> code_of;  ///< by glyph; 0 where there is none yet
   };
 
@@ -55,7 +56,10 @@ class GlyphUse {
 
   /// Whether the code alone gives back `text` to who searches or copies: it does from the first
   /// text on that it stood for. Characters that are invisible by nature count only if they join.
-  bool Means(Font& font, std::uint16_t code, std::string_view text);
+  bool Means(Font& font, std::uint16_t code, std::string_view text) {
+    const std::uint32_t number = InOneNumber(text);  // as nearly always
+    return (number != 0 && font.shorts[code] == number) || Learn(font, code, text);
+  }
 
   /// A place to go back to.
   [[nodiscard]] std::size_t Here() const noexcept { return log_.size(); }
@@ -71,6 +75,15 @@ class GlyphUse {
     bool text = false;  // that it got its text, and not that it began
   };
 
+  /// 0 for a text that is longer.
+  static std::uint32_t InOneNumber(std::string_view text) noexcept {
+    std::uint32_t number = 0;
+    if (text.size() > sizeof(number)) return 0;
+    for (const char c : text) number = number << 8 | static_cast<std::uint8_t>(c);
+    return number;
+  }
+
+  bool Learn(Font& font, std::uint16_t code, std::string_view text);
   Font& Begin(int number);
   std::uint16_t Add(Font& font, std::uint16_t glyph);
 

@@ -27,7 +27,8 @@ class Engine final : public layout::FontEngine {
     reason = file->Refused();
     if (!reason.empty()) return nullptr;
     auto face = std::make_unique<HarfBuzzFace>(std::move(file));
-    if (face->CanBeSubset()) return face;
+    // TrueType outlines were looked at; those of CFF are known to be there when they are read.
+    if (face->Facts().outlines == layout::Outlines::TrueType || face->CanBeSubset()) return face;
     reason = "it is damaged: its glyphs cannot be read";
     return nullptr;
   }

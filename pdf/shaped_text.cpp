@@ -47,20 +47,20 @@ class RunOperators {
   }
 
   void Show(std::uint16_t code) {
-    if (!in_array_) text_ += '[';
+    std::array<char, 32> piece{};
+    char* to = piece.data();
+    if (!in_array_) *to++ = '[';
     in_array_ = true;
     if (move_ != 0) {
-      EndString();
-      std::array<char, 12> digits{};
-      const char* const end =
-          std::to_chars(digits.data(), digits.data() + digits.size(), -move_).ptr;
-      text_.append(digits.data(), static_cast<std::size_t>(end - digits.data()));
-      move_ = 0;
+      if (in_string_) *to++ = ')';
+      in_string_ = false;
+      to = std::to_chars(to, to + 12, -std::exchange(move_, 0)).ptr;
     }
-    if (!in_string_) text_ += '(';
+    if (!in_string_) *to++ = '(';
     in_string_ = true;
-    Escape(static_cast<char>(code >> 8));
-    Escape(static_cast<char>(code & 0xFF));
+    to = Escape(static_cast<char>(code >> 8), to);
+    to = Escape(static_cast<char>(code & 0xFF), to);
+    text_.append(piece.data(), static_cast<std::size_t>(to - piece.data()));
   }
 
   /// The codes of a standard font.
@@ -99,9 +99,10 @@ class RunOperators {
   [[nodiscard]] std::int32_t MoveLeft() const noexcept { return move_; }
 
  private:
-  void Escape(char c) {
-    if (c == '(' || c == ')' || c == '\\' || c == '\r' || c == '\n') text_ += '\\';
-    text_ += c == '\r' ? 'r' : c == '\n' ? 'n' : c;
+  static char* Escape(char c, char* to) noexcept {
+    if (c == '(' || c == ')' || c == '\\' || c == '\r' || c == '\n') *to++ = '\\';
+    *to++ = c == '\r' ? 'r' : c == '\n' ? 'n' : c;
+    return to;
   }
   void EndString() {
     if (in_string_) text_ += ')';
@@ -138,6 +139,7 @@ void PdfWriter::SetLoadedFont(int number) {
 }
 
 void PdfWriter::ShowShaped(std::span<const EncodedRun> runs, document::PagePoint baseline) {
+  graphics_.words_moved = true;
   constexpr int kVersionOfSpans = 5;
   constexpr int kVersionOfFonts = 4;
   WriteMark(MarkKind::Text, [&] {
