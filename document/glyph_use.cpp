@@ -92,6 +92,16 @@ bool GlyphUse::Learn(Font& font, std::uint16_t code, std::string_view text) {
   return true;
 }
 
+void GlyphUse::LearnPart(Font& font, std::uint16_t code, std::string_view text) {
+  if (code == 0 || !font.texts[code].empty()) return;
+  platform::Utf8Reader reader(text);
+  for (std::size_t begin = 0; begin < text.size(); begin = reader.Position()) {
+    if (font.face->GlyphOf(reader.Next()) != font.glyphs[code]) continue;
+    Learn(font, code, text.substr(begin, reader.Position() - begin));
+    return;
+  }
+}
+
 void GlyphUse::RollBack(std::size_t place) noexcept {
   for (; log_.size() > place; log_.pop_back()) {
     const Step& step = log_.back();

@@ -61,6 +61,10 @@ class GlyphUse {
     return (number != 0 && font.shorts[code] == number) || Learn(font, code, text);
   }
 
+  /// A glyph of several that show `text` together is one of its characters by itself, perhaps: then
+  /// the code gives that back to readers that do not know of spans.
+  void LearnPart(Font& font, std::uint16_t code, std::string_view text);
+
   /// A place to go back to.
   [[nodiscard]] std::size_t Here() const noexcept { return log_.size(); }
   void RollBack(std::size_t place) noexcept;

@@ -41,9 +41,10 @@ std::int32_t HarfBuzzFace::InThousandths(std::int64_t units) const noexcept {
   return static_cast<std::int32_t>((doubled + half) / (2 * static_cast<std::int64_t>(units_)));
 }
 
-bool HarfBuzzFace::HasGlyph(char32_t character) const {
+std::uint16_t HarfBuzzFace::GlyphOf(char32_t character) const {
   hb_codepoint_t glyph = 0;
-  return hb_font_get_nominal_glyph(font_.get(), character, &glyph) != 0 && glyph != 0;
+  if (hb_font_get_nominal_glyph(font_.get(), character, &glyph) == 0) return 0;
+  return static_cast<std::uint16_t>(glyph);
 }
 
 bool HarfBuzzFace::Has(char32_t character) const {
@@ -71,7 +72,11 @@ void HarfBuzzFace::Shape(std::string_view utf8, const layout::RunFacts& run,
                          std::vector<layout::PlacedGlyph>& glyphs) const {
   hb_buffer_t* const buffer = buffer_.get();
   hb_buffer_clear_contents(buffer);
-  hb_buffer_set_cluster_level(buffer, HB_BUFFER_CLUSTER_LEVEL_MONOTONE_CHARACTERS);
+  // A letter and its marks are given back together. Readers turn what runs from right to left
+  // around glyph by glyph, so there each character stands for itself.
+  hb_buffer_set_cluster_level(buffer, run.right_to_left
+                                          ? HB_BUFFER_CLUSTER_LEVEL_MONOTONE_CHARACTERS
+                                          : HB_BUFFER_CLUSTER_LEVEL_MONOTONE_GRAPHEMES);
   hb_buffer_set_flags(buffer, HB_BUFFER_FLAG_REMOVE_DEFAULT_IGNORABLES);
   const int size = static_cast<int>(utf8.size());
   hb_buffer_add_utf8(buffer, utf8.data(), size, 0, size);

@@ -18,6 +18,7 @@ class HarfBuzzFace final : public layout::FontFace {
 
   [[nodiscard]] const layout::FaceFacts& Facts() const noexcept override { return facts_; }
   [[nodiscard]] bool Has(char32_t character) const override;
+  [[nodiscard]] std::uint16_t GlyphOf(char32_t character) const override;
   [[nodiscard]] bool HasTogether(char32_t letter, char32_t mark) const override;
   void Shape(std::string_view utf8, const layout::RunFacts& run,
              std::vector<layout::PlacedGlyph>& glyphs) const override;
@@ -29,7 +30,7 @@ class HarfBuzzFace final : public layout::FontFace {
   [[nodiscard]] bool CanBeSubset() const;
 
  private:
-  [[nodiscard]] bool HasGlyph(char32_t character) const;
+  [[nodiscard]] bool HasGlyph(char32_t character) const { return GlyphOf(character) != 0; }
   [[nodiscard]] std::int32_t InThousandths(std::int64_t units) const noexcept;
   [[nodiscard]] layout::FaceFacts ReadFacts() const;
   [[nodiscard]] std::string ReadName() const;

@@ -88,6 +88,9 @@ class FontFace {
   /// that it is made of.
   [[nodiscard]] virtual bool Has(char32_t character) const = 0;
 
+  /// The glyph that the character has by itself; 0 if it has none.
+  [[nodiscard]] virtual std::uint16_t GlyphOf(char32_t character) const = 0;
+
   /// Whether the face shows the letter with the mark behind it.
   [[nodiscard]] virtual bool HasTogether(char32_t letter, char32_t mark) const = 0;
 

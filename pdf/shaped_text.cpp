@@ -122,11 +122,48 @@ class RunOperators {
   bool in_string_ = false;
 };
 
-/// Where the cluster that begins at glyph `first` ends.
-std::size_t EndOfCluster(std::span<const PlacedGlyph> glyphs, std::size_t first) {
-  std::size_t end = first + 1;
-  while (end < glyphs.size() && glyphs[end].text_size == 0) ++end;
-  return end;
+/// Glyphs that are shown together, and the text that they give back.
+struct GlyphGroup {
+  std::size_t end = 0;
+  std::string_view text;
+  bool plain = true;  ///< their codes give it back
+};
+
+/// The cluster that begins at glyph `first`.
+GlyphGroup ClusterAt(document::GlyphUse& use, document::GlyphUse::Font& font, const EncodedRun& run,
+                     std::size_t first) {
+  const std::span<const PlacedGlyph> glyphs = run.shaped->glyphs;
+  GlyphGroup cluster;
+  cluster.end = first + 1;
+  while (cluster.end < glyphs.size() && glyphs[cluster.end].text_size == 0) ++cluster.end;
+  cluster.text = run.bytes.substr(glyphs[first].text_begin, glyphs[first].text_size);
+  if (cluster.text.empty()) return cluster;
+  if (cluster.end == first + 1) {
+    cluster.plain = use.Means(font, use.CodeOf(font, glyphs[first].id), cluster.text);
+    return cluster;
+  }
+  cluster.plain = false;
+  for (std::size_t i = first; i < cluster.end; ++i) {
+    use.LearnPart(font, use.CodeOf(font, glyphs[i].id), cluster.text);
+  }
+  return cluster;
+}
+
+/// The cluster, or from left to right all up to the next blank: a span around a part of a word
+/// would be taken for a word, since the marks in it stand back from its end.
+GlyphGroup GroupAt(document::GlyphUse& use, document::GlyphUse::Font& font, const EncodedRun& run,
+                   std::size_t first) {
+  const std::span<const PlacedGlyph> glyphs = run.shaped->glyphs;
+  GlyphGroup group = ClusterAt(use, font, run, first);
+  if (group.text == " " || glyphs.front().text_begin > glyphs.back().text_begin) return group;
+  while (group.end < glyphs.size()) {
+    const GlyphGroup next = ClusterAt(use, font, run, group.end);
+    if (next.text == " ") break;
+    group.end = next.end;
+    group.text = run.bytes.substr(glyphs[first].text_begin, group.text.size() + next.text.size());
+    group.plain = group.plain && next.plain;
+  }
+  return group;
 }
 
 }  // namespace
@@ -162,22 +199,18 @@ void PdfWriter::ShowShaped(std::span<const EncodedRun> runs, document::PagePoint
         SetLoadedFont(run.shaped->font);
         least_version_ = std::max(least_version_, kVersionOfFonts);
         document::GlyphUse::Font& font = glyphs_.Of(run.shaped->font);
-        const std::span<const PlacedGlyph> glyphs = run.shaped->glyphs;
-        for (std::size_t i = 0, end = 0; i < glyphs.size(); i = end) {
-          end = EndOfCluster(glyphs, i);
-          const std::string_view text = run.bytes.substr(glyphs[i].text_begin, glyphs[i].text_size);
-          const bool plain =
-              text.empty() ||
-              (end == i + 1 && glyphs_.Means(font, glyphs_.CodeOf(font, glyphs[i].id), text));
-          if (!plain) operators.BeginSpan(text);
-          for (; i < end; ++i) {
-            const std::uint16_t code = glyphs_.CodeOf(font, glyphs[i].id);
-            operators.Rise(glyphs[i].dy);
-            operators.Move(glyphs[i].dx);
+        for (std::size_t i = 0; i < run.shaped->glyphs.size();) {
+          const GlyphGroup group = GroupAt(glyphs_, font, run, i);
+          if (!group.plain) operators.BeginSpan(group.text);
+          for (; i < group.end; ++i) {
+            const PlacedGlyph& glyph = run.shaped->glyphs[i];
+            const std::uint16_t code = glyphs_.CodeOf(font, glyph.id);
+            operators.Rise(glyph.dy);
+            operators.Move(glyph.dx);
             operators.Show(code);
-            operators.Move(glyphs[i].advance - font.advances[code] - glyphs[i].dx);
+            operators.Move(glyph.advance - font.advances[code] - glyph.dx);
           }
-          if (plain) continue;
+          if (group.plain) continue;
           operators.EndSpan();
           least_version_ = std::max(least_version_, kVersionOfSpans);
         }

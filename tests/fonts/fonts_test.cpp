@@ -109,14 +109,15 @@ TEST_F(FontsTest, KerningMarksAndLigaturesAreCodesAndMoves) {
   StartIn(10);
   // A, V, blank, A, and the mark 200 to the left of where A ends and 100 higher, fi.
   EXPECT_EQ(ShownAs("AV A\u0301 fi"),
-            "[(\0\1)100(\0\2\0\3\0\1)]TJ\n1 Ts\n[500(\0\4)]TJ\n0 Ts\n[-500(\0\3\0\5)]TJ\n"sv);
+            "[(\0\1)100(\0\2\0\3)]TJ\n/Span<</ActualText(\xFE\xFF\0A\3\1)>>BDC\n[(\0\1)]TJ\n1 Ts\n"
+            "[500(\0\4)]TJ\nEMC\n0 Ts\n[-500(\0\3\0\5)]TJ\n"sv);
 }
 
 TEST_F(FontsTest, TextIsGivenBackByCodesOrBySpans) {
   StartIn(10);
   const std::string shown = ShownAs("fi A\u00A0B A B");
-  // The blank stands for itself from its first use on, and only in a span for another one.
-  EXPECT_NE(shown.find("/Span<</ActualText(\xFE\xFF\0\xA0)>>BDC"sv), std::string::npos) << shown;
+  // The blank stands for itself from its first use on; a word with another one is a span.
+  EXPECT_NE(shown.find("/Span<</ActualText(\xFE\xFF\0A\0\xA0\0B)>>BDC"sv), std::string::npos) << shown;
   EXPECT_TRUE(FileHas("<0001> <00660069>"));
   EXPECT_TRUE(FileHas("<0002> <0020>"));
   EXPECT_TRUE(FileHas("%PDF-1.5"));
