@@ -181,7 +181,7 @@ def check_promises(path):
     made = (ROOT / "tests/CMakeLists.txt").read_text(encoding="utf-8")
     suites.update(re.findall(r"add_test\(NAME ([\w.]+)", made))
     made = (ROOT / "fuzz/CMakeLists.txt").read_text(encoding="utf-8")
-    suites.update("Fuzz." + name for name in re.findall(r"^vellumark_fuzz_target\((\w+)", made, flags=re.M))
+    suites.update("Fuzz." + name for name in re.findall(r"^ *vellumark_fuzz_target\((\w+)", made, flags=re.M))
     scripts = {pathlib.PurePath(each).name: (ROOT / each).read_text(encoding="utf-8")
                for each in tracked("tests/*.py")}
     for number, line in enumerate((ROOT / path).read_text(encoding="utf-8").splitlines(), 1):

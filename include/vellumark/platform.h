@@ -73,9 +73,9 @@ class VELLUMARK_API Platform {
   virtual bool DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) = 0;
 
   /// Reads the bytes of the picture file `file` as they are, for a format that takes the file
-  /// itself. Finds the file that DecodePicture finds; what it holds is not looked at. On failure
-  /// the result is false, `bytes` is empty and `reason` says why. A platform without an
-  /// implementation of its own refuses every file.
+  /// itself, and those of a font file. Finds the file that DecodePicture finds; what it holds is
+  /// not looked at. On failure the result is false, `bytes` is empty and `reason` says why. A
+  /// platform without an implementation of its own refuses every file.
   virtual bool ReadPicture(std::string_view /*file*/, std::vector<std::uint8_t>& bytes,
                            std::string& reason) {
     bytes.clear();

@@ -15,7 +15,7 @@ class FontsTest : public ConformingPdfTest {
   FontNumberConstants Load(const FontBytes& font = TestFont()) { return doc.LoadFont(font); }
 
   /// A page in the test font.
-  void StartIn(std::uint8_t height) {
+  void BeginAt(std::uint8_t height) {
     const FontNumberConstants number = Load();
     Start();
     Font(number, height);
@@ -91,7 +91,7 @@ TEST_F(FontsTest, WhatIsNotTakenIsToldWhy) {
 }
 
 TEST_F(FontsTest, WidthsAreThoseOfTheShapedText) {
-  StartIn(20);
+  BeginAt(20);
   EXPECT_EQ(doc.TextWidth("AB"), 20);
   EXPECT_EQ(doc.TextWidth("AV"), 18);       // kerned
   EXPECT_EQ(doc.TextWidth("fi"), 16);       // a ligature
@@ -106,7 +106,7 @@ TEST_F(FontsTest, WidthsAreThoseOfTheShapedText) {
 }
 
 TEST_F(FontsTest, KerningMarksAndLigaturesAreCodesAndMoves) {
-  StartIn(10);
+  BeginAt(10);
   // A, V, blank, A, and the mark 200 to the left of where A ends and 100 higher, fi.
   EXPECT_EQ(ShownAs("AV A\u0301 fi"),
             "[(\0\1)100(\0\2\0\3)]TJ\n/Span<</ActualText(\xFE\xFF\0A\3\1)>>BDC\n[(\0\1)]TJ\n1 Ts\n"
@@ -114,10 +114,11 @@ TEST_F(FontsTest, KerningMarksAndLigaturesAreCodesAndMoves) {
 }
 
 TEST_F(FontsTest, TextIsGivenBackByCodesOrBySpans) {
-  StartIn(10);
+  BeginAt(10);
   const std::string shown = ShownAs("fi A\u00A0B A B");
   // The blank stands for itself from its first use on; a word with another one is a span.
-  EXPECT_NE(shown.find("/Span<</ActualText(\xFE\xFF\0A\0\xA0\0B)>>BDC"sv), std::string::npos) << shown;
+  EXPECT_NE(shown.find("/Span<</ActualText(\xFE\xFF\0A\0\xA0\0B)>>BDC"sv), std::string::npos)
+      << shown;
   EXPECT_TRUE(FileHas("<0001> <00660069>"));
   EXPECT_TRUE(FileHas("<0002> <0020>"));
   EXPECT_TRUE(FileHas("%PDF-1.5"));
@@ -141,13 +142,13 @@ TEST_F(FontsTest, FallbacksShowWhatTheCurrentFontLacks) {
 }
 
 TEST_F(FontsTest, WhatNoFontHasIsAQuestionMark) {
-  StartIn(10);
+  BeginAt(10);
   EXPECT_EQ(ShownAs("\u044B?"), "[(\0\1)]TJ\n[(\0\1)]TJ\n"sv);
   EXPECT_EQ(doc.LostCharacters(), "\u044B");
 }
 
 TEST_F(FontsTest, RightToLeftTextIsShownFromItsEndAndStandsAtTheRight) {
-  StartIn(10);
+  BeginAt(10);
   EXPECT_TRUE(doc.WriteMultiText("\u05D0\u05D1 (\u05D0) \u05D0\u05D1", 0, kNoAlignment, false, 50));
   const Lines marks = Marks();
   // bet alef, (alef), bet alef: 12, 16 and 12 points, and two blanks of 2.5 between them.
@@ -156,7 +157,7 @@ TEST_F(FontsTest, RightToLeftTextIsShownFromItsEndAndStandsAtTheRight) {
 }
 
 TEST_F(FontsTest, ChineseLinesEndBetweenCharactersButNotBeforeAFullStop) {
-  StartIn(10);
+  BeginAt(10);
   EXPECT_EQ(doc.TextHeight("\u6F22\u5B57\u6F22\u5B57\u6F22", 0, 20), 30);
   EXPECT_EQ(doc.TextHeight("\u6F22\u5B57\u3002\u6F22", 0, 20), 30);
   EXPECT_EQ(doc.TextHeight("\u6F22\u5B57\u3002", 0, 20), 20);
@@ -166,7 +167,7 @@ TEST_F(FontsTest, ChineseLinesEndBetweenCharactersButNotBeforeAFullStop) {
 }
 
 TEST_F(FontsTest, JustifiedLinesFillTheirWidthByTheBlanks) {
-  StartIn(10);
+  BeginAt(10);
   ASSERT_TRUE(doc.WriteMultiText("A A A A A", 0, kNoAlignment, true, 30));
   const Lines marks = Marks();
   // 4 letters and 3 blanks are 2,750 of 3,000 thousandths.

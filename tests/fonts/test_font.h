@@ -11,6 +11,10 @@
 #include <string_view>
 #include <vector>
 
+#ifndef VELLUMARK_TEST_FONTS
+#define VELLUMARK_TEST_FONTS ""  // where make_fonts.py is; the build knows
+#endif
+
 namespace vellumark::tests {
 
 using FontBytes = std::vector<std::uint8_t>;
