@@ -55,17 +55,16 @@ struct Index {
   [[nodiscard]] std::size_t Data() const { return offsets + (count + 1) * offset_size - 1; }
 };
 
-enum Operator : int {
-  kFontBox = 5,
-  kCharset = 15,
-  kCharStrings = 17,
-  kPrivate = 18,
-  kEscape = 12,
-  kFontMatrix = 0x0C07,
-  kCidCount = 0x0C22,
-  kFontDicts = 0x0C24,
-  kFontDictSelect = 0x0C25,
-};
+// Operators of a DICT.
+constexpr int kFontBox = 5;
+constexpr int kCharset = 15;
+constexpr int kCharStrings = 17;
+constexpr int kPrivate = 18;
+constexpr int kEscape = 12;
+constexpr int kFontMatrix = 0x0C07;
+constexpr int kCidCount = 0x0C22;
+constexpr int kFontDicts = 0x0C24;
+constexpr int kFontDictSelect = 0x0C25;
 
 /// An operator of a DICT with the bytes of its operands, and those that are whole numbers.
 struct Entry {
@@ -199,7 +198,7 @@ Output TopDict(const std::vector<Entry>& old, std::size_t registry, std::size_t 
   dict.AddOperand(registry + 1);
   dict.AddOperand(0);
   dict.AddOperator(kRegistryOrderingSupplement);
-  for (const int op : {static_cast<int>(kFontMatrix), static_cast<int>(kFontBox)}) {
+  for (const int op : {kFontMatrix, kFontBox}) {
     if (const Entry* const entry = Find(old, op)) dict.AddEntry(*entry);
   }
   const auto add = [&](std::size_t number, int op) {
@@ -286,6 +285,7 @@ std::vector<std::uint8_t> CidKeyedCff(Bytes table, std::span<const std::uint16_t
   }
   places.dicts = here();
   std::vector<Bytes> views;
+  views.reserve(dicts.size());
   for (const Output& dict : dicts) views.push_back(dict.View());
   behind.AddIndex(views);
 
