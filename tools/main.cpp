@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/commit.h"
 #include "tools/conversion.h"
 #include "tools/failure.h"
 #include "tools/options.h"
@@ -25,7 +26,7 @@ constexpr int kFailed = 2;
 
 int Run(int argc, const char* const* argv) {
   using namespace vellumark::tools;
-  const std::optional<Options> options = ParseOptions(argc, argv);
+  const std::optional<Options> options = ParseOptions(argc, argv, VELLUMARK_COMMIT);
   if (!options) return 0;
   const OutputFile output(options->output, options->inputs);
   std::vector<Source> sources;

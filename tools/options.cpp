@@ -33,6 +33,12 @@ struct RawOptions {
   std::string format;
 };
 
+std::string VersionText(std::string_view commit) {
+  std::string text = "vellumark " VELLUMARK_VERSION_STRING;
+  if (!commit.empty()) text.append(" (commit ").append(commit).append(")");
+  return text;
+}
+
 std::string OneOf(std::string_view what, std::string_view names) {
   return std::string(what) + ": " + std::string(names);
 }
@@ -256,7 +262,7 @@ void TakeOutput(const RawOptions& raw, bool output_given, Options& options) {
 
 }  // namespace
 
-std::optional<Options> ParseOptions(int argc, const char* const* argv) {
+std::optional<Options> ParseOptions(int argc, const char* const* argv, std::string_view commit) {
   Options options;
   options.properties.creator = "vellumark";
   options.properties.producer = "Vellumark " VELLUMARK_VERSION_STRING;
@@ -266,8 +272,7 @@ std::optional<Options> ParseOptions(int argc, const char* const* argv) {
   app.name("vellumark");
   app.description("Typesets Markdown or plain text as a PDF or PostScript document.");
   app.footer(std::string(kFooter));
-  app.set_version_flag("--version", "vellumark " VELLUMARK_VERSION_STRING,
-                       "Print the version and exit");
+  app.set_version_flag("--version", VersionText(commit), "Print the version and exit");
   app.set_help_flag("-h,--help", "Print this help and exit");
   app.add_option(
          "INPUT", options.inputs,
