@@ -13,7 +13,7 @@ import sys
 import tempfile
 import unittest
 
-from exported_symbols import LIST, exported_symbols
+from exported_symbols import LIST, exported_symbols, packaged_symbols, shortened
 
 SOURCE, BUILD = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3])
 EXAMPLE = SOURCE / "examples" / "first_page.cpp"
@@ -121,6 +121,11 @@ class SharedLibrary(unittest.TestCase):
 
     def test_it_exports_the_names_of_the_list(self):
         self.assertEqual(exported_symbols(self.library), LIST.read_text().splitlines(),
+                         "if the change is meant: tests/install/exported_symbols.py LIBRARY")
+
+    def test_the_debian_package_has_the_same_names(self):
+        self.assertEqual(sorted({shortened(name) for name in packaged_symbols()}),
+                         LIST.read_text().splitlines(),
                          "if the change is meant: tests/install/exported_symbols.py LIBRARY")
 
     def test_it_exports_only_what_public_headers_declare(self):
