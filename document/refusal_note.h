@@ -34,6 +34,13 @@ struct FileNote {
   FileNote() = default;
   FileNote(const RefusalNote& refused) : note(refused) {}
   FileNote(RefusalReason reason, std::string text) : note{reason}, detail(std::move(text)) {}
+
+  /// Called after every drawing call: costs no second string.
+  FileNote& operator=(const RefusalNote& refused) noexcept {
+    note = refused;
+    detail.clear();
+    return *this;
+  }
 };
 
 /// The note of a run-time error: its number, 7 for memory that is short.

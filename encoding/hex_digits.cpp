@@ -11,7 +11,7 @@
 namespace vellumark::encoding {
 namespace {
 
-struct DigitPair {
+struct HexPair {
   std::uint8_t characters[2];
 };
 
@@ -19,8 +19,8 @@ constexpr std::uint8_t Digit(std::size_t value) {
   return static_cast<std::uint8_t>(value < 10 ? '0' + value : 'A' + (value - 10));
 }
 
-constexpr auto kPairs = [] {
-  std::array<DigitPair, 256> pairs{};
+constexpr auto kHexPairs = [] {
+  std::array<HexPair, 256> pairs{};
   for (std::size_t byte = 0; byte < pairs.size(); ++byte) {
     pairs[byte] = {{Digit(byte / 16), Digit(byte % 16)}};
   }
@@ -31,7 +31,7 @@ constexpr auto kPairs = [] {
 
 void WriteHexDigitsPortable(std::span<const std::uint8_t> bytes, std::uint8_t* out) {
   for (const std::uint8_t byte : bytes) {
-    std::memcpy(out, kPairs[byte].characters, 2);
+    std::memcpy(out, kHexPairs[byte].characters, 2);
     out += 2;
   }
 }

@@ -13,7 +13,7 @@ namespace vellumark::layout {
 namespace {
 
 struct Fraction {
-  std::array<char, 5> text{};
+  std::array<char, 8> text{};  // zero behind the text
   std::uint8_t size = 0;
 };
 
@@ -22,11 +22,14 @@ constexpr std::array<Fraction, 256> kFractions = [] {
   for (int byte = 0; byte < 256; ++byte) {
     const int thousandths = (byte * 1000 * 2 + 255) / (2 * 255);  // no byte falls on a tie
     Fraction& fraction = fractions[static_cast<std::size_t>(byte)];
-    fraction.text = {static_cast<char>('0' + thousandths / 1000), '.',
-                     static_cast<char>('0' + thousandths / 100 % 10),
-                     static_cast<char>('0' + thousandths / 10 % 10),
-                     static_cast<char>('0' + thousandths % 10)};
-    fraction.size = thousandths % 1000 == 0 ? 1 : 5;
+    fraction.text[0] = static_cast<char>('0' + thousandths / 1000);
+    fraction.size = 1;
+    if (thousandths % 1000 == 0) continue;
+    fraction.text[1] = '.';
+    fraction.text[2] = static_cast<char>('0' + thousandths / 100 % 10);
+    fraction.text[3] = static_cast<char>('0' + thousandths / 10 % 10);
+    fraction.text[4] = static_cast<char>('0' + thousandths % 10);
+    fraction.size = 5;
   }
   return fractions;
 }();
@@ -50,7 +53,8 @@ ColorText FormatColor(std::uint8_t red, std::uint8_t green, std::uint8_t blue) n
   ColorText color;
   char* end = color.text_.data();
   const auto append = [&end](std::uint8_t byte) {
-    end = std::copy_n(kFractions[byte].text.data(), kFractions[byte].size, end);
+    std::memcpy(end, kFractions[byte].text.data(), kFractions[byte].text.size());
+    end += kFractions[byte].size;
   };
   append(red);
   *end++ = ' ';

@@ -45,7 +45,7 @@ class ColorText {
   }
 
   friend bool operator==(const ColorText& a, const ColorText& b) noexcept {
-    return std::memcmp(a.text_.data(), b.text_.data(), kMostSize) == 0;
+    return std::memcmp(a.text_.data(), b.text_.data(), kMostSize) == 0;  // no call either
   }
 
  private:
@@ -53,7 +53,7 @@ class ColorText {
 
   static constexpr std::size_t kMostSize = 17;
 
-  std::array<char, kMostSize> text_{};  // zero behind the text
+  std::array<char, kMostSize + 3> text_{};  // zero behind the text
   std::uint8_t size_ = 0;
   bool gray_ = false;
 };

@@ -8,6 +8,7 @@
 #include <vellumark/run_time_error.h>
 
 #include "layout/glyphs/glyph_tables.h"
+#include "layout/plain_text.h"
 #include "layout/shown_characters.h"
 
 namespace vellumark::layout {
@@ -229,10 +230,8 @@ const CodeWidths* PlainWidths(std::string_view utf8, const Font& font) {
 }
 
 void EncodeText(std::string_view utf8, const Font& font, EncodedText& text) {
-  if (const CodeWidths* const widths = utf8.empty() ? nullptr : PlainWidths(utf8, font)) {
-    text.Borrow(utf8, Checked(SumOfWidths(utf8, *widths)));
-    return;
-  }
+  const PlainText read = utf8.empty() ? PlainText() : ReadPlain(utf8, font);
+  if (read.plain) return text.Borrow(utf8, Checked(read.sum), read.literal);
   TextEncoder encoder(utf8, font, text);
   ShownCharacters characters(utf8);
   if (IsBuiltIn(font)) {
@@ -247,9 +246,7 @@ void EncodeText(std::string_view utf8, const Font& font, EncodedText& text) {
 }
 
 std::int32_t MeasureText(std::string_view utf8, const Font& font) {
-  if (const CodeWidths* const widths = PlainWidths(utf8, font)) {
-    return Checked(SumOfWidths(utf8, *widths));
-  }
+  if (const PlainText read = ReadPlain(utf8, font); read.plain) return Checked(read.sum);
   // A character is as wide in one Latin encoding as in the other.
   const CodeWidths& widths = WidthsOf(font, FirstEncodingOf(font));
   const bool built_in = IsBuiltIn(font);

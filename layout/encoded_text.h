@@ -43,14 +43,16 @@ struct EncodedRun {
   std::int32_t width = 0;  ///< 1/1000 em
   TextEncoding encoding = TextEncoding::WinAnsi;
   bool fits_both = false;  ///< the same bytes are right in WinAnsi and in Extended
+  bool literal = false;    ///< known to be printable ASCII without ( ) and backslash
 };
 
 class EncodedText {
  public:
   /// Takes `codes` as they are for one run, without a copy; they must outlive it.
-  void Borrow(std::string_view codes, std::int32_t width) {
+  void Borrow(std::string_view codes, std::int32_t width, bool literal = false) {
     lost_.clear();
-    runs_.assign(1, {.bytes = codes, .width = width, .fits_both = true});
+    runs_.resize(1);
+    runs_[0] = {.bytes = codes, .width = width, .fits_both = true, .literal = literal};
     width_ = width;
     size_ = codes.size();
   }

@@ -5,10 +5,14 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
 namespace vellumark::layout {
+
+/// The width of every character in Courier.
+inline constexpr std::uint16_t kCourierWidth = 600;
 
 /// A Unicode character of the Latin fonts; the rows go by rising code point.
 struct LatinGlyph {
@@ -18,6 +22,11 @@ struct LatinGlyph {
   /// Helvetica, Helvetica-Bold, Times-Roman, -Bold, -Italic, -BoldItalic; 1/1000 em
   std::array<std::uint16_t, 6> widths{};
   std::string_view name;
+
+  /// In one of these faces, or in Courier, which is the face behind them.
+  [[nodiscard]] constexpr std::uint16_t Width(std::size_t face) const noexcept {
+    return face < widths.size() ? widths[face] : kCourierWidth;
+  }
 };
 
 /// A code of Symbol or ZapfDingbats; the rows go by rising code.

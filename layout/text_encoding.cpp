@@ -26,13 +26,12 @@ constexpr auto kGlyphs = [] {
   return glyphs;
 }();
 
-// The six faces of latin.txt, then Courier; WinAnsi and Extended for each.
-constexpr std::size_t kCourierFace = 6;
+// WinAnsi and Extended for each face.
 constexpr auto kLatinWidths = [] {
-  std::array<std::array<CodeWidths, 2>, 7> widths{};
+  std::array<std::array<CodeWidths, 2>, kLatinFaces> widths{};
   for (const LatinGlyph& row : kLatinGlyphs) {
     for (std::size_t face = 0; face < widths.size(); ++face) {
-      const std::uint16_t width = face == kCourierFace ? kCourierWidth : row.widths[face];
+      const std::uint16_t width = row.Width(face);
       if (row.win_ansi != 0) widths[face][0][row.win_ansi] = width;
       if (row.extended != 0) widths[face][1][row.extended] = width;
     }
@@ -51,33 +50,33 @@ constexpr CodeWidths kSymbolWidths = BuiltInWidths(kSymbolGlyphs);
 constexpr CodeWidths kZapfDingbatsWidths = BuiltInWidths(kZapfDingbatsGlyphs);
 constexpr CodeWidths kNoWidths{};
 
-// The row of kLatinWidths; `style` counts from 0, and the obliques of Helvetica are its uprights.
-std::size_t FaceOf(FontNumberConstants family, std::uint32_t style) noexcept {
-  switch (family) {
-    case FontNumberConstants::Helvetica: return style % 2;
-    case FontNumberConstants::Times: return 2 + style;
-    default: return kCourierFace;
-  }
-}
-
 }  // namespace
 
 const CodedGlyphs& GlyphsOf(TextEncoding encoding) noexcept { return kGlyphs[Index(encoding)]; }
 
-const CodeWidths& WidthsOf(const Font& font, TextEncoding encoding) noexcept {
-  switch (font.number) {
-    case FontNumberConstants::Courier:
-    case FontNumberConstants::Helvetica:
-    case FontNumberConstants::Times: break;
-    case FontNumberConstants::Symbol:
-      return encoding == TextEncoding::Symbol ? kSymbolWidths : kNoWidths;
-    case FontNumberConstants::ZapfDingbats:
-      return encoding == TextEncoding::ZapfDingbats ? kZapfDingbatsWidths : kNoWidths;
-    default: return kNoWidths;
-  }
+// The obliques of Helvetica are as wide as its uprights.
+std::size_t LatinFaceOf(const Font& font) noexcept {
   const std::uint32_t style = static_cast<std::uint32_t>(font.style) - 1;
-  if (style > 3 || encoding > TextEncoding::Extended) return kNoWidths;
-  return kLatinWidths[FaceOf(font.number, style)][Index(encoding)];
+  if (style > 3) return kLatinFaces;
+  switch (font.number) {
+    case FontNumberConstants::Courier: return kCourierFace;
+    case FontNumberConstants::Helvetica: return style % 2;
+    case FontNumberConstants::Times: return 2 + style;
+    default: return kLatinFaces;
+  }
+}
+
+const CodeWidths& WidthsOf(const Font& font, TextEncoding encoding) noexcept {
+  if (const std::size_t face = LatinFaceOf(font); face < kLatinFaces) {
+    return encoding <= TextEncoding::Extended ? kLatinWidths[face][Index(encoding)] : kNoWidths;
+  }
+  if (font.number == FontNumberConstants::Symbol && encoding == TextEncoding::Symbol) {
+    return kSymbolWidths;
+  }
+  if (font.number == FontNumberConstants::ZapfDingbats && encoding == TextEncoding::ZapfDingbats) {
+    return kZapfDingbatsWidths;
+  }
+  return kNoWidths;
 }
 
 }  // namespace vellumark::layout

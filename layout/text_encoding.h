@@ -26,6 +26,7 @@
 #include <string_view>
 
 #include "layout/font.h"
+#include "layout/glyph_rows.h"
 
 namespace vellumark::layout {
 
@@ -41,8 +42,12 @@ struct CodedGlyph {
 using CodedGlyphs = std::array<CodedGlyph, 256>;
 using CodeWidths = std::array<std::uint16_t, 256>;
 
-/// The width of every character in Courier.
-inline constexpr std::uint16_t kCourierWidth = 600;
+/// The faces of the Latin families that differ in width: those of glyphs/latin.txt, and Courier.
+inline constexpr std::size_t kLatinFaces = 7;
+inline constexpr std::size_t kCourierFace = 6;
+
+/// The face of a font, or kLatinFaces if it is of no Latin family or has no such style.
+[[nodiscard]] std::size_t LatinFaceOf(const Font& font) noexcept;
 
 /// What stands at each code.
 [[nodiscard]] const CodedGlyphs& GlyphsOf(TextEncoding encoding) noexcept;

@@ -180,8 +180,13 @@ class PdfWriter final : public document::Writer {
   void WriteDescriptor(int font);
 
   // pages.cpp
-  int WriteStream(std::string_view data);
-  void WriteStreamAt(int number, std::string_view data);
+  /// Of deflate. Level 6 gains a hundredth over 5 and takes a fifth more time. The numbers between
+  /// the words of justified lines hardly repeat: level 3 costs a twentieth there and takes half the
+  /// time.
+  static constexpr std::uint8_t kLevel = 5;
+  static constexpr std::uint8_t kLevelOfMovedWords = 3;
+  int WriteStream(std::string_view data, std::uint8_t level = kLevel);
+  void WriteStreamAt(int number, std::string_view data, std::uint8_t level = kLevel);
   void WritePageContent();
   int WritePageTree();
 

@@ -47,7 +47,7 @@ class MovedWords {
   }
 
   void Add(const EncodedRun& run, std::string& array) {
-    const EscapedString string{run.bytes};
+    const EscapedString string{run.bytes, run.literal};
     if (array.size() < used_ + string.MaxSize() + kMostAround) {
       array.resize(2 * (used_ + string.MaxSize() + kMostAround));
     }
@@ -98,7 +98,7 @@ void PdfWriter::ShowText(std::span<const EncodedRun> runs, PagePoint baseline) {
     BeginText();
     SetFillColor(state_.color);
     SetTextFont(document::FontResource(state_.font, runs.front().encoding));
-    const EscapedString first{runs.front().bytes};
+    const EscapedString first{runs.front().bytes, runs.front().literal};
     if (const auto move = MoveText(baseline)) {
       page_.Append(move->x, ' ', move->y, " TD", first, "Tj");
     } else {
@@ -106,7 +106,7 @@ void PdfWriter::ShowText(std::span<const EncodedRun> runs, PagePoint baseline) {
     }
     for (const EncodedRun& run : runs.subspan(1)) {
       SetTextFont(document::FontResource(state_.font, run.encoding));
-      page_.Append(EscapedString{run.bytes}, "Tj");
+      page_.Append(EscapedString{run.bytes, run.literal}, "Tj");
     }
   });
 }
@@ -132,6 +132,7 @@ std::optional<PdfWriter::TextMove> PdfWriter::MoveText(PagePoint baseline) {
 }
 
 void PdfWriter::ShowWords(std::span<const document::PlacedWord> words, PagePoint baseline) {
+  graphics_.words_moved = true;
   WriteMark(MarkKind::Text, [&] {
     BeginText();
     SetFillColor(state_.color);

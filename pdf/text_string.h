@@ -8,6 +8,7 @@
 //     (https://a.b/B%C3%BCcher%20\(1\))
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -21,11 +22,16 @@ namespace vellumark::pdf {
 /// backslash, line ends) is escaped.
 struct EscapedString {
   std::string_view bytes;
+  bool literal = false;  ///< known to have nothing to escape
 
   [[nodiscard]] std::size_t MaxSize() const noexcept { return 2 * bytes.size() + 2; }
   char* Write(char* to) const noexcept {
     *to++ = '(';
-    to = WriteInside(bytes, to);
+    if (literal) {
+      to = std::copy(bytes.begin(), bytes.end(), to);
+    } else {
+      to = WriteInside(bytes, to);
+    }
     *to++ = ')';
     return to;
   }
