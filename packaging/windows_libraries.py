@@ -75,7 +75,7 @@ def build_project(source, prefix, options):
     build = source / "build-windows"
     run("cmake", "-G", "Ninja", "-S", source, "-B", build, f"-DCMAKE_TOOLCHAIN_FILE={TOOLCHAIN}",
         "-DCMAKE_BUILD_TYPE=Release", f"-DCMAKE_INSTALL_PREFIX={prefix}",
-        f"-DCMAKE_PREFIX_PATH={prefix}", f"-DCMAKE_FIND_ROOT_PATH={prefix}", *options)
+        f"-DVELLUMARK_WINDOWS_LIBRARIES={prefix}", *options)
     run("cmake", "--build", build)
     run("cmake", "--install", build)
 
@@ -103,6 +103,9 @@ def windows_libraries(folder):
         source = sources.fetch(package)
         build_project(source, part, options)
         shutil.copy(source / "debian" / "copyright", part / "licenses" / f"{package}.txt")
+    # A header that an installed one asks for.
+    built, = folder.glob("cmark-gfm-*/build-windows/src/config.h")
+    shutil.copy(built, part / "include" / "cmark-gfm")
     source = sources.fetch("giflib")
     build_giflib(source, part)
     shutil.copy(source / "debian" / "copyright", part / "licenses" / "giflib.txt")
