@@ -21,7 +21,7 @@ TOPICS = ROOT / "examples" / "topics"
 PAGE = ROOT / "docs" / "gallery.md"
 PICTURES = ROOT / "docs" / "pictures" / "gallery"
 ORDER = """text paragraphs shapes characters pictures links heads table labels form chart letter
-certificate web_answer""".split()
+certificate web_answer units""".split()
 EDGE = bytes((170, 170, 170))
 PIXELS_PER_INCH = 80
 INTRODUCTION = """# Gallery
