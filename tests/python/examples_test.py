@@ -8,6 +8,7 @@ import subprocess
 import sys
 
 import pytest
+import vellumark
 from conftest import SOURCE, from_cmake
 
 EXAMPLES = SOURCE / "examples"
@@ -71,6 +72,14 @@ def test_the_examples_are_the_same_in_python_and_cpp(name):
     for kind in ("pdf", "ps"):
         cpp, python = (pathlib.Path(folder, f"{name}.{kind}") for folder in ("cpp", "python"))
         assert cpp.read_bytes() == python.read_bytes()
+
+
+def test_the_constants_to_paste_are_those_of_the_enumerations():
+    text = (SOURCE / "docs/windows.md").read_text()
+    told = {name: int(value) for line in re.findall(r"^Const (.*)", text, re.M)
+            for name, value in re.findall(r"(\w+) = (\d+)", line)}
+    enumerations = [value for name, value in vars(vellumark).items() if name.endswith("Constants")]
+    assert told == {member.name: member.value for group in enumerations for member in group}
 
 
 def test_each_topic_is_the_same_in_python_and_cpp():
