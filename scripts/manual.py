@@ -73,6 +73,8 @@ def relinked(text, source, pages):
             return found[0]
         there = (source.parent / path).resolve()
         if there in names:
+            if words in (path, names[there]):    # a file's name says little in a book
+                words = there.read_text(encoding="utf-8").partition("\n")[0].lstrip("# ")
             return f"{mark}[{words}]({names[there]}{sharp}{place})"
         if mark and there.is_relative_to(ROOT / "docs"):
             return f"![{words}]({there.relative_to(ROOT / 'docs')})"
@@ -110,7 +112,7 @@ def main():
     for ending in ("pdf", "ps"):
         run(HOST, *pages, "-o", BUILD / f"manual.{ending}", "--cover", "--toc",
             "--title", "Vellumark", "--author", f"Manual of version {version}",
-            "--size", "10", "--margins", "60", "--subject", "PDF and PostScript documents from drawing, text and picture calls",
+            "--size", "10", "--margins", "52,60,52,60", "--subject", "PDF and PostScript documents from drawing, text and picture calls",
             cwd=PAGES)
 
 
