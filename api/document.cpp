@@ -170,6 +170,18 @@ void Document::SetFont(FontNumberConstants fontnumber, Byte fontheight,
   parts_->model.SetFont(fontnumber, fontheight.value(), fontstyle, fonteffect);
 }
 
+FontNumberConstants Document::LoadFont(std::string_view file, Int16 index) noexcept {
+  return parts_->LoadFont(file, index);
+}
+
+FontNumberConstants Document::LoadFont(std::span<const std::uint8_t> bytes, Int16 index) noexcept {
+  return parts_->LoadFont(bytes, index);
+}
+
+bool Document::AddFallbackFont(FontNumberConstants fontnumber) noexcept {
+  return parts_->Run([&] { return parts_->model.AddFallbackFont(fontnumber); });
+}
+
 void Document::GetPageDimensions(std::int16_t& width, std::int16_t& height) const {
   width = parts_->state.page.width.value();
   height = parts_->state.page.height.value();

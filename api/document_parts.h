@@ -17,6 +17,7 @@
 #include "document/lost_bytes.h"
 #include "document/state.h"
 #include "document/writer.h"
+#include "fonts/font_engine.h"
 #include "layout/shown_characters.h"
 
 namespace vellumark {
@@ -134,6 +135,13 @@ class Document::Parts {
       const ModelText link(*platform, state, hyperlink);
       return model.DrawPicture({source, alignment, link, encoding});
     });
+  }
+
+  /// The file's name stays as it is, UTF-8. 0 if the font is refused.
+  FontNumberConstants LoadFont(const layout::PictureSource& file, Int16 index) noexcept {
+    FontNumberConstants number{};
+    Run([&] { return model.LoadFont({file, index.value()}, &fonts::MakeFontEngine, number); });
+    return number;
   }
 
   std::shared_ptr<Platform> platform;

@@ -43,6 +43,10 @@ bool DrawPlainPicture(Document& document, FileOrBytes file, AlignmentConstants a
                     file);
 }
 
+FontNumberConstants LoadAnyFont(Document& document, FileOrBytes file, std::int16_t index) {
+  return std::visit([&](auto source) { return document.LoadFont(source, index); }, file);
+}
+
 constexpr Caption kWriteTitle = {
     "WriteTitle", 21, "Writes a title behind a bullet, in the current color and font.",
     "The bullet takes a width of the font height less 1 point. A title always ends with a carriage "
@@ -230,7 +234,9 @@ constexpr Member kMembers[] = {
         {{{"fontnumber"}, {"fontheight"}, {"fontstyle"}, {"fonteffect"}}}),
     Method<&Document::SetFont>(
         {"SetFont", 36, "Sets the font.",
-         "An unknown font becomes Courier, a height outside 8 to 72 points becomes 8, an unknown "
+         "fontnumber is a member of the enumeration or, in conforming documents, a number that "
+         "LoadFont returned. An unknown font becomes Courier, a height outside 8 to 72 points "
+         "becomes 8, an unknown "
          "style Regular and an unknown effect NoFontEffect. If fontnumber is Symbol or greater, "
          "the "
          "style is always Regular."},
@@ -315,6 +321,24 @@ constexpr Member kMembers[] = {
         {"PicturesEnlarged", 54, "Returns or sets whether small pictures are enlarged.",
          "False at first. A picture that is smaller than the box of SetPictureDimensions is then "
          "enlarged until it fills the width or the height of the box. DrawPicture reads it."}),
+
+    Method<&LoadAnyFont>(
+        {"LoadFont",
+         55,
+         "Loads a font file, and returns a number of it for SetFont.",
+         "file is the name of a TrueType or OpenType file, or the content of such a file as an "
+         "array of bytes; index is the face of a collection, counted from 0. The number is 101 or "
+         "more, and conforming documents take it. The font belongs to the object and stays over "
+         "Create. Returns 0 if the file is not a font or is damaged, lacks the face, or if its "
+         "license bits forbid embedding; LastRefusal then says why.",
+         {.takes_long = true}},
+        {{FileName("file"), {"index", 0}}}),
+    Method<&Document::AddFallbackFont>(
+        {"AddFallbackFont", 56, "Lets a loaded font show characters that the current font lacks.",
+         "fontnumber is one that LoadFont returned. Fallbacks are asked in the order in which they "
+         "were added, whatever the current font is, for headers and footers too. Returns False for "
+         "another number."},
+        {{{"fontnumber"}}}),
 };
 
 /// Ids ascend; two rows that share one share the name, and no class has both. A parameter has a

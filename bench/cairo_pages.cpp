@@ -86,6 +86,26 @@ void WriteText(const SampleText& text, int pages, const char* path) {
   }
 }
 
+void WriteTextEmbedded(const SampleText& text, int pages, const char* path) {
+  CairoDocument document(cairo_pdf_surface_create, path);
+  cairo_t* const cairo = document.Get();
+  cairo_font_face_t* const face =
+      cairo_toy_font_face_create(kFontName, CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
+  for (int page = 0; page < pages; ++page) {
+    for (int i = 0; i < kLinesPerPage; ++i) {
+      const char* const line = text.Line(page * kLinesPerPage + i).data();
+      cairo_set_font_face(cairo, face);
+      cairo_set_font_size(cairo, kFontHeight);
+      SetSource(cairo, ShadeOf(i));
+      if (Advance(cairo, line) > kPageWidth - 2 * kMargin) Fail(kName, "text is too wide");
+      cairo_move_to(cairo, kMargin, kMargin + i * kLineStep + kFontHeight);
+      cairo_show_text(cairo, line);
+    }
+    document.EndPage();
+  }
+  cairo_font_face_destroy(face);
+}
+
 void FillAndStroke(cairo_t* cairo, int look) {
   SetSource(cairo, ShadeOf(look + 1));
   cairo_fill_preserve(cairo);
@@ -163,6 +183,12 @@ const DocumentWriter& Cairo() {
                                              WriteWrapped<cairo_pdf_surface_create>,
                                              nullptr,
                                              nullptr};
+  return kWriter;
+}
+
+const DocumentWriter& CairoEmbedded() {
+  static constexpr DocumentWriter kWriter = {kName,   WriteTextEmbedded, nullptr,
+                                             nullptr, nullptr,           nullptr};
   return kWriter;
 }
 

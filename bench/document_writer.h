@@ -50,6 +50,14 @@ const DocumentWriter& VellumarkPs();
 const DocumentWriter& VellumarkConformingPs();
 const DocumentWriter& CairoPs();
 
+/// Texts in a font that is embedded, kFontFile; only write_text.
+const DocumentWriter& VellumarkEmbedded();
+const DocumentWriter& CairoEmbedded();
+
+/// DejaVu Sans (fonts-dejavu-core), by its file and by its name.
+inline constexpr const char* kFontFile = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
+inline constexpr const char* kFontName = "DejaVu Sans";
+
 // --- The measures of the pages, in points; y grows downwards from the top margin. ----------------
 
 constexpr int kPageWidth = 595;

@@ -322,6 +322,19 @@ void Register(Bench& bench) {
           CompareSpeed(state, bench, measure, VellumarkPs(), *peer, goal);
         });
   }
+  const SpeedMeasure embedded = {"embedded",
+                                 "embedded font, 40 pages x 40 lines",
+                                 kTextPages * kLinesPerPage,
+                                 [&bench](const auto& writer, const char* path) {
+                                   writer.write_text(bench.text, kTextPages, path);
+                                 },
+                                 {}};
+  add("embedded_text", [&bench, embedded](auto& state) {
+    CompareSpeed(state, bench, embedded, VellumarkEmbedded(), CairoEmbedded(), AtLeast(4));
+  });
+  add("embedded_size", [&bench, embedded](auto& state) {
+    CompareSizes(state, bench, embedded, VellumarkEmbedded(), CairoEmbedded(), AtMost(1));
+  });
   add("ps_length", [&bench](auto& state) {
     CompareLengths(state, bench, VellumarkPs(), "PostScript, per call at 300 pages", 300);
   });

@@ -72,6 +72,23 @@ void WriteText(const SampleText& text, int pages, const char* path) {
   document.Flush();
 }
 
+void WriteTextEmbedded(const SampleText& text, int pages, const char* path) {
+  CheckedDocument<CompressedPdf> document(path);
+  const FontNumberConstants font = document->LoadFont(kFontFile);
+  document.Check(font != FontNumberConstants{});
+  for (int page = 0; page < pages; ++page) {
+    document.NewPage();
+    for (int i = 0; i < kLinesPerPage; ++i) {
+      const Shade shade = ShadeOf(i);
+      document.SetFont(font);
+      document->SetColor(shade.red, shade.green, shade.blue);
+      document.Check(
+          document->WriteText(text.Line(page * kLinesPerPage + i), true, kLineStep - kFontHeight));
+    }
+  }
+  document.Flush();
+}
+
 template <class AnyDocument>
 void DrawShapes(CheckedDocument<AnyDocument>& document, int number) {
   const auto [left, rectangle_top, circle_top] = PlaceOfShape(number);
@@ -175,6 +192,12 @@ const DocumentWriter& VellumarkConformingPs() {
   static constexpr DocumentWriter kWriter = {
       kName,           WriteText<Ps>, WriteShapes<Ps>, WriteWrapped<Ps>, WriteJustified<Ps>,
       MeasureLines<Ps>};
+  return kWriter;
+}
+
+const DocumentWriter& VellumarkEmbedded() {
+  static constexpr DocumentWriter kWriter = {kName,   WriteTextEmbedded, nullptr,
+                                             nullptr, nullptr,           nullptr};
   return kWriter;
 }
 

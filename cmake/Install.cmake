@@ -50,6 +50,9 @@ if(VELLUMARK_PICTURE_DECODERS)
   set(pkgconfig_requires "libjpeg libpng")
   set(pkgconfig_libraries -lgif)  # giflib has no pkg-config file
 endif()
+if(VELLUMARK_FONTS)
+  string(APPEND pkgconfig_requires " harfbuzz harfbuzz-subset fribidi libunibreak libthai")
+endif()
 configure_file(cmake/vellumark.pc.in ${CMAKE_CURRENT_BINARY_DIR}/vellumark.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/vellumark.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

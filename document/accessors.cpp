@@ -13,7 +13,9 @@ void DocumentModel::SetFont(FontNumberConstants number, std::uint8_t height,
                             FontStyleConstants style, FontEffectConstants effect) noexcept {
   using enum FontNumberConstants;
   layout::Font& font = state_.font;
-  font.number = number >= Courier && number <= ZapfDingbats ? number : Courier;
+  const bool loaded = state_.fonts.Face(static_cast<int>(number)) != nullptr &&
+                      !state_.oddities.TextIsCodePageBytes();
+  font.number = loaded || (number >= Courier && number <= ZapfDingbats) ? number : Courier;
   font.height = height >= kSmallestFont && height <= kLargestFont ? height : kSmallestFont;
   // The number as passed decides: an unknown one above the text families forces Regular, one of 0
   // or below keeps the style asked for.

@@ -35,7 +35,9 @@
 #include "document/writer.h"
 #include "layout/justification.h"
 #include "layout/lost_characters.h"
+#include "layout/picture_source.h"
 #include "layout/resize.h"
+#include "layout/shaping_setter.h"
 #include "layout/text_setter.h"
 
 namespace vellumark::document {
@@ -75,6 +77,12 @@ struct PlacedPicture {
   EncodingConstants encoding = EncodingConstants::ASCII85;
 };
 
+/// A font file, and which face of it: counted from 0 in a collection.
+struct FontSource {
+  layout::PictureSource file;  ///< a name for the platform, or the bytes
+  int index = 0;
+};
+
 /// What Create starts a document in: a file of the platform, by its name in UTF-8, or a stream.
 using OutputTarget = std::variant<std::string_view, std::ostream*>;
 
@@ -111,6 +119,13 @@ class DocumentModel {
 
   // Pictures (picture.cpp).
   FileNote DrawPicture(const PlacedPicture& placed) noexcept;
+
+  // Fonts of the host's (load_font.cpp).
+  /// What makes the engine when the first font is loaded; it returns null in a build without.
+  using MakeEngine = std::unique_ptr<layout::FontEngine> (*)();
+  FileNote LoadFont(const FontSource& source, MakeEngine make_engine,
+                    FontNumberConstants& number) noexcept;
+  RefusalNote AddFallbackFont(FontNumberConstants number) noexcept;
 
   /// The characters that readers do not see as themselves, of what was written since Create.
   [[nodiscard]] layout::LostCharacters& Lost() noexcept { return lost_; }
@@ -246,6 +261,19 @@ class DocumentModel {
   RefusalNote MeasureWords(std::string_view text, const layout::CodeWidths* codes, Points width);
   RefusalNote WriteLines(const Paragraph& paragraph, bool bytes_are_codes, const Column& column);
   [[nodiscard]] Points ParagraphHeight() const;
+
+  // shaped_paragraph.cpp
+  RefusalNote MeasurePieces(const Paragraph& paragraph, Points width);
+  template <class Line>
+  void BreakPieces(Points width, const Line& line);
+  [[nodiscard]] std::int32_t CountShapedLines(Points width);
+  RefusalNote WriteShapedLines(const Paragraph& paragraph, const Column& column);
+  RefusalNote WriteShapedLine(const Paragraph& paragraph, const Column& column,
+                              layout::LineOfPieces line, bool justified);
+
+  // load_font.cpp
+  FileNote TryLoadFont(const FontSource& source, MakeEngine make_engine,
+                       FontNumberConstants& number);
   RefusalNote WriteFinishedLine(const Paragraph& paragraph, const LineOfWords& line, Points width,
                                 Points left);
   static std::string_view TextOfWord(std::string_view text, std::span<const Word> words,
@@ -263,14 +291,22 @@ class DocumentModel {
   /// Who measures and encodes the document's text; made on first use, which loads the widths.
   const layout::TextSetter& Setter();
 
+  /// Whether a paragraph is cut into lines by its pieces: it has glyphs of loaded fonts.
+  [[nodiscard]] bool Shapes(std::string_view text) {
+    Setter();
+    return shaping_ != nullptr && shaping_->Shapes(text, state_.font);
+  }
+
   Platform& platform_;
   State& state_;
   LineBuffer& lines_;
   Writer& writer_;
   std::optional<layout::FontWidths> widths_;
   std::unique_ptr<layout::TextSetter> setter_;
-  std::vector<HeldPage> held_pages_;  // whose running heads name the number of pages
-  int bookmark_level_ = 0;            // of the last bookmark
+  layout::ShapingSetter* shaping_ = nullptr;  // the same, if it is one
+  layout::ShapedText shaped_paragraph_;       // of one paragraph; kept for its storage
+  std::vector<HeldPage> held_pages_;          // whose running heads name the number of pages
+  int bookmark_level_ = 0;                    // of the last bookmark
   layout::LostCharacters lost_;
   RefusalNote fault_;         // the first failure of a page end since Create
   RefusalNote refused_head_;  // the first header or footer since Create that was too wide

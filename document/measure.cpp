@@ -25,6 +25,11 @@ RefusalNote DocumentModel::MeasureParagraph(const Paragraph& paragraph,
     Column column;
     if (const RefusalNote refused = CheckParagraph(measured)) return refused;
     if (const RefusalNote refused = PlaceParagraph(measured, column)) return refused;
+    if (Shapes(measured.text)) {
+      if (const RefusalNote refused = MeasurePieces(measured, column.width)) return refused;
+      height = CountShapedLines(column.width) * (state_.font.height + paragraph.dy);
+      return {};
+    }
     const layout::CodeWidths* const codes = Setter().ByteWidths(measured.text, state_.font);
     if (const RefusalNote refused = MeasureWords(measured.text, codes, column.width)) {
       return refused;

@@ -45,9 +45,14 @@ DocumentModel::DocumentModel(Platform& platform, State& state, LineBuffer& lines
 
 const layout::TextSetter& DocumentModel::Setter() {
   if (setter_) return *setter_;
+  shaping_ = nullptr;
   if (state_.oddities.TextIsCodePageBytes()) {
     if (!widths_) widths_.emplace(platform_);
     setter_ = std::make_unique<layout::ByteSetter>(*widths_);
+  } else if (!state_.fonts.Empty()) {
+    auto shaping = std::make_unique<layout::ShapingSetter>(state_.fonts);
+    shaping_ = shaping.get();
+    setter_ = std::move(shaping);
   } else {
     setter_ = std::make_unique<layout::UnicodeSetter>();
   }

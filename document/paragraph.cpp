@@ -34,6 +34,10 @@ RefusalNote DocumentModel::TryWriteMultiText(const Paragraph& given) {
   Column column;
   if (const RefusalNote refused = CheckParagraph(paragraph)) return refused;
   if (const RefusalNote refused = PlaceParagraph(paragraph, column)) return refused;
+  if (Shapes(paragraph.text)) {
+    if (const RefusalNote refused = MeasurePieces(paragraph, column.width)) return refused;
+    return AllOrNothing([&] { return WriteShapedLines(paragraph, column); });
+  }
   state_.position_x = column.left;
   const layout::CodeWidths* const codes = Setter().ByteWidths(paragraph.text, state_.font);
   if (const RefusalNote refused = MeasureWords(paragraph.text, codes, column.width)) return refused;

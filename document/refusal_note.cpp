@@ -100,6 +100,11 @@ std::string Sentence(const RefusalNote& note, std::string_view detail) {
     case RefusalReason::RunningHeadTooWide:
       return Join({"the file is whole, but a header or footer is left out: it is ", got,
                    " points wide, and only ", allowed, " points are free between the margins"});
+    case RefusalReason::FontNotLoaded: return Join({"the font cannot be loaded: ", detail});
+    case RefusalReason::NoFontsInBuild:
+      return "this build has no fonts; the library was configured with VELLUMARK_FONTS=OFF";
+    case RefusalReason::FontUnknown:
+      return Join({"font number is ", got, ", but it must be one that LoadFont returned"});
     case RefusalReason::DocumentNotWhole:
       return Join({"the document is not whole: run-time error ", NameOfError(note.got),
                    " stopped the end of a page or of the document"});

@@ -18,6 +18,7 @@
 #include "document/oddities.h"
 #include "layout/color_text.h"
 #include "layout/font.h"
+#include "layout/font_collection.h"
 #include "layout/paper_sizes.h"
 #include "layout/points.h"
 
@@ -77,6 +78,8 @@ struct State : PageState {
   bool compressed = true;          ///< counts in a conforming PDF only
 
   Oddities oddities;  ///< of the document being written, from `conforming` at its Create
+
+  layout::FontCollection fonts;  ///< those that the host has loaded; they stay over Create
 
   HostText dash;       ///< of the pen, without brackets; empty for a solid line
   layout::Paper page;  ///< size after orientation, and the paper's name

@@ -137,8 +137,9 @@ class TextEncoder {
   TextEncoder(std::string_view utf8, const Font& font, EncodedText& text)
       : font_(font), text_(text), encoding_(FirstEncodingOf(font)) {
     if (text.capacity_ < utf8.size()) {
-      text.capacity_ = std::max(utf8.size(), 2 * text.capacity_);
-      text.storage_.reset(new char[text.capacity_]);
+      const std::size_t capacity = std::max(utf8.size(), 2 * text.capacity_);
+      text.storage_.reset(new char[capacity]);
+      text.capacity_ = capacity;
     }
     text.size_ = 0;
     text.width_ = 0;
@@ -227,6 +228,15 @@ class TextEncoder {
 const CodeWidths* PlainWidths(std::string_view utf8, const Font& font) {
   if (IsBuiltIn(font) || CountPlain(utf8) != utf8.size()) return nullptr;
   return &WidthsOf(font, TextEncoding::WinAnsi);
+}
+
+bool HasCharacter(char32_t character, const Font& font) {
+  if (AppearanceOf(character) != Appearance::Glyph || (character >= ' ' && character <= '~')) {
+    return true;
+  }
+  if (IsBuiltIn(font)) return BuiltInCodeOf(character, font) != 0;
+  const LatinCodes codes = LatinCodesOf(character);
+  return (codes.win_ansi | codes.extended) != 0;
 }
 
 void EncodeText(std::string_view utf8, const Font& font, EncodedText& text) {

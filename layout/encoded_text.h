@@ -29,21 +29,31 @@
 #include <cstdint>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
 #include "layout/font.h"
+#include "layout/font_face.h"
 #include "layout/text_encoding.h"
 
 namespace vellumark::layout {
 
-/// Consecutive codes of one encoding.
+/// What a run is that a ShapingSetter encoded (layout/shaping_setter.h).
+struct ShapedRun {
+  int font = 0;  ///< number of the loaded font whose glyphs it shows; 0: codes of a standard font
+  std::span<const PlacedGlyph> glyphs;  ///< from left to right
+  std::int32_t gap = 0;                 ///< free space behind the run, 1/1000 em
+};
+
+/// Consecutive codes of one encoding, or, with glyphs, the text that they show, in UTF-8.
 struct EncodedRun {
   std::string_view bytes;  ///< valid until the next text is encoded
   std::int32_t width = 0;  ///< 1/1000 em
   TextEncoding encoding = TextEncoding::WinAnsi;
-  bool fits_both = false;  ///< the same bytes are right in WinAnsi and in Extended
-  bool literal = false;    ///< known to be printable ASCII without ( ) and backslash
+  bool fits_both = false;             ///< the same bytes are right in WinAnsi and in Extended
+  bool literal = false;               ///< known to be printable ASCII without ( ) and backslash
+  const ShapedRun* shaped = nullptr;  ///< null in all runs of a text, or in none
 };
 
 class EncodedText {
@@ -73,6 +83,7 @@ class EncodedText {
 
  private:
   friend class TextEncoder;
+  friend class TextComposer;
 
   std::unique_ptr<char[]> storage_;
   std::size_t capacity_ = 0;
@@ -80,6 +91,11 @@ class EncodedText {
   std::int32_t width_ = 0;
   std::vector<EncodedRun> runs_;
   std::vector<char32_t> lost_;
+
+  // Of a text with glyphs.
+  std::string texts_;
+  std::vector<PlacedGlyph> glyphs_;
+  std::vector<ShapedRun> shaped_;
 };
 
 /// Puts `utf8` into the codes of `font`. A font of no family or face has no widths and takes
@@ -89,6 +105,9 @@ void EncodeText(std::string_view utf8, const Font& font, EncodedText& text);
 /// The widths of the codes, if `utf8` is printable ASCII and the font a Latin one, so that each
 /// byte is its own code; null if not.
 [[nodiscard]] const CodeWidths* PlainWidths(std::string_view utf8, const Font& font);
+
+/// Whether `font` shows the character, or a character that looks like it (a blank, nothing).
+[[nodiscard]] bool HasCharacter(char32_t character, const Font& font);
 
 /// The width of the same in 1/1000 em, without the codes.
 [[nodiscard]] std::int32_t MeasureText(std::string_view utf8, const Font& font);

@@ -26,7 +26,9 @@ RefusalNote PdfWriter::RoomFor(const Pieces& pieces) const {
   const auto bookmarks = static_cast<std::int64_t>(objects_.bookmarks.size()) + pieces.bookmarks;
   const std::int64_t to_finish = 4 + header + (bookmarks == 0 ? 0 : bookmarks + 1);
   // A conforming document ends with its fonts and the nodes of its page tree.
-  const std::int64_t more = streams ? 0 : 100 + objects_.table.Count() / 16;
+  constexpr std::int64_t kMostFontObjects = 6 * layout::FontCollection::kMostFonts;
+  const std::int64_t fonts = state_.fonts.Empty() ? 0 : kMostFontObjects;
+  const std::int64_t more = streams ? 0 : 100 + objects_.table.Count() / 16 + fonts;
   const std::int64_t needed = per_mark * pieces.marks + pieces.links + per_image * pieces.images +
                               per_palette * pieces.palettes + pieces.soft_masks +
                               per_page * pieces.pages;
@@ -56,6 +58,7 @@ void PdfWriter::Mark() noexcept {
   mark_.text_y = graphics_.text_y;
   mark_.page_ended = false;
   mark_.least_version = least_version_;
+  mark_.glyphs = glyphs_.Here();
 }
 
 void PdfWriter::BackToMark() noexcept {
@@ -79,6 +82,7 @@ void PdfWriter::BackToMark() noexcept {
   graphics_.text_x = mark_.text_x;
   graphics_.text_y = mark_.text_y;
   least_version_ = mark_.least_version;
+  glyphs_.RollBack(mark_.glyphs);
 }
 
 /// Where the next line comes to stand. Raises run-time error 6 for a position that the format has

@@ -46,6 +46,7 @@ void PdfWriter::BeginDocument(const LocalTime& now) {
   objects_.images.clear();
   objects_.page_nodes.clear();
   objects_.fonts_used = {};
+  glyphs_.Clear();
   objects_.codes_beyond_ascii = false;
   objects_.image_keys.clear();
   image_indices_.clear();

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "pdf/unicode_map.h"
 #include "pdf/wrapped_words.h"
 
 namespace vellumark::pdf {
@@ -15,14 +16,6 @@ using layout::CodedGlyphs;
 using layout::TextEncoding;
 
 constexpr std::size_t kCodes = 256;
-
-std::string Hex(unsigned number, int digits) {
-  std::string hex = "<";
-  for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4) {
-    hex += "0123456789ABCDEF"[number >> shift & 0xFU];
-  }
-  return hex + '>';
-}
 
 // The lines of a CMap: single codes, and ranges of codes for consecutive characters. Of a range
 // only the last byte of the character counts up.
@@ -42,24 +35,14 @@ MapLines LinesOf(const CodedGlyphs& glyphs) {
       ++last;
     }
     if (last == first) {
-      lines.singles.push_back(Hex(first, 2) + ' ' + Hex(character, 4) + '\n');
+      lines.singles.push_back(HexCode(first, 2) + ' ' + HexCode(character, 4) + '\n');
     } else {
-      lines.ranges.push_back(Hex(first, 2) + ' ' + Hex(last, 2) + ' ' + Hex(character, 4) + '\n');
+      lines.ranges.push_back(HexCode(first, 2) + ' ' + HexCode(last, 2) + ' ' +
+                             HexCode(character, 4) + '\n');
     }
     first = last;
   }
   return lines;
-}
-
-// The lines in blocks of at most 100, as many as one operator takes.
-void AppendBlocks(const std::vector<std::string>& lines, std::string_view kind, std::string& map) {
-  constexpr std::size_t kLargestBlock = 100;
-  for (std::size_t start = 0; start < lines.size(); start += kLargestBlock) {
-    const std::size_t end = std::min(start + kLargestBlock, lines.size());
-    map.append(std::to_string(end - start)).append(" begin").append(kind).append("\n");
-    for (std::size_t i = start; i < end; ++i) map += lines[i];
-    map.append("end").append(kind).append("\n");
-  }
 }
 
 }  // namespace
@@ -83,16 +66,8 @@ std::string DifferencesOf(TextEncoding encoding) {
 }
 
 std::string ToUnicodeMap(TextEncoding encoding) {
-  std::string map =
-      "/CIDInit /ProcSet findresource begin\n12 dict begin\nbegincmap\n"
-      "/CIDSystemInfo << /Registry (Adobe) /Ordering (UCS) /Supplement 0 >> def\n"
-      "/CMapName /Adobe-Identity-UCS def\n/CMapType 2 def\n"
-      "1 begincodespacerange\n<00> <FF>\nendcodespacerange\n";
   const MapLines lines = LinesOf(layout::GlyphsOf(encoding));
-  AppendBlocks(lines.ranges, "bfrange", map);
-  AppendBlocks(lines.singles, "bfchar", map);
-  map += "endcmap\nCMapName currentdict /CMap defineresource pop\nend\nend\n";
-  return map;
+  return UnicodeMapOf("<00>", "<FF>", lines.ranges, lines.singles);
 }
 
 }  // namespace vellumark::pdf

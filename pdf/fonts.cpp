@@ -82,6 +82,7 @@ std::string PdfWriter::WriteUsedFonts() {
     named.append("/F").append(std::to_string(resource)).append(" ");
     named.append(std::to_string(number)).append(" 0 R ");
   }
+  WriteEmbeddedFonts(named);
   return named;
 }
 

@@ -30,7 +30,7 @@ struct GraphicsState {
   layout::Points text_y;
   std::optional<layout::Points> line_step;  ///< what T* moves by; none: not known
 
-  bool words_moved = false;  ///< a justified line is on the page
+  bool words_moved = false;  ///< a justified line is on the page, or glyphs
 
   /// A page begins with the format's defaults.
   void BeginPage() {

@@ -95,14 +95,16 @@ void PdfWriter::EndPage() {
 }
 
 /// A stream of its own, compressed if the document is. Returns its number.
-int PdfWriter::WriteStream(std::string_view data, std::uint8_t level) {
+/// `entries` stand in its dictionary too.
+int PdfWriter::WriteStream(std::string_view data, std::uint8_t level, std::string_view entries) {
   const int number = objects_.table.Reserve();
-  WriteStreamAt(number, data, level);
+  WriteStreamAt(number, data, level, entries);
   return number;
 }
 
 /// The same under a number that was handed out before.
-void PdfWriter::WriteStreamAt(int number, std::string_view data, std::uint8_t level) {
+void PdfWriter::WriteStreamAt(int number, std::string_view data, std::uint8_t level,
+                              std::string_view entries) {
   std::string compressed;
   if (state_.compressed) {
     std::int32_t size = 0;
@@ -116,6 +118,7 @@ void PdfWriter::WriteStreamAt(int number, std::string_view data, std::uint8_t le
   lines_.Append("<<");
   lines_.Append("/Length ", data.size());
   if (state_.compressed) lines_.Append("/Filter /FlateDecode");
+  if (!entries.empty()) lines_.Append(entries);
   lines_.Append(">>");
   lines_.Append("stream");
   lines_.Append(data);

@@ -31,6 +31,7 @@
 #include <vector>
 
 #include "document/font_resource.h"
+#include "document/glyph_use.h"
 #include "document/line_buffer.h"
 #include "document/picture_data.h"
 #include "document/state.h"
@@ -43,7 +44,7 @@ namespace vellumark::pdf {
 class PdfWriter final : public document::Writer {
  public:
   PdfWriter(const document::State& state, document::LineBuffer& lines)
-      : state_(state), lines_(lines) {}
+      : state_(state), lines_(lines), glyphs_(state.fonts) {}
 
   /// The properties that only PDF has.
   struct Properties {
@@ -160,6 +161,7 @@ class PdfWriter final : public document::Writer {
     layout::Points text_x;
     layout::Points text_y;
     int least_version = 2;
+    std::size_t glyphs = 0;
     bool page_ended = false;  // the page's marks are in marked_page_
   };
 
@@ -179,14 +181,22 @@ class PdfWriter final : public document::Writer {
   void WriteWidths(int font, layout::TextEncoding encoding, int descriptor);
   void WriteDescriptor(int font);
 
+  // embedded_fonts.cpp
+  void WriteEmbeddedFonts(std::string& named);
+  int WriteEmbeddedFont(const document::GlyphUse::Font& font);
+  int WriteFontProgram(const layout::FontProgram& program, layout::Outlines outlines);
+
   // pages.cpp
   /// Of deflate. Level 6 gains a hundredth over 5 and takes a fifth more time. The numbers between
   /// the words of justified lines hardly repeat: level 3 costs a twentieth there and takes half the
   /// time.
   static constexpr std::uint8_t kLevel = 5;
   static constexpr std::uint8_t kLevelOfMovedWords = 3;
-  int WriteStream(std::string_view data, std::uint8_t level = kLevel);
-  void WriteStreamAt(int number, std::string_view data, std::uint8_t level = kLevel);
+  static constexpr std::uint8_t kLevelOfFonts = 9;  // written once
+  int WriteStream(std::string_view data, std::uint8_t level = kLevel,
+                  std::string_view entries = {});
+  void WriteStreamAt(int number, std::string_view data, std::uint8_t level = kLevel,
+                     std::string_view entries = {});
   void WritePageContent();
   int WritePageTree();
 
@@ -263,6 +273,10 @@ class PdfWriter final : public document::Writer {
   };
   std::optional<TextMove> MoveText(document::PagePoint baseline);
 
+  // shaped_text.cpp
+  void ShowShaped(std::span<const layout::EncodedRun> runs, document::PagePoint baseline);
+  void SetLoadedFont(int number);
+
   const document::State& state_;
   document::LineBuffer& lines_;
   Objects objects_;
@@ -275,6 +289,7 @@ class PdfWriter final : public document::Writer {
   GraphicsState graphics_;
   std::string joined_;  // the page's marks in one piece; kept for its storage
   std::string array_;   // the words of a line; likewise
+  document::GlyphUse glyphs_;
 
   // Named places, and the names that links lead to.
   std::map<std::string, Destination, std::less<>> anchors_;

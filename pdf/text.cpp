@@ -114,6 +114,10 @@ void PdfWriter::ShowText(std::span<const EncodedRun> runs, PagePoint baseline) {
     return;
   }
   if (runs.empty()) return;
+  if (runs.front().shaped != nullptr) {
+    ShowShaped(runs, baseline);
+    return;
+  }
   WriteMark(MarkKind::Text, [&] {
     BeginText();
     SetFillColor(state_.color);

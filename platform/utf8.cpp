@@ -47,4 +47,24 @@ char32_t Utf8Reader::Next() noexcept {
   return kReplacementCharacter;
 }
 
+void AppendUtf8(char32_t character, std::string& text) {
+  const auto append = [&](char32_t byte) { text += static_cast<char>(byte); };
+  const auto continuation = [&](int shift) { append(0x80U | (character >> shift & 0x3FU)); };
+  if (character < 0x80) {
+    append(character);
+  } else if (character < 0x800) {
+    append(0xC0U | character >> 6);
+    continuation(0);
+  } else if (character < 0x10000) {
+    append(0xE0U | character >> 12);
+    continuation(6);
+    continuation(0);
+  } else {
+    append(0xF0U | character >> 18);
+    continuation(12);
+    continuation(6);
+    continuation(0);
+  }
+}
+
 }  // namespace vellumark::platform

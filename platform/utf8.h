@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string>
 #include <string_view>
 
 namespace vellumark::platform {
@@ -50,5 +51,8 @@ class Utf8Reader {
   std::size_t position_ = 0;
   bool malformed_ = false;
 };
+
+/// Appends a Unicode character; not a surrogate.
+void AppendUtf8(char32_t character, std::string& text);
 
 }  // namespace vellumark::platform

@@ -8,6 +8,7 @@
 
 #include "document/resume_next.h"
 #include "ps/comment_text.h"
+#include "ps/embedded_fonts.h"
 #include "ps/prolog.h"
 #include "ps/ps_writer.h"
 
@@ -40,6 +41,7 @@ void PsWriter::Mark() noexcept {
   mark_ = {.page_comments = page_comments_.size(),
            .held_places = held_places_.size(),
            .fonts = fonts_.Here(),
+           .glyphs = glyphs_.Here(),
            .language_level = language_level_,
            .graphics = graphics_};
 }
@@ -48,6 +50,7 @@ void PsWriter::BackToMark() noexcept {
   page_comments_.resize(mark_.page_comments);
   held_places_.resize(mark_.held_places);
   fonts_.RollBack(mark_.fonts);
+  glyphs_.RollBack(mark_.glyphs);
   language_level_ = mark_.language_level;
   graphics_ = mark_.graphics;
   if (mark_.dash_changed) std::swap(dash_, marked_dash_);
@@ -58,6 +61,7 @@ void PsWriter::BeginDocument(const LocalTime& now) {
   page_comments_.clear();
   held_places_.clear();
   fonts_.Clear();
+  glyphs_.Clear();
   language_level_ = 2;
   graphics_ = {};
   const layout::Paper& page = state_.page;
@@ -226,8 +230,10 @@ void PsWriter::FillLatePlaces() {
   }
   if (state_.oddities.FilesAreWithoutSetup()) return;
   lines_.Replace(late_.language_level, "%%LanguageLevel: " + std::to_string(language_level_));
-  lines_.Replace(late_.end_of_comments, fonts_.NeededResources() + "%%EndComments");
-  const std::string fonts = fonts_.Setup();
+  const auto embedded = glyphs_.Used();
+  lines_.Replace(late_.end_of_comments,
+                 fonts_.NeededResources() + SuppliedResources(embedded) + "%%EndComments");
+  const std::string fonts = fonts_.Setup() + EmbeddedFonts(embedded);
   if (fonts.empty()) return;
   lines_.Replace(late_.end_of_setup, "Vellumark begin\n" + fonts + "end\n%%EndSetup");
 }

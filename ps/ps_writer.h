@@ -39,6 +39,7 @@
 #include <string_view>
 #include <vector>
 
+#include "document/glyph_use.h"
 #include "document/line_buffer.h"
 #include "document/state.h"
 #include "document/writer.h"
@@ -50,7 +51,7 @@ namespace vellumark::ps {
 class PsWriter final : public document::Writer {
  public:
   PsWriter(const document::State& state, document::LineBuffer& lines)
-      : state_(state), lines_(lines) {}
+      : state_(state), lines_(lines), glyphs_(state.fonts) {}
 
   [[nodiscard]] bool KeepsFileWhenCreateFails() const override {
     return !state_.oddities.FailedCreatesForgetTheFile();
@@ -132,6 +133,10 @@ class PsWriter final : public document::Writer {
   [[nodiscard]] bool HasFont(int resource) const;
   void SetFont(int resource);
 
+  // shaped_text.cpp
+  void ShowShaped(std::span<const layout::EncodedRun> runs, document::PagePoint baseline);
+  void SetLoadedFont(int number);
+
   // image.cpp
   void WriteColorSpace(const layout::Picture& picture);
   void WriteImageDictionary(const layout::Picture& picture);
@@ -146,6 +151,7 @@ class PsWriter final : public document::Writer {
   std::size_t filled_place_ = 0;            // line of the one being filled, at `filled_from_`
   document::LineBuffer::Mark filled_from_;
   UsedFonts fonts_;
+  document::GlyphUse glyphs_;
   int language_level_ = 2;
   GraphicsState graphics_;
   std::string dash_;   // in force, as the host set it; empty for a solid line
@@ -156,6 +162,7 @@ class PsWriter final : public document::Writer {
     std::size_t page_comments = 0;
     std::size_t held_places = 0;
     std::size_t fonts = 0;
+    std::size_t glyphs = 0;
     int language_level = 2;
     GraphicsState graphics;
     bool dash_changed = false;  // the dash is in marked_dash_

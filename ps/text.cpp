@@ -92,6 +92,10 @@ void PsWriter::ShowText(std::span<const EncodedRun> runs, PagePoint baseline) {
     return;
   }
   if (runs.empty()) return;
+  if (runs.front().shaped != nullptr) {
+    ShowShaped(runs, baseline);
+    return;
+  }
   SetColor(state_.color);
   bool first = true;
   for (const EncodedRun& run : runs) {

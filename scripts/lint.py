@@ -31,7 +31,7 @@ FLOORS = [
     ["include"],
     ["encoding", "platform"],
     ["layout"],
-    ["document"],
+    ["fonts", "document"],
     ["pdf", "ps"],
     ["api"],
     ["automation"],
@@ -46,6 +46,8 @@ WINDOWS_HEADER = re.compile(r"automation/server/|(platform|include/vellumark)/wi
 # Who may include the headers of other libraries.
 KNOWN_IN = [
     (re.compile(r"(jpeglib|jerror|gif_lib|png)\.h"), ("platform/", "bench/")),
+    (re.compile(r"(hb|hb-.*|fribidi|linebreak|thai/.*)\.h"), ("fonts/",)),
+    (re.compile(r"(fontconfig/.*)\.h"), ("tools/",)),
     (re.compile(r"(pybind11/.*|Python\.h)"), ("python/",)),
     (re.compile(r"(windows|unknwn|objbase|ole.*|oa.*|wincodec)\.h"),
      ("platform/windows_", "tools/windows_", "automation/server/", "tests/windows/", "fuzz/invoke_fuzz.cpp",
@@ -59,7 +61,7 @@ initializer_list iomanip iosfwd iterator limits list locale map memory mutex new
 optional ostream queue random set span sstream stdexcept string string_view system_error tuple
 type_traits unordered_map unordered_set utility variant vector""".split())
 # What codespell takes for a misspelling: names of the formats and interfaces, text of tests.
-SPELLED_WELL = "atleast,countr,exced,flate,nd,nin,paeth,te,titel,unknwn,wee"
+SPELLED_WELL = "atleast,countr,exced,flate,nd,nin,ot,paeth,te,titel,unknwn,wee"
 # British forms that codespell does not list or does not see inside a longer name.
 BRITISH = re.compile(
     r"colour|centre|grey|neighbour|behaviour|favour|licence|catalogue|labell|whilst|amongst|towards"
@@ -72,7 +74,7 @@ STUMBLES = re.compile(
     r"\banswers?:? (true|false|whether|nothing)\b"
     r"|(?<!there )\b(is|are) no (?!longer|more|less|larger|greater|smaller|wider|higher)[a-z]+",
     re.IGNORECASE)
-NOT_TEXT = re.compile(r"\.(bmp|gif|jpg|png)$|^fuzz/corpus/|^tests/expected/")
+NOT_TEXT = re.compile(r"\.(bmp|gif|jpg|png|otf|ttf)$|^fuzz/corpus/|^tests/expected/")
 OWN_WORDS = "scripts/lint.py"  # which names what it looks for
 # Their pages are compared byte for byte with those of earlier versions; the words are printed there.
 PRINTED_AS_BEFORE = ("examples/gallery_pages.h", "examples/gallery_pictures.h")

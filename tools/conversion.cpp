@@ -14,6 +14,7 @@
 #include "tools/picture_platform.h"
 #include "tools/progress_line.h"
 #include "tools/ps_output.h"
+#include "tools/system_fonts.h"
 #include "tools/typesetter.h"
 #include "tools/utf8_text.h"
 
@@ -29,7 +30,16 @@ class Outputs {
     if (options.classic) {
       classic_ = std::make_unique<CodeMeasure>();
     } else {
+      UseFonts(options.fonts);
+    }
+  }
+
+  /// Measures with the fonts, which must outlive this.
+  void UseFonts(const DocumentFonts& fonts) {
+    if (fonts.Empty()) {
       conforming_ = std::make_unique<LibraryMeasure>();
+    } else {
+      conforming_ = std::make_unique<ShapedMeasure>(fonts);
     }
   }
 
@@ -48,7 +58,7 @@ class Outputs {
  private:
   Format format_;
   std::unique_ptr<CodeMeasure> classic_;
-  std::unique_ptr<LibraryMeasure> conforming_;
+  std::unique_ptr<TextMeasure> conforming_;
 };
 
 std::size_t LinesOf(const Source& source) {
@@ -64,7 +74,7 @@ std::size_t LinesOf(const std::vector<Source>& sources) {
 class Conversion {
  public:
   Conversion(const std::vector<Source>& sources, const Options& options)
-      : sources_(sources), options_(options), outputs_(options), progress_(LinesOf(sources)) {
+      : sources_(sources), options_(options), outputs_(options_), progress_(LinesOf(sources)) {
     if (!options.title_given) options_.properties.title = sources.front().Title();
     if (options.cover && options_.properties.title.empty()) {
       throw Failure("--cover: the text has no title to put there; add --title TEXT");
@@ -78,12 +88,8 @@ class Conversion {
 
   Converted Run(std::ostream& notes) {
     Converted done;
-    try {
-      done.bytes = Attempt(options_.style);
-    } catch (const ObjectNumbersUsedUp&) {
-      if (!options_.style.justify) FailTooLong();
-      done.bytes = RunRagged(notes);
-    }
+    done.bytes = AttemptOrRagged(notes);
+    if (AddSystemFonts(notes)) done.bytes = AttemptOrRagged(notes);
     progress_.Clear();
     if (options_.contents && headings_.empty()) {
       notes << "vellumark: the text has no titles, and so no table of contents\n";
@@ -97,6 +103,41 @@ class Conversion {
   }
 
  private:
+  std::string AttemptOrRagged(std::ostream& notes) {
+    headings_.clear();
+    try {
+      return Attempt(options_.style);
+    } catch (const ObjectNumbersUsedUp&) {
+      if (!options_.style.justify) FailTooLong();
+      return RunRagged(notes);
+    }
+  }
+
+  /// Adds fonts of the system that show what the document lacks, if the user named none. Returns
+  /// whether there are some.
+  bool AddSystemFonts(std::ostream& notes) {
+    if (options_.classic || options_.fonts.HasFallbacks()) return false;
+    std::string lost;
+    for (const TypesetResult& result : results_) lost += result.lost_characters;
+    if (lost.empty()) return false;
+    progress_.Clear();
+    bool added = false;
+    for (const std::string& file : FontsThatShow(lost)) {
+      DocumentFonts fonts = options_.fonts;
+      try {
+        fonts.AddFallback(file);
+        ScratchDocument loads(true, &fonts);
+      } catch (const Failure&) {
+        continue;  // one that cannot be embedded
+      }
+      options_.fonts = std::move(fonts);
+      notes << "vellumark: " << file << " shows characters that the fonts lack\n";
+      added = true;
+    }
+    if (added) outputs_.UseFonts(options_.fonts);
+    return added;
+  }
+
   std::string RunRagged(std::ostream& notes) {
     progress_.Clear();
     notes << "vellumark: the text is too long to be justified (one document holds about 16,000 "
@@ -131,6 +172,7 @@ class Conversion {
     output->SetProperties(options_.properties);
     document.PaperSize(options_.paper);
     document.Orientation(options_.orientation);
+    if (!options_.fonts.Empty()) output->UseFonts(options_.fonts);
     if (!document.Create(kFile)) throw Failure(document.LastRefusal().sentence);
     if (!options_.classic) SetRunningHeads(options_.heads, style.page.margins, document);
     results_.clear();

@@ -32,6 +32,8 @@ struct RawOptions {
   std::string page_color = "white";
   std::string encoding;
   std::string format;
+  std::vector<std::string> font_files;
+  std::vector<std::string> fallback_fonts;
 };
 
 std::string VersionText(std::string_view commit) {
@@ -83,6 +85,20 @@ void AddLayoutOptions(OptionTable& table, RawOptions& raw, Options& options) {
   add("page-color", raw.page_color, OneOf("Color of the page, #rrggbb or one of", kColorNames),
       "COLOR");
   add_one_of("font", raw.font, "Font of text and titles", kFontNames, raw.font);
+  app.add_option("--font-file", raw.font_files,
+                 Wrapped("TrueType or OpenType file for text and titles, once for each style: "
+                         "[STYLE=]FILE with the style one of " +
+                         std::string(kStyleNames) +
+                         "; FILE#1 is the second face of a collection [default: none]"))
+      ->type_name("FILE")
+      ->expected(1)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  app.add_option("--fallback-font", raw.fallback_fonts,
+                 Wrapped("File that shows what the fonts lack; may be repeated [default: fonts of "
+                         "the system that have it]"))
+      ->type_name("FILE")
+      ->expected(1)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
   add("size", raw.size, "Size of the text in points, 8 to 72", "POINTS");
   add_one_of("encoding", raw.encoding, "Picture encoding", kEncodingNames,
              "original, which keeps a JPG file as it is; with --classic ascii85");
@@ -136,7 +152,8 @@ void AddPartOptions(CLI::App& app, Options& options) {
 /// A classic document is as earlier versions made it.
 void CheckClassic(const CLI::App& app, const Options& options) {
   if (!options.classic) return;
-  for (const char* const name : {"--toc", "--cover", "--date", "--header", "--footer"}) {
+  for (const char* const name :
+       {"--toc", "--cover", "--date", "--header", "--footer", "--font-file", "--fallback-font"}) {
     if (app.count(name) == 0) continue;
     throw Failure(std::string(name) + ": a classic document does not have it; leave --classic out");
   }
@@ -302,6 +319,9 @@ std::optional<Options> ParseOptions(int argc, const char* const* argv, std::stri
   CheckPictureMemory(options.picture_memory);
   CheckTexts(options);
   CheckClassic(app, options);
+  for (const std::string& typed : raw.font_files) options.fonts.SetFile(typed);
+  options.fonts.Check();
+  for (const std::string& typed : raw.fallback_fonts) options.fonts.AddFallback(typed);
   options.style.has_cover = options.cover;
   options.title_given = app.count("--title") > 0;
   TakeOutput(raw, app.count("--output") > 0, options);

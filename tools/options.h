@@ -13,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tools/document_fonts.h"
 #include "tools/output_format.h"
 #include "tools/running_heads.h"
 #include "tools/source.h"
@@ -29,6 +30,7 @@ struct Options {
   PaperSizeConstants paper = PaperSizeConstants::A4;
   OrientationConstants orientation = OrientationConstants::Portrait;
   TextStyle style;
+  DocumentFonts fonts;  ///< of a conforming document
   Properties properties;
   int picture_memory = 256;         ///< MiB that decoding a picture may take
   bool title_given = false;         ///< otherwise the first title of the text is used

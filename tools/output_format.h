@@ -13,6 +13,9 @@
 
 #include <vellumark/vellumark.h>
 
+#include "tools/document_fonts.h"
+#include "tools/face.h"
+
 namespace vellumark::tools {
 
 enum class Format { Pdf, Ps };
@@ -38,6 +41,17 @@ class OutputFormat {
 
   [[nodiscard]] virtual Document& document() = 0;
 
+  /// Loads the fonts, which must outlive the document; from here on text is set in them.
+  void UseFonts(const DocumentFonts& fonts) {
+    fonts_ = &fonts;
+    fonts.LoadInto(document());
+  }
+
+  /// What a face is for SetFont.
+  [[nodiscard]] FontNumberConstants NumberOf(const Face& face) const {
+    return fonts_ == nullptr ? face.family : fonts_->NumberOf(face);
+  }
+
   /// Before Create.
   virtual void SetProperties(const Properties& properties) = 0;
 
@@ -62,6 +76,9 @@ class OutputFormat {
 
   /// Each character, once, that was written and is not shown as itself.
   [[nodiscard]] virtual std::string LostCharacters() { return document().LostCharacters(); }
+
+ private:
+  const DocumentFonts* fonts_ = nullptr;
 };
 
 }  // namespace vellumark::tools

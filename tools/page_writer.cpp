@@ -140,7 +140,7 @@ void PageWriter::Prepare(const Run& run, int x, int below) {
   Document& document = output_.document();
   SetColor(document, run.link == 0 || run.quiet ? kTextColor : kLinkColor);
   const auto underline = run.underlined ? Underline : NoFontEffect;
-  document.SetFont(run.face.family, run.face.size, run.face.style,
+  document.SetFont(output_.NumberOf(run.face), run.face.size, run.face.style,
                    run.struck ? Strikethrough : underline);
   MoveTo(x + run.x, below);
 }

@@ -20,21 +20,10 @@
 
 #include <vellumark/vellumark.h>
 
+#include "tools/document_fonts.h"
+#include "tools/face.h"
+
 namespace vellumark::tools {
-
-/// A font as text is set in it.
-struct Face {
-  FontNumberConstants family = FontNumberConstants::Times;  ///< Courier, Helvetica or Times
-  FontStyleConstants style = FontStyleConstants::Regular;
-  std::uint8_t size = 11;
-
-  friend bool operator==(const Face&, const Face&) = default;
-};
-
-/// The number of a face's family and style: 0 to 11.
-[[nodiscard]] constexpr std::size_t FaceIndex(const Face& face) {
-  return (static_cast<std::size_t>(face.family) - 1) * 4 + static_cast<std::size_t>(face.style) - 1;
-}
 
 /// From 1/1000 point to the nearest whole point.
 [[nodiscard]] constexpr int ToPoints(std::int64_t width) {
@@ -44,12 +33,17 @@ struct Face {
 /// A document without pages, which measures.
 class ScratchDocument {
  public:
-  explicit ScratchDocument(bool conforming);
+  /// Fonts are loaded if there are any.
+  explicit ScratchDocument(bool conforming, const DocumentFonts* fonts = nullptr);
 
   /// The width of a text of one or two characters in 1/1000 em.
   [[nodiscard]] int WidthOf(const Face& face, std::string_view text);
 
+  /// The width of a text of any length in 1/1000 em, shaped as a word of its own.
+  [[nodiscard]] std::int64_t WidthOfWord(const Face& face, std::string_view text);
+
  private:
+  const DocumentFonts* fonts_;
   PDF document_;
 };
 
@@ -63,7 +57,7 @@ class TextMeasure {
   virtual ~TextMeasure() = default;
 
   /// The width of a text in UTF-8, in 1/1000 point.
-  [[nodiscard]] std::int64_t Width(const Face& face, std::string_view text);
+  [[nodiscard]] virtual std::int64_t Width(const Face& face, std::string_view text);
 
  private:
   struct Widths {
@@ -85,6 +79,23 @@ class LibraryMeasure final : public TextMeasure {
   }
 
   ScratchDocument scratch_{true};
+};
+
+/// For documents with loaded fonts, in which words are shaped as a whole.
+class ShapedMeasure final : public TextMeasure {
+ public:
+  /// `fonts` must outlive the measure.
+  explicit ShapedMeasure(const DocumentFonts& fonts) : scratch_(true, &fonts) {}
+
+  [[nodiscard]] std::int64_t Width(const Face& face, std::string_view text) override;
+
+ private:
+  int Measure(const Face& face, std::string_view character) override {
+    return scratch_.WidthOf(face, character);
+  }
+
+  ScratchDocument scratch_;
+  std::array<std::unordered_map<std::string, std::int64_t>, 12> words_;  // by FaceIndex
 };
 
 }  // namespace vellumark::tools

@@ -53,6 +53,10 @@ enum class RefusalReason : std::int32_t {
                         ///< the file was written, but something is missing in it
   RunningHeadTooWide,   ///< Flush: a Header or Footer that was set is wider than the room between
                         ///< the margins; its page is without it, and the file is whole
+  FontNotLoaded,        ///< LoadFont: the file is missing, is not a font or is damaged, lacks the
+                        ///< face, or its license bits forbid embedding
+  NoFontsInBuild,       ///< LoadFont: the library was built without fonts
+  FontUnknown,          ///< AddFallbackFont: LoadFont did not return this number
 };
 
 struct Refusal {

@@ -268,12 +268,31 @@ class VELLUMARK_API Document {
   [[nodiscard]] std::uint8_t GetThickness() const;
   void SetThickness(Byte thickness);
 
+  /// Besides the members of FontNumberConstants, the number of a font that LoadFont returned; in a
+  /// classic document that is an unknown one.
   /// An unknown font becomes Courier, a height outside 8 to 72 becomes 8, an unknown effect none.
   /// A style other than Regular is taken if the font number, as it was passed, is below Symbol.
   void GetFont(FontNumberConstants& fontnumber, std::uint8_t& fontheight,
                FontStyleConstants& fontstyle, FontEffectConstants& fonteffect) const;
   void SetFont(FontNumberConstants fontnumber, Byte fontheight, FontStyleConstants fontstyle,
                FontEffectConstants fonteffect);
+
+  /// Loads a TrueType or OpenType font, so that a conforming document shows the characters that it
+  /// has; the glyphs that are used go into the file. `file` is a name for the platform, UTF-8, and
+  /// `index` the face of a collection, counted from 0. Returns a number for SetFont: 101, 102 and
+  /// so on. Fonts belong to the object and stay over Create. Returns 0 if the file cannot be read,
+  /// is not a font or is damaged, lacks the face, or if its license bits forbid embedding;
+  /// LastRefusal says why. docs/fonts.md tells more.
+  FontNumberConstants LoadFont(std::string_view file, Int16 index = 0) noexcept;
+
+  /// The same out of memory: `bytes` is the content of such a file, and may go when the call
+  /// returns.
+  FontNumberConstants LoadFont(std::span<const std::uint8_t> bytes, Int16 index = 0) noexcept;
+
+  /// From here on a loaded font shows the characters that the current font lacks, whichever that
+  /// is, headers and footers included; fallbacks are asked in the order in which they were added.
+  /// False for a number that LoadFont did not return.
+  bool AddFallbackFont(FontNumberConstants fontnumber) noexcept;
 
   /// Size of the page in points, after Create.
   void GetPageDimensions(std::int16_t& width, std::int16_t& height) const;

@@ -119,6 +119,7 @@ def call_everything(doc):
                  "SetColor": (1, 2, 3), "SetFillColor": (1, 2, 3), "SetDash": ("3 2",),
                  "SetFillStyle": (True,), "SetThickness": (2,), "SetFont": (1, 8, 1, 0),
                  "SetPictureDimensions": (9, 9), "TextWidth": ("text",), "TextHeight": ("text",),
+                 "LoadFont": (PICTURE,), "AddFallbackFont": (101,),
                  **({"WriteBookmark": ("text",), "SetAnchor": ("name",)}
                     if isinstance(doc, vellumark.PDF) else {})}
     for name in dir(doc):

@@ -386,6 +386,8 @@ class CommandLine(HostTest):
                 preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (megabytes << 20,) * 2))
             if done.returncode == 0:
                 break
+            if done.returncode == 127 and not told:
+                continue  # there is no room for its libraries
             self.assertEqual(done.returncode, 2)
             self.assertRegex(done.stderr, rb"\Avellumark: [^\n]* memory\n\Z")
             self.assertEqual(os.listdir(self.here), ["in.md"])

@@ -13,6 +13,8 @@ import tempfile
 import unittest
 
 TOOL = os.path.abspath(sys.argv.pop(1))
+# No fonts of this machine: a text would come out otherwise elsewhere.
+os.environ["FONTCONFIG_FILE"] = os.path.join(os.path.dirname(os.path.abspath(__file__)), "no_fonts.conf")
 
 
 class HostTest(unittest.TestCase):

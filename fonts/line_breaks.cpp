@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#include "fonts/line_breaks.h"
+
+#include <linebreak.h>
+#include <mutex>
+#include <thai/thwbrk.h>
+
+namespace vellumark::fonts {
+namespace {
+
+static_assert(sizeof(utf32_t) == sizeof(char32_t));
+
+constexpr char32_t kSoftHyphen = 0xAD;
+
+bool IsThai(char32_t character) { return character >= 0x0E01 && character <= 0x0E4E; }
+
+// The library fills an index of its own on first use.
+void PrepareOnce() {
+  static std::once_flag prepared;
+  std::call_once(prepared, [] { init_linebreak(); });
+}
+
+}  // namespace
+
+void LineBreaks::Find(std::u32string_view text, std::vector<std::uint8_t>& breaks) {
+  PrepareOnce();
+  breaks.assign(text.size(), 0);
+  if (text.empty()) return;
+  found_.resize(text.size());
+  set_linebreaks_utf32(reinterpret_cast<const utf32_t*>(text.data()), text.size(), "",
+                       found_.data());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    breaks[i] = found_[i] <= LINEBREAK_ALLOWBREAK && text[i] != kSoftHyphen ? 1 : 0;
+  }
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    std::size_t end = i;
+    while (end < text.size() && IsThai(text[end])) ++end;
+    if (end > i) FindInThai(text.substr(i, end - i), std::span(breaks).subspan(i, end - i));
+    if (end > i) i = end - 1;
+  }
+  breaks.back() = 1;
+}
+
+/// Adds the ends of words inside a run of Thai letters.
+void LineBreaks::FindInThai(std::u32string_view run, std::span<std::uint8_t> breaks) {
+  if (!asked_for_breaker_) {
+    breaker_.reset(th_brk_new(nullptr));
+    asked_for_breaker_ = true;
+  }
+  if (!breaker_) return;
+  thai_.assign(run.begin(), run.end());
+  thai_.push_back(0);
+  thai_breaks_.resize(run.size());
+  const int count =
+      th_brk_wc_find_breaks(breaker_.get(), thai_.data(), thai_breaks_.data(), thai_breaks_.size());
+  for (int i = 0; i < count; ++i) {
+    const int place = thai_breaks_[static_cast<std::size_t>(i)];  // the word begins there
+    if (place > 0 && static_cast<std::size_t>(place) < run.size()) {
+      breaks[static_cast<std::size_t>(place - 1)] = 1;
+    }
+  }
+}
+
+}  // namespace vellumark::fonts

@@ -1,0 +1,260 @@
+// SPDX-License-Identifier: MIT
+//
+// Documents with loaded fonts. The widths of the test font are those of make_fonts.py.
+#include "tests/document_fixture.h"
+#include "tests/fonts/test_font.h"
+
+namespace vellumark::tests {
+namespace {
+
+using namespace std::string_view_literals;
+using enum FontNumberConstants;
+
+class FontsTest : public ConformingPdfTest {
+ protected:
+  FontNumberConstants Load(const FontBytes& font = TestFont()) { return doc.LoadFont(font); }
+
+  /// A page in the test font.
+  void StartIn(std::uint8_t height) {
+    const FontNumberConstants number = Load();
+    Start();
+    Font(number, height);
+  }
+
+  /// The one text of the page, of which nothing else is expected.
+  std::string ShownAs(std::string_view text) {
+    EXPECT_TRUE(doc.WriteText(text)) << doc.LastRefusal().sentence;
+    std::string shown;
+    for (const std::string& line : Marks()) {
+      if (line.ends_with("TJ") || line.ends_with("Ts") || line.ends_with("C")) shown += line + '\n';
+    }
+    return shown;
+  }
+
+  [[nodiscard]] bool FileHas(std::string_view text) {
+    return memory->File("doc")->find(text) != std::string::npos;
+  }
+};
+
+class PsFontsTest : public DocumentTest<PS> {};
+
+TEST_F(FontsTest, NumbersCountFrom101AndStayOverCreateInConformingDocumentsOnly) {
+  EXPECT_EQ(static_cast<int>(Load()), 101);
+  EXPECT_EQ(static_cast<int>(Load(TestFont("boxes.otf"))), 102);
+  for (const bool conforming : {true, false, true}) {
+    doc.Conforming(conforming);
+    ASSERT_TRUE(doc.Create("doc"));
+    FontNumberConstants number{};
+    std::uint8_t height = 0;
+    FontStyleConstants style{};
+    FontEffectConstants effect{};
+    Font(static_cast<FontNumberConstants>(102), 12, FontStyleConstants::Bold);
+    doc.GetFont(number, height, style, effect);
+    EXPECT_EQ(static_cast<int>(number), conforming ? 102 : 1);
+    EXPECT_EQ(style, FontStyleConstants::Regular);
+    Font(static_cast<FontNumberConstants>(103), 12);
+    doc.GetFont(number, height, style, effect);
+    EXPECT_EQ(number, Courier);
+    doc.Flush();
+  }
+}
+
+TEST_F(FontsTest, WhatIsNotTakenIsToldWhy) {
+  const auto expect = [&](const FontBytes& font, int index, const std::string& reason) {
+    EXPECT_EQ(static_cast<int>(doc.LoadFont(font, static_cast<std::int16_t>(index))), 0);
+    EXPECT_EQ(Why(), RefusalReason::FontNotLoaded);
+    const std::string sentence = doc.LastRefusal().sentence;
+    EXPECT_TRUE(sentence.ends_with(": " + reason)) << sentence;
+  };
+  expect({}, 0, "it is not a TrueType or OpenType font");
+  expect(FontBytes(5000, 'x'), 0, "it is not a TrueType or OpenType font");
+  expect(TestFont(), 1, "it has 1 face, so the index must be 0");
+  expect(TestFont(), -1, "it has 1 face, so the index must be 0");
+  FontBytes cut = TestFont();
+  cut.resize(TableAt(cut, "glyf") + 10);
+  expect(cut, 0, "it is damaged: its outlines are cut off");
+  const auto with_license = [](int bits) {
+    FontBytes font = TestFont();
+    font[TableAt(font, "OS/2") + 8] = static_cast<std::uint8_t>(bits >> 8);
+    font[TableAt(font, "OS/2") + 9] = static_cast<std::uint8_t>(bits & 0xFF);
+    return font;
+  };
+  expect(with_license(0x002), 0, "its license bits forbid embedding");
+  expect(with_license(0x204), 0, "its license bits forbid embedding");
+  expect(with_license(0x108), 0, "its license bits forbid to embed a part of it");
+  for (const int bits : {0x004, 0x008, 0x006}) EXPECT_NE(int(Load(with_license(bits))), 0) << bits;
+  EXPECT_EQ(static_cast<int>(doc.LoadFont("missing.ttf")), 0);
+  EXPECT_EQ(doc.LastRefusal().sentence,
+            "the font cannot be loaded: missing.ttf: No such file or directory");
+  EXPECT_FALSE(doc.AddFallbackFont(Times));
+  EXPECT_EQ(Why(), RefusalReason::FontUnknown);
+}
+
+TEST_F(FontsTest, WidthsAreThoseOfTheShapedText) {
+  StartIn(20);
+  EXPECT_EQ(doc.TextWidth("AB"), 20);
+  EXPECT_EQ(doc.TextWidth("AV"), 18);       // kerned
+  EXPECT_EQ(doc.TextWidth("fi"), 16);       // a ligature
+  EXPECT_EQ(doc.TextWidth("A\u0301"), 10);  // a mark
+  EXPECT_EQ(doc.TextWidth("A\tB"), 25);
+  EXPECT_TRUE(doc.WriteText("AV"));
+  EXPECT_EQ(At(), (Position{18, 0}));
+  EXPECT_FALSE(doc.WriteText(std::string(100, 'A')));
+  EXPECT_EQ(Why(), RefusalReason::TextTooWide);
+  // From the current position, lower by the heights of three lines.
+  EXPECT_EQ(doc.TextHeight("A B A B A B", 0, 25), 60);
+}
+
+TEST_F(FontsTest, KerningMarksAndLigaturesAreCodesAndMoves) {
+  StartIn(10);
+  // A, V, blank, A, and the mark 200 to the left of where A ends and 100 higher, fi.
+  EXPECT_EQ(ShownAs("AV A\u0301 fi"),
+            "[(\0\1)100(\0\2\0\3\0\1)]TJ\n1 Ts\n[500(\0\4)]TJ\n0 Ts\n[-500(\0\3\0\5)]TJ\n"sv);
+}
+
+TEST_F(FontsTest, TextIsGivenBackByCodesOrBySpans) {
+  StartIn(10);
+  const std::string shown = ShownAs("fi A\u00A0B A B");
+  // The blank stands for itself from its first use on, and only in a span for another one.
+  EXPECT_NE(shown.find("/Span<</ActualText(\xFE\xFF\0\xA0)>>BDC"sv), std::string::npos) << shown;
+  EXPECT_TRUE(FileHas("<0001> <00660069>"));
+  EXPECT_TRUE(FileHas("<0002> <0020>"));
+  EXPECT_TRUE(FileHas("%PDF-1.5"));
+}
+
+TEST_F(FontsTest, FallbacksShowWhatTheCurrentFontLacks) {
+  const FontNumberConstants boxes = Load();
+  Start();
+  Font(Helvetica, 10);
+  EXPECT_TRUE(doc.WriteText("\u0431", true));
+  EXPECT_EQ(doc.LostCharacters(), "\u0431");
+  ASSERT_TRUE(doc.AddFallbackFont(boxes));
+  EXPECT_EQ(doc.TextWidth("\u0431\u0431"), 10);
+  EXPECT_TRUE(doc.WriteText("a \u0431\u044B"));
+  EXPECT_EQ(doc.LostCharacters(), "\u0431\u044B");  // the second one nobody has
+  doc.Footer("\u0431 {page}");
+  doc.Flush();
+  EXPECT_EQ(Why(), RefusalReason::None);
+  EXPECT_TRUE(FileHas("/F101 10 Tf\n[(\0\1)]TJ"sv));
+  EXPECT_TRUE(FileHas("[( 1)]TJ"));
+}
+
+TEST_F(FontsTest, WhatNoFontHasIsAQuestionMark) {
+  StartIn(10);
+  EXPECT_EQ(ShownAs("\u044B?"), "[(\0\1)]TJ\n[(\0\1)]TJ\n"sv);
+  EXPECT_EQ(doc.LostCharacters(), "\u044B");
+}
+
+TEST_F(FontsTest, RightToLeftTextIsShownFromItsEndAndStandsAtTheRight) {
+  StartIn(10);
+  EXPECT_TRUE(doc.WriteMultiText("\u05D0\u05D1 (\u05D0) \u05D0\u05D1", 0, kNoAlignment, false, 50));
+  const Lines marks = Marks();
+  // bet alef, (alef), bet alef: 12, 16 and 12 points, and two blanks of 2.5 between them.
+  EXPECT_TRUE(Has(marks, "[(\0\1\0\2\0\3\0\4\0\2\0\5\0\3\0\1\0\2)]TJ"sv)) << marks.back();
+  EXPECT_TRUE(Has(marks, "55 782 TD")) << marks.back();
+}
+
+TEST_F(FontsTest, ChineseLinesEndBetweenCharactersButNotBeforeAFullStop) {
+  StartIn(10);
+  EXPECT_EQ(doc.TextHeight("\u6F22\u5B57\u6F22\u5B57\u6F22", 0, 20), 30);
+  EXPECT_EQ(doc.TextHeight("\u6F22\u5B57\u3002\u6F22", 0, 20), 30);
+  EXPECT_EQ(doc.TextHeight("\u6F22\u5B57\u3002", 0, 20), 20);
+  EXPECT_EQ(doc.TextHeight("", 0, 20), 10);
+  EXPECT_EQ(doc.TextHeight("\u6F22\u5B57", 0, 9), 0);
+  EXPECT_EQ(Why(), RefusalReason::WordTooWide);
+}
+
+TEST_F(FontsTest, JustifiedLinesFillTheirWidthByTheBlanks) {
+  StartIn(10);
+  ASSERT_TRUE(doc.WriteMultiText("A A A A A", 0, kNoAlignment, true, 30));
+  const Lines marks = Marks();
+  // 4 letters and 3 blanks are 2,750 of 3,000 thousandths.
+  EXPECT_TRUE(Has(marks, "[(\0\1\0\2)-83(\0\1\0\2)-83(\0\1\0\2)-84(\0\1)]TJ"sv));
+  EXPECT_TRUE(Has(marks, "[(\0\1)]TJ"sv));
+}
+
+TEST_F(FontsTest, ARefusedTextLeavesNoGlyph) {
+  std::string files[2];
+  const FontNumberConstants boxes = Load();
+  for (const bool refused : {false, true}) {
+    Start();
+    Font(boxes, 10);
+    EXPECT_TRUE(doc.WriteText("AB", true));
+    if (refused) {
+      EXPECT_FALSE(doc.WriteMultiText("XYZ " + std::string(200, 'W')));
+    }
+    doc.Flush();
+    files[refused ? 1 : 0] = *memory->File("doc");
+  }
+  EXPECT_EQ(files[0], files[1]);
+}
+
+TEST_F(FontsTest, BothKindsOfOutlinesAreEmbedded) {
+  doc.Compressed(true);
+  const FontNumberConstants fonts[] = {Load(), Load(TestFont("boxes.otf"))};
+  std::string first;
+  for (int round = 0; round < 2; ++round) {
+    Start();
+    for (const FontNumberConstants font : fonts) {
+      Font(font, 12);
+      EXPECT_TRUE(doc.WriteText("BOX fi", true));
+    }
+    doc.Flush();
+    EXPECT_EQ(Why(), RefusalReason::None) << doc.LastRefusal().sentence;
+    if (round == 0) first = *memory->File("doc");
+  }
+  EXPECT_EQ(*memory->File("doc"), first);
+  for (const char* const part : {"/FontFile2 ", "/FontFile3 ", "/Subtype /CIDFontType0C",
+                                 "/CIDToGIDMap ", "+Boxes-Regular", "/W [ 0 [ 500"}) {
+    EXPECT_TRUE(FileHas(part)) << part;
+  }
+}
+
+TEST_F(PsFontsTest, TheFontsAreDeclaredInTheSetup) {
+  doc.Conforming(true);
+  const FontNumberConstants number = doc.LoadFont(TestFont());
+  ASSERT_TRUE(doc.AddFallbackFont(doc.LoadFont(TestFont("boxes.otf"))));
+  Start();
+  Font(number, 10);
+  EXPECT_TRUE(doc.WriteText("AV", true));
+  doc.Flush();
+  const Lines lines = SplitLines(*memory->File("doc"), "\n");
+  EXPECT_TRUE(Has(lines, "%%LanguageLevel: 3"));
+  EXPECT_TRUE(Has(lines, "[<0001>-1<0002>]K"));
+  EXPECT_EQ(
+      std::count_if(lines.begin(), lines.end(),
+                    [](const std::string& line) { return line.starts_with("%%BeginResource: "); }),
+      1);  // the fallback shows nothing
+}
+
+TEST(DamagedFonts, CutAndTurnedBitsDoNoHarm) {
+  for (const char* const name : {"boxes.ttf", "boxes.otf"}) {
+    const FontBytes whole = TestFont(name);
+    const auto try_it = [](const FontBytes& font) {
+      PDF doc(std::make_shared<MemoryPlatform>());
+      doc.Conforming(true);
+      const FontNumberConstants number = doc.LoadFont(font);
+      doc.AddFallbackFont(number);
+      doc.Create("doc");
+      doc.NewPage(50, 50, 50, 50, 255, 255, 255);
+      doc.SetFont(number, 12, {}, {});
+      doc.WriteText("AV fi A\u0301 \u05D0\u05D1 \u6F22 \u0915\u093F");
+      doc.Flush();
+      return static_cast<int>(number) != 0;
+    };
+    EXPECT_TRUE(try_it(whole));
+    for (std::size_t size = 0; size < whole.size(); size += 7) {
+      try_it({whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size)});
+    }
+    int taken = 0;
+    for (std::size_t i = 0; i < whole.size(); ++i) {
+      FontBytes turned = whole;
+      turned[i] = static_cast<std::uint8_t>(turned[i] ^ 1U << i % 8);
+      taken += try_it(turned) ? 1 : 0;
+    }
+    EXPECT_LT(taken, static_cast<int>(whole.size())) << name;
+  }
+}
+
+}  // namespace
+}  // namespace vellumark::tests
