@@ -134,7 +134,7 @@ void Document::GetColor(std::uint8_t& red, std::uint8_t& green, std::uint8_t& bl
 }
 
 void Document::SetColor(Byte red, Byte green, Byte blue) {
-  parts_->state.color = layout::FormatColor(red.value(), green.value(), blue.value());
+  parts_->state.color.Set(red.value(), green.value(), blue.value());
 }
 
 void Document::GetFillColor(std::uint8_t& red, std::uint8_t& green, std::uint8_t& blue) const {
@@ -142,7 +142,7 @@ void Document::GetFillColor(std::uint8_t& red, std::uint8_t& green, std::uint8_t
 }
 
 void Document::SetFillColor(Byte red, Byte green, Byte blue) {
-  parts_->state.fill_color = layout::FormatColor(red.value(), green.value(), blue.value());
+  parts_->state.fill_color.Set(red.value(), green.value(), blue.value());
 }
 
 void Document::GetPageColor(std::uint8_t& red, std::uint8_t& green, std::uint8_t& blue) const {

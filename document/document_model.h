@@ -212,7 +212,11 @@ class DocumentModel {
   [[nodiscard]] PagePoint OnPage(Points x, Points y) const {
     return {state_.PageX(x), state_.PageY(y)};
   }
-  [[nodiscard]] RefusalNote CheckPage() const;
+  /// Whether there is a page to draw on, where one is needed.
+  [[nodiscard]] RefusalNote CheckPage() const {
+    if (state_.page_open || state_.oddities.MarksNeedNoPage()) return {};
+    return {RefusalReason::NoPage};
+  }
   template <class Check, class Draw>
   RefusalNote DrawShape(const Check& check, const Draw& draw) noexcept;
   RefusalNote TryDrawCircle(Points x, Points y, Points r);

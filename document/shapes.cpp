@@ -5,12 +5,6 @@
 
 namespace vellumark::document {
 
-/// Whether there is a page to draw on, where one is needed.
-RefusalNote DocumentModel::CheckPage() const {
-  if (state_.page_open || state_.oddities.MarksNeedNoPage()) return {};
-  return {RefusalReason::NoPage};
-}
-
 template <class Check, class Draw>
 RefusalNote DocumentModel::DrawShape(const Check& check, const Draw& draw) noexcept {
   return Attempt([&]() -> RefusalNote {

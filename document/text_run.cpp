@@ -6,6 +6,34 @@
 
 namespace vellumark::document {
 
+RefusalNote DocumentModel::CheckText(Points width, AlignmentConstants alignment) const {
+  if (!layout::IsAlignment(alignment)) {
+    return {RefusalReason::InvalidAlignment, static_cast<std::int32_t>(alignment)};
+  }
+  if (const RefusalNote refused = CheckPage()) return refused;
+  const UsableBox box = Box();
+  const bool aligned = alignment != AlignmentConstants::NoAlignment;
+  const int left = box.width.value() - (aligned ? 0 : state_.position_x.value());
+  if (width.value() > left) return {RefusalReason::TextTooWide, width.value(), left};
+  const int bottom = state_.Y().value() + state_.font.height;
+  if (bottom > box.height.value()) {
+    const auto reason =
+        state_.page_open ? RefusalReason::BeyondBottomMargin : RefusalReason::NoPage;
+    return {reason, bottom, box.height.value()};
+  }
+  return {};
+}
+
+/// Where the font effect's line lies for text whose top is at `y`.
+inline std::optional<Points> DocumentModel::EffectLine(Points y) const {
+  const std::uint8_t height = state_.font.height;
+  switch (state_.font.effect) {
+    case FontEffectConstants::Strikethrough: return y + height / 4 + height / 2;
+    case FontEffectConstants::Underline: return y + height + height / 8;
+    default: return std::nullopt;
+  }
+}
+
 RefusalNote DocumentModel::WriteText(const TextRun& run) noexcept {
   return Attempt([&] { return TryWriteText(run); });
 }
@@ -51,34 +79,6 @@ RefusalNote DocumentModel::PlaceText(const TextRun& run, Points width, Numbers n
     state_.position_x = end;
   }
   return {};
-}
-
-RefusalNote DocumentModel::CheckText(Points width, AlignmentConstants alignment) const {
-  if (!layout::IsAlignment(alignment)) {
-    return {RefusalReason::InvalidAlignment, static_cast<std::int32_t>(alignment)};
-  }
-  if (const RefusalNote refused = CheckPage()) return refused;
-  const UsableBox box = Box();
-  const bool aligned = alignment != AlignmentConstants::NoAlignment;
-  const int left = box.width.value() - (aligned ? 0 : state_.position_x.value());
-  if (width.value() > left) return {RefusalReason::TextTooWide, width.value(), left};
-  const int bottom = state_.Y().value() + state_.font.height;
-  if (bottom > box.height.value()) {
-    const auto reason =
-        state_.page_open ? RefusalReason::BeyondBottomMargin : RefusalReason::NoPage;
-    return {reason, bottom, box.height.value()};
-  }
-  return {};
-}
-
-/// Where the font effect's line lies for text whose top is at `y`.
-std::optional<Points> DocumentModel::EffectLine(Points y) const {
-  const std::uint8_t height = state_.font.height;
-  switch (state_.font.effect) {
-    case FontEffectConstants::Strikethrough: return y + height / 4 + height / 2;
-    case FontEffectConstants::Underline: return y + height + height / 8;
-    default: return std::nullopt;
-  }
 }
 
 }  // namespace vellumark::document

@@ -49,9 +49,9 @@ std::uint8_t ParseFraction(std::string_view part) {
 
 }  // namespace
 
-ColorText FormatColor(std::uint8_t red, std::uint8_t green, std::uint8_t blue) noexcept {
-  ColorText color;
-  char* end = color.text_.data();
+void ColorText::Set(std::uint8_t red, std::uint8_t green, std::uint8_t blue) noexcept {
+  text_ = {};
+  char* end = text_.data();
   const auto append = [&end](std::uint8_t byte) {
     std::memcpy(end, kFractions[byte].text.data(), kFractions[byte].text.size());
     end += kFractions[byte].size;
@@ -61,9 +61,8 @@ ColorText FormatColor(std::uint8_t red, std::uint8_t green, std::uint8_t blue) n
   append(green);
   *end++ = ' ';
   append(blue);
-  color.size_ = static_cast<std::uint8_t>(end - color.text_.data());
-  color.gray_ = red == green && green == blue;
-  return color;
+  size_ = static_cast<std::uint8_t>(end - text_.data());
+  gray_ = red == green && green == blue;
 }
 
 void ParseColor(std::string_view text, Rgb& rgb) {

@@ -29,6 +29,9 @@ class ColorText {
  public:
   ColorText() = default;
 
+  /// In place: a color that is made first and copied then waits for its own stores.
+  void Set(std::uint8_t red, std::uint8_t green, std::uint8_t blue) noexcept;
+
   [[nodiscard]] std::string_view view() const noexcept { return {text_.data(), size_}; }
 
   /// The first operand.
@@ -49,8 +52,6 @@ class ColorText {
   }
 
  private:
-  friend ColorText FormatColor(std::uint8_t red, std::uint8_t green, std::uint8_t blue) noexcept;
-
   static constexpr std::size_t kMostSize = 17;
 
   std::array<char, kMostSize + 3> text_{};  // zero behind the text
@@ -58,8 +59,12 @@ class ColorText {
   bool gray_ = false;
 };
 
-[[nodiscard]] ColorText FormatColor(std::uint8_t red, std::uint8_t green,
-                                    std::uint8_t blue) noexcept;
+[[nodiscard]] inline ColorText FormatColor(std::uint8_t red, std::uint8_t green,
+                                           std::uint8_t blue) noexcept {
+  ColorText color;
+  color.Set(red, green, blue);
+  return color;
+}
 
 /// Reads the first three fractions of `text`; "." and "," both separate decimals. `rgb` takes each
 /// part as it is read. Raises run-time error 9 if a part is missing, 13 if it is not a number and

@@ -16,6 +16,7 @@
 - Relative links of the documents, and the paths that ARCHITECTURE.md names, lead somewhere.
 """
 import concurrent.futures
+import functools
 import pathlib
 import re
 import shutil
@@ -49,7 +50,7 @@ KNOWN_IN = [
     (re.compile(r"(fontconfig/.*)\.h"), ("tools/",)),
     (re.compile(r"(pybind11/.*|Python\.h)"), ("python/",)),
     (re.compile(r"(windows|unknwn|objbase|ole.*|oa.*|wincodec)\.h"),
-     ("platform/windows_", "automation/server/", "tests/windows/", "fuzz/invoke_fuzz.cpp",
+     ("platform/windows_", "tools/windows_", "automation/server/", "tests/windows/", "fuzz/invoke_fuzz.cpp",
       "fuzz/automation_runtime/")),
 ]
 WINDOWS_COMPILER = "x86_64-w64-mingw32-g++-posix"
@@ -77,7 +78,7 @@ NOT_TEXT = re.compile(r"\.(bmp|gif|jpg|png|otf|ttf)$|^fuzz/corpus/|^tests/expect
 OWN_WORDS = "scripts/lint.py"  # which names what it looks for
 # Their pages are compared byte for byte with those of earlier versions; the words are printed there.
 PRINTED_AS_BEFORE = ("examples/gallery_pages.h", "examples/gallery_pictures.h")
-GENERATED = ("docs/reference.md",)  # may have more lines than a file that somebody writes
+GENERATED = ("docs/reference.md", "docs/gallery.md")  # may have more lines than a file that somebody writes
 
 # Oddities of PostScript whose tests in tests/ps have names of their own.
 TESTED_IN_PS = {
@@ -124,14 +125,27 @@ def check_spelling(paths):
                 yield f"{path}:{number}: say \"{stumble[0]}\" in plainer words"
 
 
+@functools.cache
+def headings(path):
+    """The names by which links find the headings of a document, those that stand once."""
+    text = re.sub(r"^```.*?^```", "", path.read_text(encoding="utf-8"), flags=re.S | re.M)
+    return {re.sub(r"[^\w -]", "", title).strip().lower().replace(" ", "-")
+            for title in re.findall(r"^#+ (.*)", text, re.MULTILINE)}
+
+
 def check_links(path):
-    """Links of a document to files of the tree, code aside."""
+    """Links of a document to files of the tree, and to headings of documents, code aside."""
     text = re.sub(r"^```.*?^```", lambda code: "\n" * code[0].count("\n"),
                   (ROOT / path).read_text(encoding="utf-8"), flags=re.S | re.M)
     for number, line in enumerate(text.splitlines(), 1):
-        for target in re.findall(r"\]\(([^)#\s]+)", re.sub(r"`[^`]*`", "", line)):
-            if ":" not in target and not ((ROOT / path).parent / target).exists():
+        for target, place in re.findall(r"\]\(([^)#\s]*)#?([^)\s]*)\)", re.sub(r"`[^`]*`", "", line)):
+            there = (ROOT / path).parent / target if target else ROOT / path
+            if ":" in target:
+                continue
+            if not there.exists():
                 yield f"{path}:{number}: {target} does not exist"
+            elif place and there.suffix == ".md" and place not in headings(there):
+                yield f"{path}:{number}: {target} has no heading {place}"
 
 
 def check_architecture(path):

@@ -12,7 +12,19 @@ namespace vellumark::tools {
 
 void ThrowSystemError() { throw std::system_error(errno, std::generic_category()); }
 
-FileDescriptor FileDescriptor::Open(const std::string& name, int flags, mode_t mode) {
+FileDescriptor FileDescriptor::OpenToRead(const std::string& name) {
+  return Open(name, O_RDONLY | O_NOCTTY);
+}
+
+FileDescriptor FileDescriptor::OpenToWrite(const std::string& name) {
+  return Open(name, O_WRONLY | O_NOCTTY);
+}
+
+FileDescriptor FileDescriptor::CreateNew(const std::string& name, bool owner_only) {
+  return Open(name, O_WRONLY | O_CREAT | O_EXCL, owner_only ? 0600 : 0666);
+}
+
+FileDescriptor FileDescriptor::Open(const std::string& name, int flags, int mode) {
   int number = -1;
   do {
     number = ::open(name.c_str(), flags | O_CLOEXEC, mode);
@@ -68,6 +80,10 @@ void WriteAll(int descriptor, std::string_view bytes) {
     if (count == 0) errno = EIO;  // no progress and no reason
     if (errno != EINTR) ThrowSystemError();
   }
+}
+
+void CheckWritable(const std::string& name) {
+  if (::faccessat(AT_FDCWD, name.c_str(), W_OK, AT_EACCESS) != 0) ThrowSystemError();
 }
 
 void Synchronize(int descriptor) {

@@ -4,10 +4,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <fcntl.h>
 #include <optional>
 #include <system_error>
-#include <unistd.h>
 #include <utility>
 
 #include "tools/failure.h"
@@ -23,8 +21,8 @@ constexpr std::size_t kLargestInput = std::size_t{64} << 20U;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 std::string ReadAll(const std::string& name) {
-  if (name == "-") return ReadUpTo(STDIN_FILENO, kLargestInput);
-  return ReadUpTo(FileDescriptor::Open(name, O_RDONLY | O_NOCTTY).number(), kLargestInput);
+  if (name == "-") return ReadUpTo(kStandardInput, kLargestInput);
+  return ReadUpTo(FileDescriptor::OpenToRead(name).number(), kLargestInput);
 }
 
 /// "line 3, column 5" of a byte. The text before it is well-formed.

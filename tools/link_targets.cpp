@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "tools/file_name.h"
 #include "tools/heading_slugs.h"
 #include "tools/html_text.h"
 #include "tools/inline_text.h"
@@ -49,8 +50,8 @@ std::string LowerAscii(std::string text) {
 
 LinkTargets::LinkTargets(const std::vector<Source>& sources) : places_(sources.size()) {
   for (std::size_t i = 0; i < sources.size(); ++i) {
-    const std::filesystem::path path(sources[i].name);
-    files_.push_back(sources[i].name == "-" ? std::string() : path.lexically_normal().string());
+    const std::filesystem::path path = PathOf(sources[i].name);
+    files_.push_back(sources[i].name == "-" ? std::string() : TextOf(path.lexically_normal()));
     if (sources[i].tree) Collect(i, sources[i].tree->root());
   }
 }
@@ -76,8 +77,8 @@ void LinkTargets::Collect(std::size_t number, cmark_node* root) {
 std::optional<std::size_t> LinkTargets::SourceNamed(std::size_t from, std::string_view file) const {
   if (file.empty()) return from;
   if (IsRemote(file)) return std::nullopt;
-  const auto path = std::filesystem::path(files_[from]).parent_path() / Decoded(file);
-  const auto found = std::find(files_.begin(), files_.end(), path.lexically_normal().string());
+  const auto path = PathOf(files_[from]).parent_path() / PathOf(Decoded(file));
+  const auto found = std::find(files_.begin(), files_.end(), TextOf(path.lexically_normal()));
   if (found == files_.end()) return std::nullopt;
   return static_cast<std::size_t>(found - files_.begin());
 }

@@ -4,7 +4,6 @@
 //
 // It reads, converts and then writes, so the output does not appear until the document is finished.
 // The exit status is 0, 1 or 2; see docs/command-line.md.
-#include <csignal>
 #include <exception>
 #include <iostream>
 #include <new>
@@ -12,10 +11,12 @@
 #include <string>
 #include <vector>
 
+#include "tools/commit.h"
 #include "tools/conversion.h"
 #include "tools/failure.h"
 #include "tools/options.h"
 #include "tools/output_file.h"
+#include "tools/program_begin.h"
 #include "tools/source.h"
 
 namespace {
@@ -23,9 +24,10 @@ namespace {
 constexpr int kIncomplete = 1;
 constexpr int kFailed = 2;
 
-int Run(int argc, const char* const* argv) {
+int Run(const std::vector<const char*>& arguments) {
   using namespace vellumark::tools;
-  const std::optional<Options> options = ParseOptions(argc, argv);
+  const std::optional<Options> options =
+      ParseOptions(static_cast<int>(arguments.size()), arguments.data(), VELLUMARK_COMMIT);
   if (!options) return 0;
   const OutputFile output(options->output, options->inputs);
   std::vector<Source> sources;
@@ -40,10 +42,11 @@ int Run(int argc, const char* const* argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  // An output beyond the limit on file sizes is then an error of write, with its reason.
-  static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
   try {
-    return Run(argc, argv);
+    const std::vector<std::string> words = vellumark::tools::BeginProgram(argc, argv);
+    std::vector<const char*> arguments;
+    for (const std::string& word : words) arguments.push_back(word.c_str());
+    return Run(arguments);
   } catch (const std::bad_alloc&) {
     std::cerr << "vellumark: out of memory\n";
   } catch (const std::exception& error) {

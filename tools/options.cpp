@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "tools/failure.h"
+#include "tools/file_name.h"
 #include "tools/option_pages.h"
 #include "tools/option_values.h"
 #include "tools/type_scale.h"
@@ -34,6 +35,12 @@ struct RawOptions {
   std::vector<std::string> font_files;
   std::vector<std::string> fallback_fonts;
 };
+
+std::string VersionText(std::string_view commit) {
+  std::string text = "vellumark " VELLUMARK_VERSION_STRING;
+  if (!commit.empty()) text.append(" (commit ").append(commit).append(")");
+  return text;
+}
 
 std::string OneOf(std::string_view what, std::string_view names) {
   return std::string(what) + ": " + std::string(names);
@@ -245,10 +252,10 @@ void CheckTexts(const Options& options) {
 
 /// The format that the ending of an output stands for: PDF if there is none.
 Format FormatOfEnding(const std::filesystem::path& output) {
-  const std::string ending = output.extension().string();
+  const std::string ending = TextOf(output.extension());
   if (ending.empty()) return Format::Pdf;
   if (const auto format = ParseFormat(std::string_view(ending).substr(1))) return *format;
-  throw Failure("-o: \"" + output.string() +
+  throw Failure("-o: \"" + TextOf(output) +
                 "\" does not end in .pdf or .ps; add --format pdf or --format ps to use that name");
 }
 
@@ -257,23 +264,23 @@ void TakeOutput(const RawOptions& raw, bool output_given, Options& options) {
   if (!raw.format.empty()) {
     options.format = Taken(ParseFormat(raw.format), "--format", raw.format, kFormatNames);
   } else if (output_given) {
-    options.format = FormatOfEnding(options.output);
+    options.format = FormatOfEnding(PathOf(options.output));
   }
   if (output_given) return;
   const std::string& input = options.inputs.front();
   if (options.inputs.size() > 1) throw Failure("several inputs need an output: add -o FILE");
   if (input == "-") throw Failure("standard input needs an output: add -o FILE");
-  std::filesystem::path path(input);
+  std::filesystem::path path = PathOf(input);
   const char* const ending = options.format == Format::Ps ? ".ps" : ".pdf";
   if (path.extension() == ending) {
     throw Failure(input + " would be written over: name another output with -o");
   }
-  options.output = path.replace_extension(ending).string();
+  options.output = TextOf(path.replace_extension(ending));
 }
 
 }  // namespace
 
-std::optional<Options> ParseOptions(int argc, const char* const* argv) {
+std::optional<Options> ParseOptions(int argc, const char* const* argv, std::string_view commit) {
   Options options;
   options.properties.creator = "vellumark";
   options.properties.producer = "Vellumark " VELLUMARK_VERSION_STRING;
@@ -283,8 +290,7 @@ std::optional<Options> ParseOptions(int argc, const char* const* argv) {
   app.name("vellumark");
   app.description("Typesets Markdown or plain text as a PDF or PostScript document.");
   app.footer(std::string(kFooter));
-  app.set_version_flag("--version", "vellumark " VELLUMARK_VERSION_STRING,
-                       "Print the version and exit");
+  app.set_version_flag("--version", VersionText(commit), "Print the version and exit");
   app.set_help_flag("-h,--help", "Print this help and exit");
   app.add_option(
          "INPUT", options.inputs,

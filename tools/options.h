@@ -2,7 +2,7 @@
 //
 // The command line.
 //
-//     const std::optional<Options> options = ParseOptions(argc, argv);
+//     const std::optional<Options> options = ParseOptions(argc, argv, "4a7a327f12bc");
 //     if (!options) return 0;          // --help or --version has printed its text
 //
 // An unknown option or value throws Failure, which names the option and its values.
@@ -10,6 +10,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tools/document_fonts.h"
@@ -39,6 +40,8 @@ struct Options {
   std::optional<std::string> date;  ///< on the cover; otherwise the day of its creation
 };
 
-[[nodiscard]] std::optional<Options> ParseOptions(int argc, const char* const* argv);
+/// `commit` is what --version shows behind the version; empty if nobody knows it.
+[[nodiscard]] std::optional<Options> ParseOptions(int argc, const char* const* argv,
+                                                  std::string_view commit);
 
 }  // namespace vellumark::tools

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "tools/output_file.h"
 
-#include <cerrno>
-#include <fcntl.h>
 #include <system_error>
-#include <unistd.h>
 #include <utility>
 
 #include "tools/failure.h"
+#include "tools/file_descriptor.h"
+#include "tools/file_name.h"
 #include "tools/temporary_file.h"
 
 namespace vellumark::tools {
@@ -27,7 +26,7 @@ namespace fs = std::filesystem;
 /// What a chain of links ends at, whether it is there or not.
 fs::path FollowLinks(const std::string& name) {
   constexpr int kMostLinks = 40;  // as many as the system follows
-  fs::path path(name);
+  fs::path path = PathOf(name);
   std::error_code error;
   for (int i = 0; i < kMostLinks; ++i) {
     if (!fs::is_symlink(path, error)) return path;
@@ -54,11 +53,15 @@ OutputFile::OutputFile(std::string name, const std::vector<std::string>& inputs)
   if (error) Fail(name_, error);
   if (fs::is_directory(status)) Fail(name_, "it is a directory");
   for (const std::string& input : inputs) {
-    if (input != "-" && fs::equivalent(input, target_, error)) Fail(name_, "it is the input");
+    if (input != "-" && fs::equivalent(PathOf(input), target_, error))
+      Fail(name_, "it is the input");
   }
   direct_ = !fs::is_regular_file(status);
-  if (!direct_ && ::faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) {
-    Fail(name_, {errno, std::generic_category()});
+  if (direct_) return;
+  try {
+    CheckWritable(TextOf(target_));
+  } catch (const std::system_error& denied) {
+    Fail(name_, denied.code());
   }
 }
 
@@ -67,19 +70,19 @@ void OutputFile::CheckDirectory() const {
   std::error_code error;
   const fs::file_status status = fs::status(directory, error);
   if (status.type() == fs::file_type::not_found) {
-    Fail(name_, "there is no directory " + directory.string());
+    Fail(name_, "there is no directory " + TextOf(directory));
   }
   if (error) Fail(name_, error);
-  if (!fs::is_directory(status)) Fail(name_, directory.string() + " is not a directory");
+  if (!fs::is_directory(status)) Fail(name_, TextOf(directory) + " is not a directory");
 }
 
 void OutputFile::Write(std::string_view bytes) const {
   const bool standard_output = name_ == "-";
   try {
     if (standard_output) {
-      WriteAll(STDOUT_FILENO, bytes);
+      WriteAll(kStandardOutput, bytes);
     } else if (direct_) {
-      FileDescriptor file = FileDescriptor::Open(target_.string(), O_WRONLY | O_NOCTTY);
+      FileDescriptor file = FileDescriptor::OpenToWrite(TextOf(target_));
       WriteAll(file.number(), bytes);
       file.Close();
     } else {

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <utility>
 
+#include "tools/file_name.h"
+
 namespace vellumark::tools {
 namespace {
 
@@ -78,7 +80,7 @@ bool PicturePlatform::DecodePicture(std::string_view file, Bitmap& bitmap, std::
 bool PicturePlatform::ReadPicture(std::string_view file, std::vector<std::uint8_t>& bytes,
                                   std::string& reason) {
   // NOLINTNEXTLINE(bugprone-parent-virtual-call)
-  return PortablePlatform::ReadPicture((folder_ / file).string(), bytes, reason);
+  return PortablePlatform::ReadPicture(TextOf(folder_ / PathOf(file)), bytes, reason);
 }
 
 std::error_code PicturePlatform::WriteOutput(FileHandle file, std::string_view bytes) {

@@ -21,6 +21,7 @@
 #include <string_view>
 #include <vector>
 
+#include <vellumark/memory_platform.h>
 #include <vellumark/vellumark.h>
 
 namespace vellumark::tools {

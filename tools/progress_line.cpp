@@ -4,6 +4,8 @@
 #include <iostream>
 #include <unistd.h>
 
+#include "tools/file_descriptor.h"
+
 namespace vellumark::tools {
 namespace {
 
@@ -14,7 +16,7 @@ constexpr std::chrono::milliseconds kInterval{100};
 
 ProgressLine::ProgressLine(std::size_t lines)
     : lines_(lines),
-      wanted_(lines >= kLongInput && ::isatty(STDERR_FILENO) != 0),
+      wanted_(lines >= kLongInput && ::isatty(kStandardError) != 0),
       next_(std::chrono::steady_clock::now()) {}
 
 void ProgressLine::Show(int pages, std::size_t line) {

@@ -5,6 +5,7 @@
 #include <array>
 #include <string_view>
 
+#include "tools/file_name.h"
 #include "tools/inline_text.h"
 #include "tools/input_text.h"
 #include "tools/lost_characters.h"
@@ -16,18 +17,18 @@ namespace {
 bool IsPlainByName(const std::string& name) {
   constexpr std::array<std::string_view, 4> kPlainEndings = {".txt", ".log", ".diff", ".patch"};
   if (name == "-") return true;
-  const std::string ending = std::filesystem::path(name).extension().string();
+  const std::string ending = TextOf(PathOf(name).extension());
   return std::find(kPlainEndings.begin(), kPlainEndings.end(), ending) != kPlainEndings.end();
 }
 
 }  // namespace
 
 std::filesystem::path Source::Folder() const {
-  return name == "-" ? std::filesystem::path() : std::filesystem::path(name).parent_path();
+  return name == "-" ? std::filesystem::path() : PathOf(name).parent_path();
 }
 
 std::string Source::Title() const {
-  if (!tree) return name == "-" ? std::string() : std::filesystem::path(name).filename().string();
+  if (!tree) return name == "-" ? std::string() : TextOf(PathOf(name).filename());
   for (NodeWalk walk(tree->root()); walk.Next();) {
     if (KindOf(walk.node()) == NodeKind::Heading) return PlainText(ReadInlines(walk.node()));
   }

@@ -7,7 +7,6 @@
 #include <csignal>
 #include <cstdio>
 #include <cstring>
-#include <fcntl.h>
 #include <random>
 #include <string>
 #include <system_error>
@@ -107,10 +106,9 @@ TemporaryFile::~TemporaryFile() {
 /// A file that was not there before, not even as a link. Until it has the mode of the file that it
 /// replaces, nobody else can read it.
 void TemporaryFile::Create() {
-  const mode_t mode = replaced_ ? S_IRUSR | S_IWUSR : 0666;
   const std::string name = path_.string();
   const SignalsBlocked blocked;
-  file_ = FileDescriptor::Open(name, O_WRONLY | O_CREAT | O_EXCL, mode);
+  file_ = FileDescriptor::CreateNew(name, replaced_.has_value());
   exists_ = true;
   RemoveOnSignals(name);
 }

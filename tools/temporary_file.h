@@ -10,7 +10,7 @@
 // system may set them. Until ReplaceTarget has succeeded the target is not touched. A file that
 // does not become the target is removed: by the destructor, and if SIGINT, SIGTERM, SIGHUP, SIGQUIT
 // or SIGXCPU ends the program. Only one may exist at a time. Everything throws std::system_error
-// with the system's reason.
+// with the system's reason. Windows has a source of its own, windows_temporary_file.cpp.
 #pragma once
 
 #include <filesystem>

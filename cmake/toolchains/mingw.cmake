@@ -9,7 +9,10 @@ set(CMAKE_C_COMPILER ${prefix}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${prefix}-g++-posix)  # the variant with std::mutex and std::thread
 set(CMAKE_RC_COMPILER ${prefix}-windres)
 
-set(CMAKE_FIND_ROOT_PATH /usr/${prefix})
+# Libraries that were built for Windows elsewhere (packaging/windows_libraries.py).
+set(VELLUMARK_WINDOWS_LIBRARIES "" CACHE PATH "Folder of libraries for Windows")
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES VELLUMARK_WINDOWS_LIBRARIES)
+set(CMAKE_FIND_ROOT_PATH ${VELLUMARK_WINDOWS_LIBRARIES} /usr/${prefix})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Header and footer, page numbers, measuring.
+#include "fuzz/written_file.h"
 #include "tests/document_fixture.h"
 
 namespace vellumark::tests {
@@ -33,6 +34,19 @@ TEST_F(RunningHeads, PlaceholdersAreTheNumbersOfPages) {
   Start();
   doc.NewPage(50, 11, 50, 50, 255, 255, 255);  // the top margin has no room for a header
   EXPECT_EQ(Shown(), (Lines{"1{page} {unknown", "1 of 2", "2 of 2"}));
+}
+
+TEST_F(RunningHeads, PlacesThatWaitedStandWhereTheTableSays) {
+  for (const bool conforming : {false, true}) {
+    doc.Conforming(conforming);
+    doc.Header("{page} of {pages}");
+    Start();
+    doc.DrawLine(0, 0, 10, 10);
+    doc.NewPage(50, 50, 50, 50, 255, 255, 255);
+    doc.Flush();
+    const std::string file = *memory->File("doc");
+    EXPECT_EQ(conforming ? fuzz::FaultOfPdf(file) : fuzz::FaultOfClassicPdf(file), "");
+  }
 }
 
 TEST_F(RunningHeads, OneThatIsTooWideIsToldAndTheLegalNoticeIsNot) {

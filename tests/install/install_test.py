@@ -13,7 +13,7 @@ import sys
 import tempfile
 import unittest
 
-from exported_symbols import LIST, exported_symbols
+from exported_symbols import LIST, exported_symbols, packaged_symbols, shortened
 
 SOURCE, BUILD = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3])
 EXAMPLE = SOURCE / "examples" / "first_page.cpp"
@@ -88,6 +88,20 @@ class Install(unittest.TestCase):
         run("g++", "-std=c++20", EXAMPLE, *flags, "-o", program)
         self.check_page(program)
 
+    def test_the_programs_of_the_pages_by_task_do_what_they_say(self):
+        flags = run("pkg-config", "--cflags", "--libs", "--static", "vellumark",
+                    env=dict(os.environ, PKG_CONFIG_PATH=str(
+                        next(self.prefix.rglob("vellumark.pc")).parent))).split()
+        for page in ("first_document", "service"):
+            source, program = self.folder / f"{page}.cpp", self.folder / page
+            source.write_text(blocks(f"docs/{page}.md", "cpp")[0])
+            run("g++", "-std=c++20", "-Wall", "-Wextra", "-Werror", source, *flags, "-o", program)
+            done = subprocess.run([program], cwd=self.folder, capture_output=True, text=True, check=True)
+        self.assertEqual(done.stdout.splitlines()[0], "100 labels")
+        self.assertIn("the logo: ", done.stdout.splitlines()[1])
+        self.assertEqual(done.stderr, "")
+        self.assertIn("Hello, Łódź!", run("pdftotext", self.folder / "hello.pdf", "-"))
+
     def test_the_example_in_the_readme_is_the_one_that_is_built(self):
         shown = blocks("README.md", "cpp")[0]
         built = "".join(line for line in EXAMPLE.read_text().splitlines(keepends=True)
@@ -121,6 +135,11 @@ class SharedLibrary(unittest.TestCase):
 
     def test_it_exports_the_names_of_the_list(self):
         self.assertEqual(exported_symbols(self.library), LIST.read_text().splitlines(),
+                         "if the change is meant: tests/install/exported_symbols.py LIBRARY")
+
+    def test_the_debian_package_has_the_same_names(self):
+        self.assertEqual(sorted({shortened(name) for name in packaged_symbols()}),
+                         LIST.read_text().splitlines(),
                          "if the change is meant: tests/install/exported_symbols.py LIBRARY")
 
     def test_it_exports_only_what_public_headers_declare(self):

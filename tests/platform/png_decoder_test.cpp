@@ -4,6 +4,7 @@
 #include "platform/picture_decoder.h"
 #include "platform/picture_format.h"
 #include "tests/platform/decoded_picture.h"
+#include "platform/png_header.h"
 #include "tests/png_file.h"
 
 namespace vellumark::tests {
@@ -229,6 +230,24 @@ TEST(PngDecoder, WhatOnlyDescribesThePictureIsNotLookedAt) {
   file.more = PngFile::Chunk("QUUX", "?");
   EXPECT_EQ(Decode(file.Bytes(), bitmap), "the PNG file is damaged")
       << "one that readers must know";
+}
+
+TEST(PngDecoder, CountsTheBitsOfTheBitmapThatItMakes) {
+  using platform::PngHeader;
+  const auto bits = [](int depth, PngHeader::Colors colors, bool transparent) {
+    PngHeader header;
+    header.depth = depth;
+    header.colors = colors;
+    header.has_transparency = transparent;
+    return header.BitmapBits();
+  };
+  EXPECT_EQ(bits(1, PngHeader::Gray, false), 1);
+  EXPECT_EQ(bits(2, PngHeader::Gray, false), 4);
+  EXPECT_EQ(bits(16, PngHeader::Gray, false), 8);
+  EXPECT_EQ(bits(1, PngHeader::Indexed, true), 16);
+  EXPECT_EQ(bits(8, PngHeader::GrayAlpha, true), 16);
+  EXPECT_EQ(bits(8, PngHeader::True, false), 24);
+  EXPECT_EQ(bits(16, PngHeader::TrueAlpha, true), 32);
 }
 
 }  // namespace

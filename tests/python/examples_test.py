@@ -8,6 +8,7 @@ import subprocess
 import sys
 
 import pytest
+import vellumark
 from conftest import SOURCE, from_cmake
 
 EXAMPLES = SOURCE / "examples"
@@ -31,7 +32,7 @@ def test_code_in_the_documentation_runs_and_prints_what_it_says():
     assert len(told) == len(printed) == 3
     for line, expected in zip(printed, told):
         assert line.startswith(expected.removesuffix("...")), line
-    for block in blocks("README.md"):
+    for block in blocks("README.md") + blocks("docs/first_document.md"):
         run(sys.executable, "-W", "error", "-c", block)
 
 
@@ -71,6 +72,33 @@ def test_the_examples_are_the_same_in_python_and_cpp(name):
     for kind in ("pdf", "ps"):
         cpp, python = (pathlib.Path(folder, f"{name}.{kind}") for folder in ("cpp", "python"))
         assert cpp.read_bytes() == python.read_bytes()
+
+
+def test_the_constants_to_paste_are_those_of_the_enumerations():
+    text = (SOURCE / "docs/windows.md").read_text()
+    told = {name: int(value) for line in re.findall(r"^Const (.*)", text, re.M)
+            for name, value in re.findall(r"(\w+) = (\d+)", line)}
+    enumerations = [value for name, value in vars(vellumark).items() if name.endswith("Constants")]
+    assert told == {member.name: member.value for group in enumerations for member in group}
+
+
+def test_each_topic_is_the_same_in_python_and_cpp():
+    programs = from_cmake("VELLUMARK_TOPICS")
+    topics = sorted((EXAMPLES / "topics").glob("*.py"))
+    assert len(topics) >= 15
+    for topic in topics:
+        made = []
+        for command in ([programs / topic.stem], [sys.executable, "-W", "error", topic]):
+            answer = subprocess.run(command, capture_output=True, check=True).stdout
+            files = list(pathlib.Path().iterdir())
+            made.append((answer, [(file.name, file.read_bytes()) for file in files]))
+            for file in files:
+                file.unlink()
+        assert made[0] == made[1] and (made[0][0] or made[0][1]), topic.stem
+
+
+def test_the_gallery_shows_what_the_programs_draw():
+    run(sys.executable, SOURCE / "scripts" / "gallery.py", from_cmake("VELLUMARK_TOPICS"), "--check")
 
 
 def shown(page):

@@ -58,3 +58,39 @@ def test_members_take_or_refuse_whatever_is_passed(document_class, conforming):
                 assert is_property    # which cannot be set
         document.Flush()
         assert isinstance(document.LastRefusal, str)
+
+
+def a_document(document):
+    document.Create("doc")
+    document.NewPage(50, 50, 50, 50, 255, 255, 255)
+    document.Title = "Bücherei"
+    document.WriteText("text", True, dy=2)
+    document.WriteMultiText("some more words " * 20, 2, 0, True)
+    document.SetFont(2, 12, 1, 1)
+    found = document.TextWidth("Żółw"), document.LostCharacters, document.GetColor()
+    document.Flush()
+    return found
+
+
+def test_each_allocation_of_the_interpreter_may_fail(document_class):
+    hook = pytest.importorskip("_testcapi", reason="an interpreter without its own tests")
+    expected = a_document(document_class(Conforming=True))
+    failed = whole = 0
+    number = 0
+    while whole < 20:
+        number += 1
+        document = document_class(Conforming=True)
+        error = found = None
+        hook.set_nomemory(number, number + 1)
+        try:
+            found = a_document(document)
+        except (MemoryError, RuntimeError) as raised:
+            error = raised
+        hook.remove_mem_hooks()
+        if error is None:
+            whole += 1
+            assert found == expected
+        else:
+            failed += 1
+            assert isinstance(error, MemoryError) or "allocate" in str(error)
+    assert failed > 3

@@ -446,7 +446,8 @@ class CommandLine(HostTest):
         for default in (b"[default: a4]", b"[default: 64]", b"[default: times]", b"[default: 11]",
                         b"--classic"):
             self.assertIn(default, told.stdout)
-        self.assertRegex(self.run_tool("--version").stdout, rb"\Avellumark \d+\.\d+\.\d+\n\Z")
+        self.assertRegex(self.run_tool("--version").stdout,
+                         rb"\Avellumark \d+\.\d+\.\d+( \(commit [0-9a-f]{12}(-dirty)?\))?\n\Z")
 
     def test_the_manual_page_and_completions_have_every_option(self):
         told = self.run_tool("--help").stdout.decode()

@@ -5,8 +5,8 @@ whole, its mode is kept, and nothing is left beside it that could be removed.
 
     host_faults_test.py VELLUMARK_EXECUTABLE
 
-Needs strace, and is skipped without it. Limits on files and memory, signals while writing and
-/dev/full are in cli_test.py.
+The calls need strace, the full disk a user namespace; each is skipped without it. Limits on files
+and memory, signals while writing and /dev/full are in cli_test.py.
 """
 import os
 import re
@@ -125,6 +125,44 @@ class HostFaults(HostTest):
                 self.assertEqual(done.returncode, -getattr(signal, "SIG" + name), what)
                 old += self.check(what, None, removable=name == "TERM") == b"old"
         self.assertGreater(old, 20)
+
+
+FULL_DISK = """
+set -e
+mount -t tmpfs -o size=$1,mode=755 none disk
+printf old > disk/out.pdf
+chmod 640 disk/out.pdf
+status=0
+"$2" in.md -o disk/out.pdf || status=$?
+stat -c %a disk/out.pdf
+ls -A disk
+cmp disk/out.pdf whole.pdf >/dev/null && echo whole || { cmp disk/out.pdf old; echo old; }
+exit $status
+"""
+
+
+class FullDisk(HostTest):
+    def test_a_disk_that_is_full_keeps_the_old_output(self):
+        self.put("in.md", "# Title\n\n" + "".join(f"Line {i * 7919 % 1009} of {i}.\n\n" for i in range(3000)))
+        self.put("old", "old")
+        os.mkdir(self.path("disk"))
+        os.environ["SOURCE_DATE_EPOCH"] = "1700000000"
+        self.addCleanup(os.environ.pop, "SOURCE_DATE_EPOCH")
+        self.assertEqual(self.run_tool("in.md", "-o", "whole.pdf").returncode, 0)
+        inside = ["unshare", "--user", "--map-root-user", "--mount"]
+        if subprocess.run([*inside, "mount", "-t", "tmpfs", "none", self.path("disk")], check=False,
+                          capture_output=True).returncode != 0:
+            self.skipTest("file systems may not be mounted here")
+        seen = set()
+        for pages in (1, 2, 3, 5, 9, 17, 33, 65, 500):
+            done = subprocess.run([*inside, "sh", "-c", FULL_DISK, "sh", str(pages * 4096), TOOL], cwd=self.here,
+                                  capture_output=True, check=False, text=True)
+            outcome = "whole" if done.returncode == 0 else "old"
+            self.assertEqual(done.stdout.split(), ["640", "out.pdf", outcome], (pages, done.stderr))
+            if outcome == "old":
+                self.assertRegex(done.stderr, r"\Avellumark: [^\n]*No space left[^\n]*\n\Z")
+            seen.add(outcome)
+        self.assertEqual(seen, {"old", "whole"})
 
 
 if __name__ == "__main__":
