@@ -83,7 +83,7 @@ void AppendUnlessEmpty(document::LineBuffer& lines, std::string_view line) {
 }  // namespace
 
 /// Sets the font unless it is in force.
-inline void PdfWriter::SetTextFont(int resource) {
+void PdfWriter::SetTextFont(int resource) {
   if (graphics_.font == resource && graphics_.font_height == state_.font.height) return;
   page_.Append("/F", resource, ' ', state_.font.height, " Tf");
   graphics_.font = resource;
@@ -93,7 +93,7 @@ inline void PdfWriter::SetTextFont(int resource) {
 
 /// Where a line of text starts, counted from where the one before started; nothing if it is as far
 /// below as that one was below its own predecessor.
-inline std::optional<PdfWriter::TextMove> PdfWriter::MoveText(PagePoint baseline) {
+std::optional<PdfWriter::TextMove> PdfWriter::MoveText(PagePoint baseline) {
   const TextMove move = {baseline.x - graphics_.text_x, baseline.y - graphics_.text_y};
   graphics_.text_x = baseline.x;
   graphics_.text_y = baseline.y;
