@@ -33,4 +33,24 @@ void PdfWriter::WriteMark(MarkKind kind, const Operators& operators) {
   EndMark(kind, start);
 }
 
+/// Sets the font unless it is in force.
+inline void PdfWriter::SetTextFont(int resource) {
+  if (graphics_.font == resource && graphics_.font_height == state_.font.height) return;
+  page_.Append("/F", resource, ' ', state_.font.height, " Tf");
+  graphics_.font = resource;
+  graphics_.font_height = state_.font.height;
+  objects_.fonts_used[static_cast<std::size_t>(resource)] = true;
+}
+
+/// Where a line of text starts, counted from where the one before started; nothing if it is as far
+/// below as that one was below its own predecessor.
+inline std::optional<PdfWriter::TextMove> PdfWriter::MoveText(document::PagePoint baseline) {
+  const TextMove move = {baseline.x - graphics_.text_x, baseline.y - graphics_.text_y};
+  graphics_.text_x = baseline.x;
+  graphics_.text_y = baseline.y;
+  if (move.x == 0 && move.y == graphics_.line_step) return std::nullopt;
+  graphics_.line_step = move.y;
+  return move;
+}
+
 }  // namespace vellumark::pdf

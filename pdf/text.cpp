@@ -82,26 +82,6 @@ void AppendUnlessEmpty(document::LineBuffer& lines, std::string_view line) {
 
 }  // namespace
 
-/// Sets the font unless it is in force.
-void PdfWriter::SetTextFont(int resource) {
-  if (graphics_.font == resource && graphics_.font_height == state_.font.height) return;
-  page_.Append("/F", resource, ' ', state_.font.height, " Tf");
-  graphics_.font = resource;
-  graphics_.font_height = state_.font.height;
-  objects_.fonts_used[static_cast<std::size_t>(resource)] = true;
-}
-
-/// Where a line of text starts, counted from where the one before started; nothing if it is as far
-/// below as that one was below its own predecessor.
-std::optional<PdfWriter::TextMove> PdfWriter::MoveText(PagePoint baseline) {
-  const TextMove move = {baseline.x - graphics_.text_x, baseline.y - graphics_.text_y};
-  graphics_.text_x = baseline.x;
-  graphics_.text_y = baseline.y;
-  if (move.x == 0 && move.y == graphics_.line_step) return std::nullopt;
-  graphics_.line_step = move.y;
-  return move;
-}
-
 void PdfWriter::ShowText(std::span<const EncodedRun> runs, PagePoint baseline) {
   if (state_.oddities.EachMarkIsAStream()) {
     WriteMark(MarkKind::Text, [&] {
