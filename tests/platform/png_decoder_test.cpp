@@ -3,8 +3,8 @@
 
 #include "platform/picture_decoder.h"
 #include "platform/picture_format.h"
-#include "tests/platform/decoded_picture.h"
 #include "platform/png_header.h"
+#include "tests/platform/decoded_picture.h"
 #include "tests/png_file.h"
 
 namespace vellumark::tests {
