@@ -26,7 +26,7 @@ RefusalNote PdfWriter::RoomFor(const Pieces& pieces) const {
   const auto bookmarks = static_cast<std::int64_t>(objects_.bookmarks.size()) + pieces.bookmarks;
   const std::int64_t to_finish = 4 + header + (bookmarks == 0 ? 0 : bookmarks + 1);
   // A conforming document ends with its fonts and the nodes of its page tree.
-  constexpr std::int64_t kMostFontObjects = 6 * layout::FontCollection::kMostFonts;
+  constexpr std::int64_t kMostFontObjects = std::int64_t{6} * layout::FontCollection::kMostFonts;
   const std::int64_t fonts = state_.fonts.Empty() ? 0 : kMostFontObjects;
   const std::int64_t more = streams ? 0 : 100 + objects_.table.Count() / 16 + fonts;
   const std::int64_t needed = per_mark * pieces.marks + pieces.links + per_image * pieces.images +

@@ -45,6 +45,7 @@ int main(int argc, char** argv) {
   try {
     const std::vector<std::string> words = vellumark::tools::BeginProgram(argc, argv);
     std::vector<const char*> arguments;
+    arguments.reserve(words.size());
     for (const std::string& word : words) arguments.push_back(word.c_str());
     return Run(arguments);
   } catch (const std::bad_alloc&) {

@@ -38,13 +38,13 @@ Bytes Frame(std::uint8_t components, std::string_view names = "\1\2\3\4") {
   return frame;
 }
 
-const Bytes kStart = {0xFF, 0xD8};
-const Bytes kEnd = {0xFF, 0xD9};
-const Bytes kScan = Joined({Segment(0xDA, {1, 1, 0, 0, 63, 0}), {12, 0xFF, 0, 0xFF, 0xD3, 34}});
-const Bytes kAdobe = Segment(0xEE, {'A', 'd', 'o', 'b', 'e', 0, 100, 0, 0, 0, 0, 2});
+const Bytes start_of_file = {0xFF, 0xD8};
+const Bytes end_of_file = {0xFF, 0xD9};
+const Bytes a_scan = Joined({Segment(0xDA, {1, 1, 0, 0, 63, 0}), {12, 0xFF, 0, 0xFF, 0xD3, 34}});
+const Bytes adobe_marker = Segment(0xEE, {'A', 'd', 'o', 'b', 'e', 0, 100, 0, 0, 0, 0, 2});
 
 Bytes File(const Bytes& frame, const Bytes& before = {}) {
-  return Joined({kStart, before, frame, kScan, kEnd});
+  return Joined({start_of_file, before, frame, a_scan, end_of_file});
 }
 
 TEST(JpegHeader, SaysWhatAReaderMustKnow) {
@@ -60,15 +60,21 @@ TEST(JpegHeader, SaysWhatAReaderMustKnow) {
       {"extended", File(Segment(0xC1, Frame(3))), 3, false, false},
       {"progressive", File(Segment(0xC2, Frame(3))), 3, true, false},
       {"four inks", File(Segment(0xC0, Frame(4))), 4, false, false},
-      {"four inks, inverted", File(Segment(0xC0, Frame(4)), kAdobe), 4, false, true},
+      {"four inks, inverted", File(Segment(0xC0, Frame(4)), adobe_marker), 4, false, true},
       {"another program's marker", File(Segment(0xC0, Frame(4)), Segment(0xEE, Bytes(12, 'x'))), 4,
        false, false},
-      {"RGB, said by a marker", File(Segment(0xC0, Frame(3, "RGB")), kAdobe), 3, false, false},
+      {"RGB, said by a marker", File(Segment(0xC0, Frame(3, "RGB")), adobe_marker), 3, false,
+       false},
       {"fill bytes, and markers without length",
-       Joined(
-           {kStart, {0xFF, 0xFF, 0xFF, 0x01}, Segment(0xC0, Frame(1)), {0xFF, 0xD0}, kScan, kEnd}),
+       Joined({start_of_file,
+               {0xFF, 0xFF, 0xFF, 0x01},
+               Segment(0xC0, Frame(1)),
+               {0xFF, 0xD0},
+               a_scan,
+               end_of_file}),
        1, false, false},
-      {"two scans", Joined({kStart, Segment(0xC2, Frame(3)), kScan, kScan, kEnd}), 3, true, false},
+      {"two scans", Joined({start_of_file, Segment(0xC2, Frame(3)), a_scan, a_scan, end_of_file}),
+       3, true, false},
   };
   for (const Case& one : cases) {
     const auto header = layout::ReadJpegHeader(one.file);
@@ -93,11 +99,12 @@ TEST(JpegHeader, RefusesWhatReadersWouldNotShow) {
   narrow[3] = narrow[4] = 0;
   const std::pair<const char*, Bytes> cases[] = {
       {"nothing", {}},
-      {"no start", Joined({Segment(0xC0, Frame(1)), kScan, kEnd})},
-      {"no frame", Joined({kStart, kScan, kEnd})},
-      {"no scan", Joined({kStart, Segment(0xC0, Frame(1)), kEnd})},
-      {"the scan before the frame", Joined({kStart, kScan, Segment(0xC0, Frame(1)), kEnd})},
-      {"no end", Joined({kStart, Segment(0xC0, Frame(1)), kScan})},
+      {"no start", Joined({Segment(0xC0, Frame(1)), a_scan, end_of_file})},
+      {"no frame", Joined({start_of_file, a_scan, end_of_file})},
+      {"no scan", Joined({start_of_file, Segment(0xC0, Frame(1)), end_of_file})},
+      {"the scan before the frame",
+       Joined({start_of_file, a_scan, Segment(0xC0, Frame(1)), end_of_file})},
+      {"no end", Joined({start_of_file, Segment(0xC0, Frame(1)), a_scan})},
       {"two frames", File(Segment(0xC0, Frame(1)), Segment(0xC0, Frame(1)))},
       {"lossless", File(Segment(0xC3, Frame(3)))},
       {"arithmetic", File(Segment(0xC9, Frame(3)))},
@@ -110,11 +117,13 @@ TEST(JpegHeader, RefusesWhatReadersWouldNotShow) {
       {"32,768 columns", File(Segment(0xC0, changed(3, 0x80)))},
       {"a frame of 5 bytes", File(Segment(0xC0, {8, 0, 1, 0, 1}))},
       {"RGB by its names only", File(Segment(0xC0, Frame(3, "RGB")))},
-      {"a length below its own two bytes", Joined({kStart, Segment(0xE0, {}, 1), kScan, kEnd})},
-      {"a length beyond the file", Joined({kStart, Segment(0xE0, {}, 999)})},
-      {"a marker without its length", Joined({kStart, {0xFF, 0xE0}})},
-      {"half a length", Joined({kStart, {0xFF, 0xE0, 0}})},
-      {"bytes between segments", Joined({kStart, {7}, Segment(0xC0, Frame(1)), kScan, kEnd})},
+      {"a length below its own two bytes",
+       Joined({start_of_file, Segment(0xE0, {}, 1), a_scan, end_of_file})},
+      {"a length beyond the file", Joined({start_of_file, Segment(0xE0, {}, 999)})},
+      {"a marker without its length", Joined({start_of_file, {0xFF, 0xE0}})},
+      {"half a length", Joined({start_of_file, {0xFF, 0xE0, 0}})},
+      {"bytes between segments",
+       Joined({start_of_file, {7}, Segment(0xC0, Frame(1)), a_scan, end_of_file})},
   };
   for (const auto& [what, file] : cases) {
     EXPECT_FALSE(layout::ReadJpegHeader(file)) << what;
