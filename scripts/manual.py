@@ -28,8 +28,9 @@ CODE = re.compile(r"(^```.*?^```|`[^`\n]+`)", re.DOTALL | re.MULTILINE)
 
 
 # What the book's fonts lack, so that it does not depend on the fonts of the machine
-# (fonts-dejavu-core).
-FALLBACK_FONT = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"
+# (fonts-dejavu-core, fonts-noto-cjk).
+FALLBACK_FONTS = ("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf",
+                  "/usr/share/fonts/opentype/noto/NotoSansCJK-Regular.ttc")
 
 
 def run(*command, **options):
@@ -117,7 +118,7 @@ def main():
     for ending in ("pdf", "ps"):
         run(HOST, *pages, "-o", BUILD / f"manual.{ending}", "--cover", "--toc",
             "--title", "Vellumark", "--author", f"Manual of version {version}",
-            "--size", "10", "--margins", "52,60,52,60", "--fallback-font", FALLBACK_FONT,
+            "--size", "10", "--margins", "52,60,52,60", *(f"--fallback-font={font}" for font in FALLBACK_FONTS),
             "--subject", "PDF and PostScript documents from drawing, text and picture calls",
             cwd=PAGES)
 
