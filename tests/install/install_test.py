@@ -17,6 +17,7 @@ from exported_symbols import LIST, exported_symbols, packaged_symbols, shortened
 
 SOURCE, BUILD = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3])
 EXAMPLE = SOURCE / "examples" / "first_page.cpp"
+FAST = "-DCMAKE_UNITY_BUILD=ON"  # the library is compiled several times
 
 
 def run(*command, **options):
@@ -118,10 +119,10 @@ class SharedLibrary(unittest.TestCase):
         cls.folder = pathlib.Path(cls.temporary.name)
         cls.prefix = cls.folder / "prefix"
         places = {"build": str(cls.folder / "build"), "/usr/local": str(cls.prefix)}
-        lines = [shlex.split(line) for line in blocks("docs/cpp.md", "sh")[0].splitlines()]
+        lines = [shlex.split(line) for line in blocks("docs/cpp.md", "sh")[0].replace("\\\n", " ").splitlines()]
         configure, build, install = ([places.get(word, word) for word in line]
                                      for line in lines if line[0] == "cmake")
-        run(*configure, "-S", SOURCE, "-DBUILD_SHARED_LIBS=ON", "-DVELLUMARK_EXAMPLES=OFF")
+        run(*configure, "-S", SOURCE, "-DBUILD_SHARED_LIBS=ON", "-DVELLUMARK_EXAMPLES=OFF", FAST)
         run(*build, "--target", "vellumark")  # what is installed; the rest takes as long again
         run(*install)
         cls.library = next(cls.prefix.rglob("libvellumark.so")).resolve()
@@ -160,7 +161,7 @@ class SharedLibrary(unittest.TestCase):
         (folder / "CMakeLists.txt").write_text(cmake)
         (folder / "host.cpp").write_text(blocks(page, "cpp")[0])
         (folder / "vellumark").symlink_to(SOURCE)
-        run("cmake", "-G", "Ninja", "-S", folder, "-B", folder / "build", *options)
+        run("cmake", "-G", "Ninja", "-S", folder, "-B", folder / "build", FAST, *options)
         return folder / "build"
 
     def test_the_page_about_cpp_tells_how_to_link(self):
