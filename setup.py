@@ -19,7 +19,7 @@ class BuildWithCMake(build_ext):
         build = pathlib.Path(self.build_temp).resolve() / "cmake"
         generator = ["-G", "Ninja"] if shutil.which("ninja") else []
         subprocess.run(
-            ["cmake", "-S", ROOT, "-B", build, *generator, "-DVELLUMARK_PYTHON=ON",
+            ["cmake", "-S", ROOT, "-B", build, *generator, "-DVELLUMARK_PYTHON=ON", "-DCMAKE_UNITY_BUILD=ON",
              "-DBUILD_SHARED_LIBS=OFF",
              f"-DPython3_EXECUTABLE={sys.executable}",
              f"-DVELLUMARK_PYTHON_DESTINATION={pathlib.Path(self.build_lib).resolve()}",
