@@ -23,7 +23,8 @@ class BuildWithCMake(build_ext):
              "-DBUILD_SHARED_LIBS=OFF",
              f"-DPython3_EXECUTABLE={sys.executable}",
              f"-DVELLUMARK_PYTHON_DESTINATION={pathlib.Path(self.build_lib).resolve()}",
-             *(f"-DVELLUMARK_{name}=OFF" for name in SWITCHED_OFF)], check=True)
+             *(f"-DVELLUMARK_{name}=OFF" for name in SWITCHED_OFF),
+             *os.environ.get("CMAKE_ARGS", "").split()], check=True)
         subprocess.run(["cmake", "--build", build, "--parallel", str(os.cpu_count()),
                         "--target", "vellumark_python"], check=True)
         subprocess.run(["cmake", "--install", build, "--component", "python"], check=True)

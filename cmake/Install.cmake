@@ -50,8 +50,11 @@ if(VELLUMARK_PICTURE_DECODERS)
   set(pkgconfig_requires "libjpeg libpng")
   set(pkgconfig_libraries -lgif)  # giflib has no pkg-config file
 endif()
-if(VELLUMARK_FONTS)
+if(VELLUMARK_FONTS AND VELLUMARK_FONTS_LINKED)
   string(APPEND pkgconfig_requires " harfbuzz harfbuzz-subset fribidi libunibreak libthai")
+elseif(VELLUMARK_FONTS)
+  list(TRANSFORM CMAKE_DL_LIBS PREPEND " -l" OUTPUT_VARIABLE dl_library)
+  string(APPEND pkgconfig_libraries "${dl_library}")
 endif()
 configure_file(cmake/vellumark.pc.in ${CMAKE_CURRENT_BINARY_DIR}/vellumark.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/vellumark.pc

@@ -121,8 +121,9 @@ class DocumentModel {
   FileNote DrawPicture(const PlacedPicture& placed) noexcept;
 
   // Fonts of the host's (load_font.cpp).
-  /// What makes the engine when the first font is loaded; it returns null in a build without.
-  using MakeEngine = std::unique_ptr<layout::FontEngine> (*)();
+  /// What makes the engine when the first font is loaded; it returns null in a build without fonts,
+  /// and, with the reason, if it is not installed.
+  using MakeEngine = std::unique_ptr<layout::FontEngine> (*)(std::string& reason);
   FileNote LoadFont(const FontSource& source, MakeEngine make_engine,
                     FontNumberConstants& number) noexcept;
   RefusalNote AddFallbackFont(FontNumberConstants number) noexcept;

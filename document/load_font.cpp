@@ -22,16 +22,18 @@ FileNote DocumentModel::LoadFont(const FontSource& source, MakeEngine make_engin
 
 FileNote DocumentModel::TryLoadFont(const FontSource& source, MakeEngine make_engine,
                                     FontNumberConstants& number) {
-  if (state_.fonts.Engine() == nullptr) state_.fonts.UseEngine(make_engine());
-  if (state_.fonts.Engine() == nullptr) return RefusalNote{RefusalReason::NoFontsInBuild};
   const auto refused = [&](const std::string& reason) {
     return FileNote(RefusalReason::FontNotLoaded, layout::NameOf(source.file) + ": " + reason);
   };
+  std::string reason;
+  if (state_.fonts.Engine() == nullptr) state_.fonts.UseEngine(make_engine(reason));
+  if (state_.fonts.Engine() == nullptr) {
+    return reason.empty() ? FileNote(RefusalNote{RefusalReason::NoFontsInBuild}) : refused(reason);
+  }
   if (state_.fonts.Full()) {
     return refused("the document has " + std::to_string(layout::FontCollection::kMostFonts) +
                    " fonts, the most that it can have");
   }
-  std::string reason;
   std::vector<std::uint8_t> bytes;
   if (const auto* const name = std::get_if<std::string_view>(&source.file)) {
     if (!platform_.ReadPicture(*name, bytes, reason)) return refused(reason);

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "fonts/font_engine.h"
 
-#include <fribidi.h>
-#include <hb.h>
 #include <new>
 #include <utility>
 
 #include "fonts/font_file.h"
+#include "fonts/font_libraries.h"
 #include "fonts/harfbuzz_face.h"
 #include "fonts/line_breaks.h"
 
@@ -97,6 +96,9 @@ class Engine final : public layout::FontEngine {
 
 }  // namespace
 
-std::unique_ptr<layout::FontEngine> MakeFontEngine() { return std::make_unique<Engine>(); }
+std::unique_ptr<layout::FontEngine> MakeFontEngine(std::string& reason) {
+  reason = LoadFontLibraries();
+  return reason.empty() ? std::make_unique<Engine>() : nullptr;
+}
 
 }  // namespace vellumark::fonts

@@ -12,12 +12,12 @@
 #pragma once
 
 #include <cstdint>
-#include <hb.h>
 #include <memory>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "fonts/font_libraries.h"
 #include "layout/font_face.h"
 
 namespace vellumark::fonts {

@@ -3,7 +3,6 @@
 // A font of the glyphs that a document uses. What readers do not need goes: hints, which they do
 // not use where pages are shown as they are printed, names, the tables that shape texts, and the
 // one that finds glyphs by characters.
-#include <hb-subset.h>
 #include <memory>
 #include <new>
 #include <vector>

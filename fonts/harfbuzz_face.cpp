@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <hb-ot.h>
 #include <limits>
 #include <new>
 #include <utility>

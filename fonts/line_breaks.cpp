@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "fonts/line_breaks.h"
 
-#include <linebreak.h>
 #include <mutex>
-#include <thai/thwbrk.h>
 
 namespace vellumark::fonts {
 namespace {

@@ -14,9 +14,9 @@
 #include <memory>
 #include <span>
 #include <string_view>
-#include <thai/thbrk.h>
-#include <thai/thwchar.h>
 #include <vector>
+
+#include "fonts/font_libraries.h"
 
 namespace vellumark::fonts {
 

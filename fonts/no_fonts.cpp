@@ -3,6 +3,9 @@
 
 namespace vellumark::fonts {
 
-std::unique_ptr<layout::FontEngine> MakeFontEngine() { return nullptr; }
+std::unique_ptr<layout::FontEngine> MakeFontEngine(std::string& reason) {
+  reason.clear();
+  return nullptr;
+}
 
 }  // namespace vellumark::fonts

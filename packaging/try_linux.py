@@ -15,7 +15,9 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 BARE, DIST = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3])
 PICTURES = ROOT / "examples" / "pictures"
 
-# Pictures of all kinds: what is missing in a package would be missed here.
+FONT = ROOT / "tests" / "fonts" / "boxes.ttf"
+
+# Pictures of all kinds and a font: what is missing in a package would be missed here.
 DRAW_PICTURES = """
 import glob, vellumark
 with vellumark.PDF(Conforming=True) as doc:
@@ -24,6 +26,10 @@ with vellumark.PDF(Conforming=True) as doc:
     for name in sorted(glob.glob("pictures/landscape*.*")):
         doc.SetPosition(0, 0)
         assert doc.DrawPicture(name), doc.LastRefusal
+    font = doc.LoadFont("boxes.ttf")
+    assert font, doc.LastRefusal
+    doc.SetFont(font, 12, 0, 0)
+    assert doc.WriteText("AB"), doc.LastRefusal
 print(vellumark.__version__)
 """
 
@@ -42,7 +48,7 @@ class Fresh(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.debian = cls.enterClassContext(BareDebian(BARE))
-        cls.debian.copy(PICTURES)
+        cls.debian.copy(PICTURES, FONT)
 
     def check_pdf(self, name):
         content = (self.debian.root / "root" / name).read_bytes()

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdarg>
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -111,5 +112,12 @@ extern "C" ssize_t write(int file, const void* bytes, std::size_t size) {
 
 extern "C" int close(int file) {
   return static_cast<int>(Make(SystemCall::Close, SYS_close, file));
+}
+
+// Not a call of the kernel, but the platform's all the same: a library that is missing.
+extern "C" void* dlopen(const char* name, int mode) {
+  if (vellumark::tests::Next(SystemCall::LoadLibrary) != nullptr) return nullptr;
+  using Open = void* (*)(const char*, int);
+  return reinterpret_cast<Open>(::dlsym(RTLD_NEXT, "dlopen"))(name, mode);
 }
 // NOLINTEND(readability-inconsistent-declaration-parameter-name)

@@ -15,8 +15,18 @@
 
 namespace vellumark::tests {
 
-enum class SystemCall : std::uint8_t { Open, Stat, Lock, Truncate, Duplicate, Read, Write, Close };
-inline constexpr std::size_t kSystemCalls = 8;
+enum class SystemCall : std::uint8_t {
+  Open,
+  Stat,
+  Lock,
+  Truncate,
+  Duplicate,
+  Read,
+  Write,
+  Close,
+  LoadLibrary
+};
+inline constexpr std::size_t kSystemCalls = 9;
 
 class FailingSystemCalls {
  public:

@@ -207,5 +207,20 @@ TEST_F(SystemCalls, WhicheverCallOfADocumentFailsTheHostIsToldOrTheFileIsWhole) 
   ::unsetenv("SOURCE_DATE_EPOCH");  // NOLINT(concurrency-mt-unsafe)
 }
 
+#if VELLUMARK_FONTS_ARE_LOADED
+TEST_F(SystemCalls, AMissingFontLibraryIsToldAndAskedForAgainByTheNextFont) {
+  PDF doc;
+  for (int number = 1; number <= 5; ++number) {
+    const FailingSystemCalls failing({.call = LoadLibrary, .first = number});
+    EXPECT_EQ(doc.LoadFont(VELLUMARK_TEST_FONTS "/boxes.ttf"), FontNumberConstants{});
+    EXPECT_EQ(doc.LastRefusal().reason, RefusalReason::FontNotLoaded);
+    EXPECT_TRUE(doc.LastRefusal().sentence.find(".so") != std::string::npos)
+        << doc.LastRefusal().sentence;
+  }
+  EXPECT_NE(doc.LoadFont(VELLUMARK_TEST_FONTS "/boxes.ttf"), FontNumberConstants{})
+      << doc.LastRefusal().sentence;
+}
+#endif
+
 }  // namespace
 }  // namespace vellumark::tests
