@@ -11,12 +11,11 @@
 namespace vellumark::document {
 namespace {
 
-constexpr char32_t kSoftHyphen = 0xAD;
 constexpr char32_t kNonJoiner = 0x200C;
 constexpr char32_t kJoiner = 0x200D;
 
 bool Counts(char32_t character) {
-  if (character == kSoftHyphen) return false;
+  if (character == layout::kSoftHyphen) return false;
   return layout::AppearanceOf(character) != layout::Appearance::Nothing ||
          character == kNonJoiner || character == kJoiner;
 }

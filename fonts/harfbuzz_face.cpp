@@ -7,6 +7,8 @@
 #include <new>
 #include <utility>
 
+#include "layout/shown_characters.h"
+
 namespace vellumark::fonts {
 namespace {
 
@@ -47,7 +49,7 @@ std::uint16_t HarfBuzzFace::GlyphOf(char32_t character) const {
 }
 
 bool HarfBuzzFace::Has(char32_t character) const {
-  if (HasGlyph(character)) return true;
+  if (HasGlyph(character) || character == layout::kSoftHyphen) return true;  // which is not shown
   // These two are shaped as what they look like.
   if (character == kNoBreakSpace) return HasGlyph(' ');
   if (character == kNoBreakHyphen) return HasGlyph(kHyphen);

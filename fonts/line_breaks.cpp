@@ -3,12 +3,12 @@
 
 #include <mutex>
 
+#include "layout/shown_characters.h"
+
 namespace vellumark::fonts {
 namespace {
 
 static_assert(sizeof(utf32_t) == sizeof(char32_t));
-
-constexpr char32_t kSoftHyphen = 0xAD;
 
 bool IsThai(char32_t character) { return character >= 0x0E01 && character <= 0x0E4E; }
 
@@ -28,7 +28,7 @@ void LineBreaks::Find(std::u32string_view text, std::vector<std::uint8_t>& break
   set_linebreaks_utf32(reinterpret_cast<const utf32_t*>(text.data()), text.size(), "",
                        found_.data());
   for (std::size_t i = 0; i < text.size(); ++i) {
-    breaks[i] = found_[i] <= LINEBREAK_ALLOWBREAK && text[i] != kSoftHyphen ? 1 : 0;
+    breaks[i] = found_[i] <= LINEBREAK_ALLOWBREAK && text[i] != layout::kSoftHyphen ? 1 : 0;
   }
   for (std::size_t i = 0; i < text.size(); ++i) {
     std::size_t end = i;

@@ -46,6 +46,9 @@ class ShownCharacters {
   std::size_t position_ = 0;
 };
 
+/// A standard font shows it as a hyphen, a loaded one does not show it: no line ends behind it.
+inline constexpr char32_t kSoftHyphen = 0xAD;
+
 /// What stands for a character of which a font has no glyph.
 enum class Appearance : std::uint8_t {
   Glyph,    ///< only its own glyph

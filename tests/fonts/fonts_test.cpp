@@ -156,6 +156,57 @@ TEST_F(FontsTest, RightToLeftTextIsShownFromItsEndAndStandsAtTheRight) {
   EXPECT_TRUE(Has(marks, "55 782 TD")) << marks.back();
 }
 
+TEST_F(FontsTest, SignsThatOnlyAStandardFontHasAreTurnedAroundToo) {
+  const FontNumberConstants boxes = Load();
+  Start();
+  Font(Times, 10);
+  ASSERT_TRUE(doc.AddFallbackFont(boxes));
+  EXPECT_TRUE(doc.WriteText("\u05D0\u00AB\u05D1", true));
+  // The blanks of 2.5 points grow.
+  ASSERT_TRUE(doc.WriteMultiText("\u05D0 \u00AB \u05D0 \u05D0 \u05D0", 0, kNoAlignment, true, 30));
+  const Lines marks = Marks();
+  EXPECT_EQ(std::count(marks.begin(), marks.end(), "[(\xBB)]TJ"), 2) << "the sign is mirrored";
+}
+
+TEST_F(FontsTest, ALetterOfEachScriptFromRightToLeftDecidesTheDirection) {
+  const FontNumberConstants boxes = Load();
+  for (const std::string letter :
+       {"\u05D0", "\u07C0", "\uFB1D", "\uFE8D", "\U00010800", "\U0001E900"}) {
+    Start();
+    Font(boxes, 10);
+    EXPECT_TRUE(doc.WriteMultiText(letter + " A", 0, kNoAlignment, false, 100));
+    const Lines marks = Marks();
+    // A, the blank and the letter, which but for alef is "?", end at the right edge.
+    EXPECT_TRUE(Has(marks, letter == "\u05D0" ? "136 782 TD" : "138 782 TD"))
+        << letter << marks.back();
+  }
+}
+
+TEST_F(FontsTest, InvisibleCharactersBelongToTheLettersBeforeThem) {
+  BeginAt(10);
+  EXPECT_EQ(doc.TextWidth("\u200DA\u00ADB\u200C\u044B"), 15);
+  EXPECT_EQ(ShownAs("A\u00ADB"), "[(\0\1\0\2)]TJ\n"sv);
+  EXPECT_EQ(doc.LostCharacters(), "");
+}
+
+TEST_F(FontsTest, MoreWordsThanAreRememberedAreMeasuredAlike) {
+  BeginAt(10);
+  for (int round = 0; round < 2; ++round) {
+    for (int word = 10000; word < 30000; ++word) {
+      ASSERT_EQ(doc.TextWidth(std::to_string(word)), 25) << word;
+    }
+  }
+}
+
+TEST_F(FontsTest, AnObjectHas1000FontsAtMost) {
+  const FontBytes font = TestFont();
+  for (int i = 0; i < 1000; ++i) ASSERT_NE(static_cast<int>(Load(font)), 0);
+  EXPECT_EQ(static_cast<int>(Load(font)), 0);
+  EXPECT_NE(doc.LastRefusal().sentence.find("1000 fonts"), std::string::npos);
+  ASSERT_TRUE(doc.AddFallbackFont(static_cast<FontNumberConstants>(1100)));
+  EXPECT_FALSE(doc.AddFallbackFont(static_cast<FontNumberConstants>(1101)));
+}
+
 TEST_F(FontsTest, ChineseLinesEndBetweenCharactersButNotBeforeAFullStop) {
   BeginAt(10);
   EXPECT_EQ(doc.TextHeight("\u6F22\u5B57\u6F22\u5B57\u6F22", 0, 20), 30);
@@ -173,6 +224,13 @@ TEST_F(FontsTest, JustifiedLinesFillTheirWidthByTheBlanks) {
   // 4 letters and 3 blanks are 2,750 of 3,000 thousandths.
   EXPECT_TRUE(Has(marks, "[(\0\1\0\2)-83(\0\1\0\2)-83(\0\1\0\2)-84(\0\1)]TJ"sv));
   EXPECT_TRUE(Has(marks, "[(\0\1)]TJ"sv));
+}
+
+TEST_F(FontsTest, JustifiedLinesWithoutABlankGrowBetweenCharacters) {
+  BeginAt(10);
+  ASSERT_TRUE(doc.WriteMultiText("\u6F22\u5B57\u6F22\u5B57", 0, kNoAlignment, true, 36));
+  // Three characters are 3,000 of 3,600 thousandths, with two gaps between them.
+  EXPECT_TRUE(Has(Marks(), "[(\0\1)-300(\0\2)-300(\0\1)]TJ"sv)) << Marks().back();
 }
 
 TEST_F(FontsTest, ARefusedTextLeavesNoGlyph) {

@@ -48,6 +48,42 @@ TEST(Dib, HoldsOneBitmapAtATime) {
   EXPECT_EQ(dib.ImageScanWidth(), 8);
 }
 
+/// A host's platform whose bitmaps are whatever it likes.
+class AnyPlatform : public MemoryPlatform {
+ public:
+  bool DecodePicture(std::string_view /*file*/, Bitmap& decoded, std::string& /*reason*/) override {
+    decoded = bitmap;
+    return true;
+  }
+  Bitmap bitmap;
+};
+
+TEST(Dib, TakesNoBitmapThatIsNotWhole) {
+  AnyPlatform platform;
+  const auto takes = [&](int width, int height, int bits, std::size_t palette, std::size_t pixels,
+                         std::size_t alpha = 0) {
+    layout::Dib dib;
+    std::string reason;
+    platform.bitmap.width = width;
+    platform.bitmap.height = height;
+    platform.bitmap.bits_per_pixel = static_cast<std::uint8_t>(bits);
+    platform.bitmap.palette.resize(palette);
+    platform.bitmap.pixels.resize(pixels);
+    platform.bitmap.alpha.resize(alpha);
+    return dib.Load(platform, "a", reason);
+  };
+  EXPECT_TRUE(takes(1, 1, 24, 0, 4, 1));
+  EXPECT_TRUE(takes(1, 1, 8, 256, 4));
+  EXPECT_FALSE(takes(0, 1, 24, 0, 0));
+  EXPECT_FALSE(takes(1, 0, 24, 0, 0));
+  EXPECT_FALSE(takes(32768, 1, 1, 2, 4096));
+  EXPECT_FALSE(takes(1, 32768, 1, 2, 131072));
+  EXPECT_FALSE(takes(1, 1, 2, 4, 4));
+  EXPECT_FALSE(takes(1, 1, 8, 255, 4));
+  EXPECT_FALSE(takes(1, 1, 24, 0, 3));
+  EXPECT_FALSE(takes(1, 1, 24, 0, 4, 2));
+}
+
 /// A host's platform that miscounts.
 class HalfPlatform : public MemoryPlatform {
  public:

@@ -134,19 +134,22 @@ TEST_F(ConformingPictures, APaletteStandsInTheImage) {
 
 TEST_F(ConformingPictures, APredictorIsTakenWhereItMakesThemSmaller) {
   // A slope compresses well as differences, and noise not at all.
-  BmpFile slope{.width = 64, .height = 64};
-  BmpFile noise = slope;
-  std::uint32_t random = 1;
-  for (int y = 0; y < 64; ++y) {
-    for (int x = 0; x < 3 * 64; ++x) {
-      random = random * 1664525 + 1013904223;
-      slope.pixels.push_back(static_cast<std::uint8_t>(x * x / 100 + 7 * y));
-      noise.pixels.push_back(static_cast<std::uint8_t>(random >> 24));
+  for (const int side : {64, 300}) {  // the second is judged by some of its rows
+    BmpFile slope{.width = side, .height = side};
+    BmpFile noise = slope;
+    std::uint32_t random = 1;
+    for (int y = 0; y < side; ++y) {
+      for (int x = 0; x < 3 * side; ++x) {
+        random = random * 1664525 + 1013904223;
+        slope.pixels.push_back(static_cast<std::uint8_t>(x * x / 100 + 7 * y));
+        noise.pixels.push_back(static_cast<std::uint8_t>(random >> 24));
+      }
     }
+    const std::string columns =
+        "/DecodeParms << /Predictor 15 /Colors 3 /BitsPerComponent 8 /Columns ";
+    EXPECT_TRUE(Holds(FileWith(slope.Bytes(), Flate), columns + std::to_string(side) + " >>"));
+    EXPECT_FALSE(Holds(FileWith(noise.Bytes(), Flate), "/Predictor"));
   }
-  EXPECT_TRUE(Holds(FileWith(slope.Bytes(), Flate),
-                    "/DecodeParms << /Predictor 15 /Colors 3 /BitsPerComponent 8 /Columns 64 >>"));
-  EXPECT_FALSE(Holds(FileWith(noise.Bytes(), Flate), "/Predictor"));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <functional>
 #include <set>
 #include <span>
+#include <zlib.h>
 
 #include "fuzz/written_file.h"
 #include "tests/bmp_file.h"
@@ -127,6 +128,41 @@ TEST_F(LongDocuments, PagesGoOnUntilTheNumbersEnd) {
   const Lines lines = FlushedLines();
   ExpectWhole(lines);
   EXPECT_TRUE(Has(lines, "/Count " + std::to_string(pages)));
+}
+
+/// The data of the longest stream.
+std::string LongestStream(const std::string& file) {
+  std::string longest;
+  for (std::size_t at = 0; (at = file.find("\nstream\n", at)) != std::string::npos;) {
+    at += 8;
+    const std::size_t end = file.find("\nendstream", at);
+    if (end - at > longest.size()) longest = file.substr(at, end - at);
+  }
+  return longest;
+}
+
+TEST_F(LongDocuments, AConformingPageMayBeOfAnyLength) {
+  doc.Conforming(true);
+  std::string pages[2];
+  for (const bool compressed : {false, true}) {
+    doc.Compressed(compressed);
+    Start();
+    for (int i = 0; i < 9000; ++i) {
+      ASSERT_TRUE(doc.DrawLine(0, 0, static_cast<std::int16_t>(i % 400),
+                               static_cast<std::int16_t>(i / 25)));
+    }
+    doc.Flush();
+    pages[compressed ? 1 : 0] = LongestStream(*memory->File("doc"));
+  }
+  EXPECT_GT(pages[0].size(), std::size_t{2} << 16U);
+  std::string inflated(pages[0].size() + 1, '\0');
+  uLongf size = inflated.size();
+  ASSERT_EQ(::uncompress(reinterpret_cast<Bytef*>(inflated.data()), &size,
+                         reinterpret_cast<const Bytef*>(pages[1].data()), pages[1].size()),
+            Z_OK);
+  inflated.resize(size);
+  EXPECT_TRUE(inflated == pages[0] || inflated == pages[0] + "\n");
+  EXPECT_EQ(std::count(inflated.begin(), inflated.end(), 'S'), 9000);
 }
 
 }  // namespace

@@ -254,6 +254,24 @@ TEST(GifDecoder, WithoutAnyColorTableEverythingIsBlack) {
   EXPECT_EQ(PaletteOf(bitmap), std::vector<std::uint32_t>(256, 0));
 }
 
+TEST(GifDecoder, AFileThatEndsOrClaimsTooMuchIsRefused) {
+  const std::string screen("GIF89a\x03\0\x02\0\x80\x01\0", 13);
+  const std::string colors("\x10\x20\x30\x40\x50\x60", 6);
+  Bitmap bitmap;
+  for (const std::string& rest : {std::string(), std::string("\x21"), std::string("\x21\xFE\x02h"),
+                                  std::string("\x21\xFE\x01h\x05"), std::string(",\x02"),
+                                  std::string(";"), std::string("?")}) {
+    EXPECT_EQ(Decode(screen + colors + rest, bitmap), "the GIF file is damaged or has no picture")
+        << rest;
+  }
+  std::string wide = screen;
+  wide.replace(6, 4, "\xFF\x7F\xFF\x7F");
+  const std::string frame(",\0\0\0\0\x02\0\x02\0\0\x02\x01\x05", 13);
+  EXPECT_NE(Decode(wide + colors + frame, bitmap)
+                .find("cannot fill the 32,767 x 32,767 pixels that it states"),
+            std::string::npos);
+}
+
 TEST(JpegDecoder, FourInksWithoutAMarkerAreNotComplements) {
   std::string file = Sample("landscape_cmyk.jpg");
   Bitmap marked;

@@ -54,6 +54,24 @@ TEST(PictureSource, FilesInMemoryComeFirst) {
   EXPECT_EQ(bytes.front(), 'G');
 }
 
+TEST(PictureSource, AFileInMemoryThatIsOpenIsLeftAlone) {
+  MemoryPlatform memory;
+  std::error_code error;
+  const FileHandle file = memory.CreateOutput("a", error);
+  ASSERT_FALSE(error);
+  EXPECT_FALSE(memory.WriteOutput(file, "one"));
+  memory.CreateOutput("a", error);
+  EXPECT_EQ(error, std::errc::device_or_resource_busy);
+  memory.PutFile("a", "two");
+  EXPECT_EQ(memory.TakeFile("a"), "");
+  EXPECT_FALSE(memory.CloseOutput(file));
+  EXPECT_EQ(memory.CloseOutput(file), std::errc::bad_file_descriptor);
+  EXPECT_EQ(memory.WriteOutput(file, "three"), std::errc::bad_file_descriptor);
+  EXPECT_EQ(memory.WriteOutput(FileHandle::Invalid, "four"), std::errc::bad_file_descriptor);
+  EXPECT_EQ(memory.TakeFile("a"), "one");
+  EXPECT_EQ(memory.TakeFile("a"), "");
+}
+
 TEST(PictureSource, TheGreatestPictureHoldsForFilesAndForBytes) {
   PosixPlatform platform;
   platform.SetGreatestPicture(94 * 62);
