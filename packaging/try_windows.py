@@ -173,7 +173,7 @@ class Archive(unittest.TestCase):
                         "--fallback-font", fallback], cwd=OUT, check=True, env=wine.environment)
         self.assertEqual(written, (OUT / "fonts.pdf").read_bytes())
         told = wine.run(host, "text.md", *options, font.name)
-        self.assertIn("no glyph", told)
+        self.assertIn("5 characters that the fonts lack", told)
 
     def test_the_manual_is_whole(self):
         done = subprocess.run(["qpdf", "--check", folder / "manual.pdf"], capture_output=True,

@@ -19,6 +19,7 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
+set(ZLIB_USE_STATIC_LIBS ON)  # Windows has no zlib1.dll
 set(static "-static -static-libgcc -static-libstdc++")
 set(CMAKE_EXE_LINKER_FLAGS_INIT "${static}")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "${static}")
