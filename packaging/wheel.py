@@ -81,8 +81,8 @@ def copy_licenses(wanted, folder):
 tree = release.unpacked("wheel")
 # The C++ library is linked in, and nothing of the wheel depends on the folder it was built in.
 flags = f"-ffile-prefix-map={tree}=/vellumark"
-# The font libraries are linked, so that they are found, and carried, like the others.
-environment = dict(release.environment, CXXFLAGS=flags, CMAKE_ARGS="-DVELLUMARK_FONTS_LINKED=ON",
+# The picture and font libraries are linked, so that they can be found and carried.
+environment = dict(release.environment, CXXFLAGS=flags, CMAKE_ARGS="-DVELLUMARK_LINK_LIBRARIES=ON",
                    LDFLAGS="-static-libstdc++ -static-libgcc -Wl,-s -Wl,--build-id=none")
 run(sys.executable, "-m", "pip", "wheel", "--no-deps", "--no-index", "--no-build-isolation",
     "--wheel-dir", tree.parent, tree, env=environment)

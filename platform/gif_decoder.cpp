@@ -13,11 +13,22 @@
 #include <new>
 #include <vector>
 
+#include "platform/loaded_library.h"
 #include "platform/picture_decoder.h"
 #include "platform/picture_format.h"
 
 namespace vellumark::platform {
 namespace {
+
+#define VELLUMARK_GIF_FUNCTIONS(X, Table) \
+  X(Table, DGifCloseFile)                 \
+  X(Table, DGifGetExtension)              \
+  X(Table, DGifGetExtensionNext)          \
+  X(Table, DGifGetImageDesc)              \
+  X(Table, DGifGetLine)                   \
+  X(Table, DGifGetRecordType)             \
+  X(Table, DGifOpen)
+VELLUMARK_LOADED_LIBRARY(GifLibrary, VELLUMARK_SONAME_GIF, VELLUMARK_GIF_FUNCTIONS)
 
 /// A code of 12 bits stands for at most 4,096 pixels.
 constexpr std::uint64_t kMostPixelsOfCodeByte = 2731;
@@ -111,6 +122,7 @@ bool ReadRows(GifFileType* gif, Bitmap& bitmap) {
 }  // namespace
 
 std::string DecodeGif(std::span<const std::uint8_t> file, std::int64_t greatest, Bitmap& bitmap) {
+  if (std::string missing = GifLibrary::Load(); !missing.empty()) return missing;
   Source source{file};
   int error = D_GIF_SUCCEEDED;
   const GifFile gif(DGifOpen(&source, Source::Read, &error));

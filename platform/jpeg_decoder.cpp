@@ -13,11 +13,24 @@
 #include <vector>
 #include <jerror.h>
 
+#include "platform/loaded_library.h"
 #include "platform/picture_decoder.h"
 #include "platform/picture_format.h"
 
 namespace vellumark::platform {
 namespace {
+
+#define VELLUMARK_JPEG_FUNCTIONS(X, Table) \
+  X(Table, jpeg_CreateDecompress)          \
+  X(Table, jpeg_destroy_decompress)        \
+  X(Table, jpeg_finish_decompress)         \
+  X(Table, jpeg_has_multiple_scans)        \
+  X(Table, jpeg_mem_src)                   \
+  X(Table, jpeg_read_header)               \
+  X(Table, jpeg_read_scanlines)            \
+  X(Table, jpeg_start_decompress)          \
+  X(Table, jpeg_std_error)
+VELLUMARK_LOADED_LIBRARY(JpegLibrary, VELLUMARK_SONAME_JPEG, VELLUMARK_JPEG_FUNCTIONS)
 
 constexpr int kBits = 24;
 
@@ -245,6 +258,7 @@ class JpegReader {
 }  // namespace
 
 std::string DecodeJpeg(std::span<const std::uint8_t> file, std::int64_t greatest, Bitmap& bitmap) {
+  if (std::string missing = JpegLibrary::Load(); !missing.empty()) return missing;
   JpegReader reader(file);
   if (!reader.ReadHeader()) return reader.Reason();
   std::string why_not =

@@ -18,6 +18,7 @@
 #include <png.h>
 #include <vector>
 
+#include "platform/loaded_library.h"
 #include "platform/picture_decoder.h"
 #include "platform/picture_format.h"
 #include "platform/png_header.h"
@@ -25,6 +26,36 @@
 
 namespace vellumark::platform {
 namespace {
+
+#define VELLUMARK_PNG_FUNCTIONS(X, Table)   \
+  X(Table, png_create_info_struct)          \
+  X(Table, png_create_read_struct_2)        \
+  X(Table, png_destroy_read_struct)         \
+  X(Table, png_get_PLTE)                    \
+  X(Table, png_get_bit_depth)               \
+  X(Table, png_get_channels)                \
+  X(Table, png_get_error_ptr)               \
+  X(Table, png_get_io_ptr)                  \
+  X(Table, png_get_mem_ptr)                 \
+  X(Table, png_get_rowbytes)                \
+  X(Table, png_get_tRNS)                    \
+  X(Table, png_get_valid)                   \
+  X(Table, png_read_end)                    \
+  X(Table, png_read_info)                   \
+  X(Table, png_read_row)                    \
+  X(Table, png_read_update_info)            \
+  X(Table, png_set_benign_errors)           \
+  X(Table, png_set_bgr)                     \
+  X(Table, png_set_check_for_invalid_index) \
+  X(Table, png_set_expand_gray_1_2_4_to_8)  \
+  X(Table, png_set_interlace_handling)      \
+  X(Table, png_set_keep_unknown_chunks)     \
+  X(Table, png_set_packing)                 \
+  X(Table, png_set_read_fn)                 \
+  X(Table, png_set_scale_16)                \
+  X(Table, png_set_tRNS_to_alpha)           \
+  X(Table, png_set_user_limits)
+VELLUMARK_LOADED_LIBRARY(PngLibrary, VELLUMARK_SONAME_PNG, VELLUMARK_PNG_FUNCTIONS)
 
 constexpr std::uint8_t kOpaque = 255;
 
@@ -206,6 +237,7 @@ void TakePaletteAlpha(std::span<const std::uint8_t> of_color, Bitmap& bitmap) {
 }  // namespace
 
 std::string DecodePng(std::span<const std::uint8_t> file, std::int64_t greatest, Bitmap& bitmap) {
+  if (std::string missing = PngLibrary::Load(); !missing.empty()) return missing;
   PngHeader header;
   std::string why_not = ReadPngHeader(file, greatest, header);
   if (!why_not.empty()) return why_not;

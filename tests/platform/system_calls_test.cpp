@@ -207,18 +207,34 @@ TEST_F(SystemCalls, WhicheverCallOfADocumentFailsTheHostIsToldOrTheFileIsWhole) 
   ::unsetenv("SOURCE_DATE_EPOCH");  // NOLINT(concurrency-mt-unsafe)
 }
 
-#if VELLUMARK_FONTS_ARE_LOADED
-TEST_F(SystemCalls, AMissingFontLibraryIsToldAndAskedForAgainByTheNextFont) {
+#if VELLUMARK_LIBRARIES_ARE_LOADED
+TEST_F(SystemCalls, AMissingLibraryIsToldAndAskedForAgainByTheNextPictureOrFont) {
   PDF doc;
-  for (int number = 1; number <= 5; ++number) {
-    const FailingSystemCalls failing({.call = LoadLibrary, .first = number});
-    EXPECT_EQ(doc.LoadFont(VELLUMARK_TEST_FONTS "/boxes.ttf"), FontNumberConstants{});
-    EXPECT_EQ(doc.LastRefusal().reason, RefusalReason::FontNotLoaded);
-    EXPECT_TRUE(doc.LastRefusal().sentence.find(".so") != std::string::npos)
-        << doc.LastRefusal().sentence;
+  EXPECT_TRUE(doc.Create(name));
+  doc.NewPage(0, 0, 0, 0, 255, 255, 255);
+  const auto is_told = [&](RefusalReason reason) {
+    const Refusal refused = doc.LastRefusal();
+    EXPECT_EQ(refused.reason, reason);
+    EXPECT_TRUE(refused.sentence.find("lib") != std::string::npos) << refused.sentence;
+  };
+  for (const std::string kind : {"gif", "jpg", "png"}) {
+    const std::string picture = VELLUMARK_PICTURES "/landscape." + kind;
+    {
+      const FailingSystemCalls failing({.call = LoadLibrary});
+      EXPECT_FALSE(doc.DrawPicture(picture));
+      is_told(RefusalReason::PictureNotLoaded);
+    }
+    EXPECT_TRUE(doc.DrawPicture(picture)) << doc.LastRefusal().sentence;
   }
-  EXPECT_NE(doc.LoadFont(VELLUMARK_TEST_FONTS "/boxes.ttf"), FontNumberConstants{})
-      << doc.LastRefusal().sentence;
+  const std::string font = VELLUMARK_TEST_FONTS "/boxes.ttf";
+  for (int library = 1; library <= 5; ++library) {
+    const FailingSystemCalls failing({.call = LoadLibrary});
+    EXPECT_EQ(doc.LoadFont(font), FontNumberConstants{});
+    is_told(RefusalReason::FontNotLoaded);
+    // Those before the missing one are there now.
+    const FailingSystemCalls next({.call = LoadLibrary, .first = 2});
+    EXPECT_EQ(doc.LoadFont(font) != FontNumberConstants{}, library == 5);
+  }
 }
 #endif
 

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#include "platform/loaded_library.h"
+
+#include <dlfcn.h>
+
+namespace vellumark::platform {
+namespace {
+
+std::string Reason(const char* name) {
+  const char* const reason = ::dlerror();  // NOLINT(concurrency-mt-unsafe): the thread's own
+  return reason != nullptr ? reason : std::string(name) + " cannot be loaded";
+}
+
+}  // namespace
+
+LoadedLibrary::LoadedLibrary(const char* soname)
+    : handle_(::dlopen(soname, RTLD_NOW | RTLD_LOCAL)) {
+  if (handle_ == nullptr) throw std::runtime_error(Reason(soname));
+}
+
+void* LoadedLibrary::Find(const char* name) const {
+  void* const function = ::dlsym(handle_, name);
+  if (function == nullptr) throw std::runtime_error(Reason(name));
+  return function;
+}
+
+}  // namespace vellumark::platform
