@@ -93,7 +93,7 @@ def build_harfbuzz(system, source, prefix):
     library = Library(system, source, prefix)
     # This file has all of the library and its subsetter. HAVE_ATEXIT: what it keeps goes with the DLL.
     library.build("harfbuzz", ["src/harfbuzz-subset.cc"], "-std=c++11", "-fno-exceptions", "-fno-rtti",
-                  "-fno-threadsafe-statics", "-DNDEBUG", "-DHAVE_ATEXIT")
+                  "-DNDEBUG", "-DHAVE_ATEXIT")
     library.headers("harfbuzz", "src/hb*.h")
     for name in ("harfbuzz", "harfbuzz-subset"):
         write_package_file(prefix, name, version, "-lharfbuzz", "harfbuzz")
@@ -111,7 +111,7 @@ def build_fribidi(system, source, prefix):
     (source / "lib" / "fribidi-config.h").write_text(config, encoding="utf-8")
     library = Library(system, source, prefix)
     files = sorted(f"lib/{path.name}" for path in source.glob("lib/*.c"))
-    library.build("fribidi", files, "-Ilib", "-DHAVE_STRINGIZE=1", "-DHAVE_STDLIB_H=1",
+    library.build("fribidi", files, "-I", "lib", "-DHAVE_STRINGIZE=1", "-DHAVE_STDLIB_H=1",
                   "-DHAVE_STRING_H=1", "-DSTDC_HEADERS=1")
     library.headers("fribidi", "lib/fribidi*.h")
     write_package_file(prefix, "fribidi", version, "-lfribidi", "fribidi")
@@ -129,7 +129,7 @@ def build_libdatrie(system, source, prefix, dictionary):
     library = Library(system, source, prefix)
     memory_file = DICTIONARY / "memory_file.h"
     files = ["alpha-map", "darray", "dstring", "fileutils", "tail", "trie", "trie-string"]
-    library.build("datrie", [f"datrie/{name}.c" for name in files], "-I.", "-DNDEBUG",
+    library.build("datrie", [f"datrie/{name}.c" for name in files], "-I", ".", "-DNDEBUG",
                   "-include", memory_file)
     words = library.objects / "words.o"
     run(f"{library.compiler}-gcc-posix", "-c", f'-DTHAI_WORDS="{dictionary}"', DICTIONARY / "words.S",
@@ -140,7 +140,7 @@ def build_libdatrie(system, source, prefix, dictionary):
 def build_libthai(system, source, prefix, libdatrie):
     library = Library(system, source, prefix)
     files = sorted(str(path.relative_to(source)) for path in source.glob("src/*/*.c"))
-    library.build("thai", files, "-Iinclude", "-Isrc", f"-I{libdatrie}", "-DNDEBUG",
+    library.build("thai", files, "-I", "include", "-I", "src", "-I", libdatrie, "-DNDEBUG",
                   '-DDICT_DIR="the module"')
     library.headers("thai", "include/thai/*.h")
     write_package_file(prefix, "libthai", "0.1.29", "-lthai -ldatrie")
