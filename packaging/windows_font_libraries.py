@@ -44,7 +44,7 @@ class FontSources:
             path = pathlib.Path("/usr/share/doc", package, "copyright") if package else own
             shutil.copy(path, folder / f"{name}.txt")
         # Debian's files name this one, which every Debian has in its own place.
-        shutil.copy("/usr/share/common-licenses/LGPL-2.1", folder)
+        shutil.copy("/usr/share/common-licenses/LGPL-2.1", folder / "LGPL-2.1.txt")
 
 
 class Library:
