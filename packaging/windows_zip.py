@@ -24,7 +24,9 @@ libraries = windows_libraries(ROOT / "build" / "windows-libraries")
 tree = release.unpacked("windows")
 builds = tree.parent
 
-# Nothing that is built depends on the folder; the linker writes no moment into the files.
+# Nothing that is built depends on the folder; the linker writes no moment into the files, and the IDL
+# compiler that of the commit.
+release.environment["WIDL_TIME_OVERRIDE"] = str(release.moment)
 FLAGS = [f"-DCMAKE_CXX_FLAGS=-ffile-prefix-map={tree}=/vellumark",
          "-DCMAKE_EXE_LINKER_FLAGS=-Wl,--no-insert-timestamp",
          "-DCMAKE_SHARED_LINKER_FLAGS=-Wl,--no-insert-timestamp"]
