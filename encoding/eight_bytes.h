@@ -3,10 +3,12 @@
 // Questions about eight bytes at once, held in one number in any order.
 //
 //     HasByte(eight, '(')           one of them is a parenthesis
+//     to = CopyByEight(bytes, to, special, write);
 #pragma once
 
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 
 namespace vellumark::encoding {
 
@@ -38,6 +40,23 @@ constexpr bool HasParenthesis(std::uint64_t eight) noexcept {
 /// Whether a byte is not a printable ASCII character.
 constexpr bool HasUnprintable(std::uint64_t eight) noexcept {
   return HasBelow(eight, ' ') || ((eight | (eight + kEachOfEight)) & kHighBits) != 0;
+}
+
+/// Copies `bytes` to `to`, and returns their end there: as they are, eight at a time, because most
+/// text has nothing special. Where `special(eight)` says that one of eight bytes is, and for those
+/// that remain in the end, `write(bytes, to)` writes them, likewise.
+template <class Special, class Write>
+char* CopyByEight(std::string_view bytes, char* to, const Special& special, const Write& write) {
+  for (; bytes.size() >= 8; bytes.remove_prefix(8)) {
+    const std::uint64_t eight = LoadEight(bytes.data());
+    if (special(eight)) {
+      to = write(bytes.substr(0, 8), to);
+    } else {
+      std::memcpy(to, &eight, 8);
+      to += 8;
+    }
+  }
+  return write(bytes, to);
 }
 
 }  // namespace vellumark::encoding

@@ -16,6 +16,20 @@ namespace {
 
 using namespace vellumark::tools;
 
+constexpr std::size_t kPartSize = 100;  // so that short texts are divided too
+
+class MemorySink final : public DocumentSink {
+ public:
+  std::ostream& Begin() override { return stream_ = std::ostringstream(); }
+  void CheckWritten() const override {
+    if (!stream_) std::abort();
+  }
+  [[nodiscard]] std::string Bytes() const { return stream_.str(); }
+
+ private:
+  std::ostringstream stream_;
+};
+
 Options OptionsOf(unsigned bits) {
   Options options;
   options.inputs = {"text.md"};
@@ -30,14 +44,14 @@ Options OptionsOf(unsigned bits) {
   if ((bits & 32U) != 0) options.style.page.margins = {150, 64, 150, 500};
   if (options.classic) return options;
   options.style.encoding = vellumark::EncodingConstants::Original;
-  options.contents = (bits & 64U) != 0;
+  options.contents = options.style.has_contents = (bits & 64U) != 0;
   options.cover = options.style.has_cover = (bits & 128U) != 0;
   return options;
 }
 
 Source SourceOf(std::string text, TextKind kind) {
   Source source{"text.md", CheckedText(std::move(text), "text.md"), std::nullopt};
-  if (kind == TextKind::Markdown) source.tree.emplace(source.text);
+  if (kind == TextKind::Markdown) source.markdown.emplace(source.text, kPartSize);
   return source;
 }
 
@@ -52,9 +66,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string text(reinterpret_cast<const char*>(data) + 1, size - 1);
     sources.push_back(SourceOf(text, options.kind));
     sources.push_back(SourceOf("# Second\n\n[first](text.md#a)", options.kind));
-    const Converted done = Convert(sources, options, notes);
-    if (!done.bytes.starts_with(options.format == Format::Ps ? "%!PS" : "%PDF")) std::abort();
-    if (done.complete != (notes.str().find("vellumark: picture ") == std::string::npos)) {
+    MemorySink output;
+    const bool complete = Convert(sources, options, output, notes);
+    if (!output.Bytes().starts_with(options.format == Format::Ps ? "%!PS" : "%PDF")) std::abort();
+    if (complete != (notes.str().find("vellumark: picture ") == std::string::npos)) {
       std::abort();
     }
   } catch (const Failure& failure) {

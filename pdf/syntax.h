@@ -36,18 +36,7 @@ struct LiteralString {
   [[nodiscard]] std::size_t MaxSize() const noexcept { return 2 * bytes.size() + 2; }
   char* Write(char* to) const noexcept {
     *to++ = '(';
-    std::string_view rest = bytes;
-    // Most text has no parentheses: eight bytes at a time are copied as they are.
-    for (; rest.size() >= 8; rest.remove_prefix(8)) {
-      const std::uint64_t eight = encoding::LoadEight(rest.data());
-      if (encoding::HasParenthesis(eight)) {
-        to = WriteEach(rest.substr(0, 8), to);
-      } else {
-        std::memcpy(to, &eight, 8);
-        to += 8;
-      }
-    }
-    to = WriteEach(rest, to);
+    to = encoding::CopyByEight(bytes, to, encoding::HasParenthesis, WriteEach);
     *to++ = ')';
     return to;
   }

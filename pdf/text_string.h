@@ -4,14 +4,12 @@
 //
 //     lines.Append(EscapedString{codes}, " Tj");                 // (a\(b\)) Tj
 //     lines.Append("/Title ", TextString{"Bücherei"});           // UTF-16 behind a byte order mark
-//     lines.Append("/URI ", UriString{"https://a.b/Bücher (1)"});   //
-//     (https://a.b/B%C3%BCcher%20\(1\))
+//     lines.Append("/URI ", UriString{"https://a.b/Ü (1)"});     // (https://a.b/%C3%9C%20\(1\))
 #pragma once
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string_view>
 
 #include "encoding/eight_bytes.h"
@@ -38,19 +36,11 @@ struct EscapedString {
 
   /// The same without the parentheses around it; at most two bytes for each.
   static char* WriteInside(std::string_view bytes, char* to) noexcept {
-    // Most text has nothing special: eight bytes at a time are copied as they are.
-    for (; bytes.size() >= 8; bytes.remove_prefix(8)) {
-      const std::uint64_t eight = encoding::LoadEight(bytes.data());
-      const bool special = encoding::HasParenthesis(eight) || encoding::HasByte(eight, '\\') ||
-                           encoding::HasBelow(eight, ' ');
-      if (special) {
-        to = WriteEach(bytes.substr(0, 8), to);
-      } else {
-        std::memcpy(to, &eight, 8);
-        to += 8;
-      }
-    }
-    return WriteEach(bytes, to);
+    const auto special = [](std::uint64_t eight) {
+      return encoding::HasParenthesis(eight) || encoding::HasByte(eight, '\\') ||
+             encoding::HasBelow(eight, ' ');
+    };
+    return encoding::CopyByEight(bytes, to, special, WriteEach);
   }
 
  private:

@@ -6,13 +6,12 @@
 // inverted if the file carries an Adobe marker. Data that ends early and codes that do not exist
 // stand for missing pixels, and the picture is refused; surplus bytes and unknown markers are
 // skipped.
-#include <csetjmp>
 #include <cstdio>  // jpeglib.h needs FILE
 #include <jpeglib.h>
-#include <new>
 #include <vector>
 #include <jerror.h>
 
+#include "platform/jump_frame.h"
 #include "platform/loaded_library.h"
 #include "platform/picture_decoder.h"
 #include "platform/picture_format.h"
@@ -55,18 +54,13 @@ std::uint64_t BlocksOf(const jpeg_decompress_struct& jpeg) {
   return blocks;
 }
 
-/// The JPEG library's errors as a result instead of a message and an exit. The library is C and
-/// leaves an operation by a jump:
+/// The JPEG library's errors, warnings and scans, watched over.
 ///
 ///     errors.Attach(info);
-///     const bool done = errors.Run([&] {
+///     const bool done = errors.Frame().Run([&] {
 ///       jpeg_create_decompress(&info);
 ///       ...
 ///     });
-///     if (!done) return errors.Reason();
-///
-/// The jump passes the frames between Run and the library, so nothing that has a destructor may
-/// live in the steps, and nothing in them may throw.
 class JpegErrors {
  public:
   JpegErrors() {
@@ -91,27 +85,7 @@ class JpegErrors {
   /// Has the scans of `info`, now created, counted.
   void CountScans(jpeg_decompress_struct& info) { info.progress = &progress_; }
 
-  /// Returns whether `steps` came to their end. Throws std::bad_alloc if the library ran out of
-  /// memory.
-  template <class Steps>
-  bool Run(const Steps& steps) {
-    // The library offers no other way out of its depths.
-    if (setjmp(jump_) == 0) {  // NOLINT(cert-err52-cpp,modernize-avoid-setjmp-longjmp)
-      steps();
-      return true;
-    }
-    if (out_of_memory_) throw std::bad_alloc();
-    return false;
-  }
-
-  /// Leaves Run.
-  [[noreturn]] void Fail(const char* reason) {
-    reason_ = reason;
-    std::longjmp(jump_, 1);  // NOLINT(cert-err52-cpp): back into Run
-  }
-
-  /// Why Run returned false.
-  [[nodiscard]] const char* Reason() const noexcept { return reason_; }
+  [[nodiscard]] JumpFrame& Frame() noexcept { return frame_; }
 
  private:
   static JpegErrors& Of(jpeg_common_struct* info) {
@@ -120,8 +94,9 @@ class JpegErrors {
 
   static void OnError(jpeg_common_struct* info) {
     const int code = info->err->msg_code;
-    Of(info).out_of_memory_ = code == JERR_OUT_OF_MEMORY || code == JERR_NO_BACKING_STORE;
-    Of(info).Fail("the JPG file is damaged");
+    JumpFrame& frame = Of(info).frame_;
+    if (code == JERR_OUT_OF_MEMORY || code == JERR_NO_BACKING_STORE) frame.RunsOutOfMemory();
+    frame.Fail("the JPG file is damaged");
   }
 
   /// A negative level is a warning; the others are for debugging.
@@ -132,7 +107,7 @@ class JpegErrors {
       case JWRN_HIT_MARKER:      // a segment ends
       case JWRN_HUFF_BAD_CODE:   // zeros stand for what cannot be read
       case JWRN_ARITH_BAD_CODE:  // likewise
-        Of(info).Fail(kCutOff);
+        Of(info).frame_.Fail(kCutOff);
       default: ++info->err->num_warnings;
     }
   }
@@ -143,18 +118,17 @@ class JpegErrors {
     JpegErrors& errors = Of(info);
     if (jpeg.input_scan_number == errors.scan_) return;
     errors.scan_ = jpeg.input_scan_number;
-    if (errors.scan_ > kMostScans) errors.Fail(kTooManyScans);
+    if (errors.scan_ > kMostScans) errors.frame_.Fail(kTooManyScans);
     for (int i = 0; i < jpeg.comps_in_scan; ++i) errors.passed_ += BlocksOf(*jpeg.cur_comp_info[i]);
-    if (errors.passed_ > kFreeBlocks + kMostPasses * BlocksOf(jpeg)) errors.Fail(kTooManyPasses);
+    if (errors.passed_ > kFreeBlocks + kMostPasses * BlocksOf(jpeg))
+      errors.frame_.Fail(kTooManyPasses);
   }
 
   jpeg_error_mgr manager_{};
   jpeg_progress_mgr progress_{};
-  std::jmp_buf jump_{};
-  const char* reason_ = "";
+  JumpFrame frame_;
   int scan_ = 0;              // the last one that was counted
   std::uint64_t passed_ = 0;  // blocks of all scans up to it
-  bool out_of_memory_ = false;
 };
 
 class JpegReader {
@@ -167,7 +141,7 @@ class JpegReader {
   ~JpegReader() { jpeg_destroy_decompress(&info_); }
 
   bool ReadHeader() {
-    return errors_.Run([this] {
+    return errors_.Frame().Run([this] {
       jpeg_create_decompress(&info_);
       errors_.CountScans(info_);
       jpeg_mem_src(&info_, file_.data(), static_cast<unsigned long>(file_.size()));
@@ -178,7 +152,7 @@ class JpegReader {
 
   bool ReadRows(Bitmap& bitmap) {
     if (Inked()) inks_.resize(static_cast<std::size_t>(info_.image_width) * 4);
-    return errors_.Run([this, &bitmap] {
+    return errors_.Frame().Run([this, &bitmap] {
       jpeg_start_decompress(&info_);
       const std::size_t row_size = bitmap.RowSize();
       std::uint8_t* row = bitmap.pixels.data() + bitmap.pixels.size();
@@ -216,7 +190,7 @@ class JpegReader {
 
   [[nodiscard]] std::int64_t Width() const { return info_.image_width; }
   [[nodiscard]] std::int64_t Height() const { return info_.image_height; }
-  [[nodiscard]] const char* Reason() const { return errors_.Reason(); }
+  [[nodiscard]] const char* Reason() { return errors_.Frame().Reason(); }
 
  private:
   static std::int64_t RoundedUp(std::int64_t blocks, int step) {
@@ -232,7 +206,7 @@ class JpegReader {
       case JCS_YCbCr: info_.out_color_space = JCS_EXT_BGR; break;
       case JCS_CMYK:
       case JCS_YCCK: info_.out_color_space = JCS_CMYK; break;
-      default: errors_.Fail("the JPG file has unknown colors");
+      default: errors_.Frame().Fail("the JPG file has unknown colors");
     }
   }
 

@@ -11,13 +11,12 @@
 // Samples of 16 bits become 8. Color profiles, gamma and the background color are ignored. Every
 // checksum that belongs to the pixels must be right, and the file must end with its last chunk.
 #include <algorithm>
-#include <csetjmp>
 #include <cstdlib>
 #include <cstring>
-#include <new>
 #include <png.h>
 #include <vector>
 
+#include "platform/jump_frame.h"
 #include "platform/loaded_library.h"
 #include "platform/picture_decoder.h"
 #include "platform/picture_format.h"
@@ -79,13 +78,13 @@ class PngReader {
 
   /// Reads up to the pixels, and chooses how they come.
   bool ReadHeader(const PngHeader& header) {
-    return Run([&] {
+    return frame_.Run([&] {
       png_ = png_create_read_struct_2(PNG_LIBPNG_VER_STRING, this, OnError, OnWarning, this,
                                       Allocate, Free);
       if (png_ != nullptr) info_ = png_create_info_struct(png_);
       if (info_ == nullptr) {
-        out_of_memory_ = true;
-        Fail("");
+        frame_.RunsOutOfMemory();
+        frame_.Fail("");
       }
       png_set_read_fn(png_, this, Read);
       // The sides are checked already, and of what only describes the picture nothing is kept.
@@ -102,7 +101,7 @@ class PngReader {
 
   /// Reads every row to its place, `pixels` being the bottom row.
   bool ReadRows(std::uint8_t* pixels, std::size_t height) {
-    return Run([&] {
+    return frame_.Run([&] {
       for (int pass = 0; pass < passes_; ++pass) {
         std::uint8_t* row = pixels + format_.stride * height;
         for (std::size_t y = 0; y < height; ++y) {
@@ -139,50 +138,34 @@ class PngReader {
   }
 
   /// Why a step returned false.
-  [[nodiscard]] const char* Reason() const noexcept { return reason_; }
+  [[nodiscard]] const char* Reason() const noexcept { return frame_.Reason(); }
 
  private:
-  /// Returns whether `steps` came to their end. The library is C and leaves an operation by a jump,
-  /// so nothing that has a destructor may live in the steps, and nothing in them may throw. Throws
-  /// std::bad_alloc if memory ran out.
-  template <class Steps>
-  bool Run(const Steps& steps) {
-    // The library offers no other way out of its depths.
-    if (setjmp(jump_) == 0) {  // NOLINT(cert-err52-cpp,modernize-avoid-setjmp-longjmp)
-      steps();
-      return true;
-    }
-    if (out_of_memory_) throw std::bad_alloc();
-    return false;
-  }
-
-  /// Leaves Run.
-  [[noreturn]] void Fail(const char* reason) {
-    reason_ = reason;
-    std::longjmp(jump_, 1);  // NOLINT(cert-err52-cpp): back into Run
+  static JumpFrame& FrameOf(png_struct* png) {
+    return static_cast<PngReader*>(png_get_error_ptr(png))->frame_;
   }
 
   static void OnError(png_struct* png, const char* message) {
     const bool short_of_pixels = std::strcmp(message, "Not enough image data") == 0;
-    static_cast<PngReader*>(png_get_error_ptr(png))->Fail(short_of_pixels ? kCutOff : kDamagedPng);
+    FrameOf(png).Fail(short_of_pixels ? kCutOff : kDamagedPng);
   }
 
   /// The library would go on without a transparency whose checksum is wrong.
   static void OnWarning(png_struct* png, const char* message) {
     if (std::strcmp(message, "tRNS: CRC error") != 0) return;
-    static_cast<PngReader*>(png_get_error_ptr(png))->Fail(kDamagedPng);
+    FrameOf(png).Fail(kDamagedPng);
   }
 
   static void Read(png_struct* png, png_byte* to, std::size_t size) {
     auto& reader = *static_cast<PngReader*>(png_get_io_ptr(png));
-    if (size > reader.left_.size()) reader.Fail(kCutOff);
+    if (size > reader.left_.size()) reader.frame_.Fail(kCutOff);
     std::memcpy(to, reader.left_.data(), size);
     reader.left_ = reader.left_.subspan(size);
   }
 
   static void* Allocate(png_struct* png, png_alloc_size_t size) {
     void* const memory = std::malloc(size);  // NOLINT: the library is C
-    if (memory == nullptr) static_cast<PngReader*>(png_get_mem_ptr(png))->out_of_memory_ = true;
+    if (memory == nullptr) static_cast<PngReader*>(png_get_mem_ptr(png))->frame_.RunsOutOfMemory();
     return memory;
   }
 
@@ -216,9 +199,7 @@ class PngReader {
   std::span<const std::uint8_t> left_;
   RowFormat format_;
   int passes_ = 1;
-  std::jmp_buf jump_{};
-  const char* reason_ = "";
-  bool out_of_memory_ = false;
+  JumpFrame frame_;
 };
 
 void TakePaletteAlpha(std::span<const std::uint8_t> of_color, Bitmap& bitmap) {

@@ -21,8 +21,6 @@
 namespace vellumark::tools {
 namespace {
 
-constexpr const char* kFile = "document";
-
 /// Conforming or classic documents, and how texts are measured for them.
 class Outputs {
  public:
@@ -73,8 +71,12 @@ std::size_t LinesOf(const std::vector<Source>& sources) {
 
 class Conversion {
  public:
-  Conversion(const std::vector<Source>& sources, const Options& options)
-      : sources_(sources), options_(options), outputs_(options_), progress_(LinesOf(sources)) {
+  Conversion(const std::vector<Source>& sources, const Options& options, DocumentSink& output)
+      : sources_(sources),
+        options_(options),
+        output_(output),
+        outputs_(options_),
+        progress_(LinesOf(sources)) {
     if (!options.title_given) options_.properties.title = sources.front().Title();
     if (options.cover && options_.properties.title.empty()) {
       throw Failure("--cover: the text has no title to put there; add --title TEXT");
@@ -86,10 +88,10 @@ class Conversion {
     }
   }
 
-  Converted Run(std::ostream& notes) {
-    Converted done;
-    done.bytes = AttemptOrRagged(notes);
-    if (AddSystemFonts(notes)) done.bytes = AttemptOrRagged(notes);
+  bool Run(std::ostream& notes) {
+    bool complete = true;
+    AttemptOrRagged(notes);
+    if (AddSystemFonts(notes)) AttemptOrRagged(notes);
     progress_.Clear();
     if (options_.contents && headings_.empty()) {
       notes << "vellumark: the text has no titles, and so no table of contents\n";
@@ -97,19 +99,19 @@ class Conversion {
     for (std::size_t i = 0; i < sources_.size(); ++i) {
       const std::string_view name = sources_.size() > 1 ? sources_[i].name : std::string_view();
       WriteNotes(results_[i], sources_[i].text, name, notes);
-      if (!results_[i].lost_pictures.empty()) done.complete = false;
+      if (!results_[i].lost_pictures.empty()) complete = false;
     }
-    return done;
+    return complete;
   }
 
  private:
-  std::string AttemptOrRagged(std::ostream& notes) {
+  void AttemptOrRagged(std::ostream& notes) {
     headings_.clear();
     try {
-      return Attempt(options_.style);
+      Attempt(options_.style);
     } catch (const ObjectNumbersUsedUp&) {
       if (!options_.style.justify) FailTooLong();
-      return RunRagged(notes);
+      RunRagged(notes);
     }
   }
 
@@ -138,14 +140,14 @@ class Conversion {
     return added;
   }
 
-  std::string RunRagged(std::ostream& notes) {
+  void RunRagged(std::ostream& notes) {
     progress_.Clear();
     notes << "vellumark: the text is too long to be justified (one document holds about 16,000 "
              "justified words) and was set ragged\n";
     TextStyle ragged = options_.style;
     ragged.justify = false;
     try {
-      return Attempt(ragged);
+      Attempt(ragged);
     } catch (const ObjectNumbersUsedUp&) {
       FailTooLong();
     }
@@ -155,25 +157,24 @@ class Conversion {
 
   /// With a table of contents the text is set twice: first to find out on which pages the titles
   /// are and how many the table takes, which is then at the end.
-  std::string Attempt(const TextStyle& style) {
-    if (!options_.contents) return Set(style, Contents::None);
-    std::string bytes = Set(style, Contents::AtTheEnd);
-    if (headings_.empty()) return bytes;
+  void Attempt(const TextStyle& style) {
+    Set(style, options_.contents ? Contents::AtTheEnd : Contents::None);
+    if (headings_.empty()) return;
     for (PlacedHeading& heading : headings_) heading.page += contents_pages_;
-    bytes = std::string();
-    return Set(style, Contents::InFront);
+    Set(style, Contents::InFront);
   }
 
-  std::string Set(const TextStyle& style, Contents contents) {
+  void Set(const TextStyle& style, Contents contents) {
     auto platform = std::make_shared<PicturePlatform>();
     platform->SetGreatestPicture(options_.picture_memory << 20);
+    std::ostream& stream = output_.Begin();  // which the document may write to until it is gone
     const std::unique_ptr<OutputFormat> output = outputs_.Make(platform);
     Document& document = output->document();
     output->SetProperties(options_.properties);
     document.PaperSize(options_.paper);
     document.Orientation(options_.orientation);
     if (!options_.fonts.Empty()) output->UseFonts(options_.fonts);
-    if (!document.Create(kFile)) throw Failure(document.LastRefusal().sentence);
+    if (!document.Create(stream)) throw Failure(document.LastRefusal().sentence);
     if (!options_.classic) SetRunningHeads(options_.heads, style.page.margins, document);
     results_.clear();
     Typesetter typesetter(*output, outputs_.measure(), *platform, style,
@@ -192,13 +193,16 @@ class Conversion {
       for (const TypesetResult& result : results_) {
         headings_.insert(headings_.end(), result.headings.begin(), result.headings.end());
       }
-      if (!headings_.empty()) contents_pages_ = typesetter.SetContentsPages(headings_);
+      if (!headings_.empty()) {
+        contents_pages_ = typesetter.SetContentsPages(headings_);
+        return;  // the pages are known: the document itself is set next
+      }
     }
     document.Flush();
     const Refusal refusal = document.LastRefusal();
     NoteLostCharacters(output->LostCharacters());
+    output_.CheckWritten();
     if (refusal.reason != RefusalReason::None) throw Failure(refusal.sentence);
-    return platform->TakeFile(kFile);
   }
 
   [[nodiscard]] CoverText Cover(const LocalTime& now) const {
@@ -237,6 +241,7 @@ class Conversion {
 
   const std::vector<Source>& sources_;
   Options options_;
+  DocumentSink& output_;
   Outputs outputs_;
   ProgressLine progress_;
   std::optional<LinkTargets> targets_;   // of a conforming document
@@ -247,8 +252,9 @@ class Conversion {
 
 }  // namespace
 
-Converted Convert(const std::vector<Source>& sources, const Options& options, std::ostream& notes) {
-  return Conversion(sources, options).Run(notes);
+bool Convert(const std::vector<Source>& sources, const Options& options, DocumentSink& output,
+             std::ostream& notes) {
+  return Conversion(sources, options, output).Run(notes);
 }
 
 }  // namespace vellumark::tools

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// Convert: from texts to the bytes of a finished document.
+// Convert: from texts to a finished document.
 //
-//     const Converted done = Convert(sources, options, std::cerr);
+//     OutputFile output("notes.pdf", inputs);
+//     const bool complete = Convert(sources, options, output, std::cerr);
 //
 // If a justified document runs out of object numbers (a PDF has 32,767), the text is set again,
 // ragged, which needs far fewer; `notes` then gets a line that says so. It gets another line if
@@ -19,13 +20,26 @@
 
 namespace vellumark::tools {
 
-struct Converted {
-  std::string bytes;
-  bool complete = true;  ///< false if a picture is missing
+/// Where a document goes. It may have to be set again: then it begins anew.
+class DocumentSink {
+ public:
+  DocumentSink() = default;
+  DocumentSink(const DocumentSink&) = delete;
+  DocumentSink& operator=(const DocumentSink&) = delete;
+  DocumentSink(DocumentSink&&) = delete;
+  DocumentSink& operator=(DocumentSink&&) = delete;
+  virtual ~DocumentSink() = default;
+
+  /// A stream for all bytes of a document; those that an earlier stream was given are forgotten.
+  [[nodiscard]] virtual std::ostream& Begin() = 0;
+
+  /// Throws Failure, with the reason, if the stream has failed.
+  virtual void CheckWritten() const = 0;
 };
 
-/// There must be one source at least; each begins on a page of its own.
-[[nodiscard]] Converted Convert(const std::vector<Source>& sources, const Options& options,
-                                std::ostream& notes);
+/// There must be one source at least; each begins on a page of its own. Returns false if a picture
+/// is missing.
+[[nodiscard]] bool Convert(const std::vector<Source>& sources, const Options& options,
+                           DocumentSink& output, std::ostream& notes);
 
 }  // namespace vellumark::tools

@@ -67,6 +67,7 @@ std::string ReadUpTo(int descriptor, std::size_t most) {
     if (count > 0) used += static_cast<std::size_t>(count);
   }
   bytes.resize(used);
+  bytes.shrink_to_fit();  // it is kept as long as the program runs
   return bytes;
 }
 

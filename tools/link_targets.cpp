@@ -5,7 +5,6 @@
 #include <charconv>
 
 #include "tools/file_name.h"
-#include "tools/heading_slugs.h"
 #include "tools/html_text.h"
 #include "tools/inline_text.h"
 #include "tools/utf8_text.h"
@@ -46,29 +45,38 @@ std::string LowerAscii(std::string text) {
   return text;
 }
 
+/// What the anchors of a source have in front of the name.
+std::string FrontOf(std::size_t source) {
+  return source > 0 ? std::to_string(source + 1) + "/" : std::string();
+}
+
 }  // namespace
 
 LinkTargets::LinkTargets(const std::vector<Source>& sources) : places_(sources.size()) {
   for (std::size_t i = 0; i < sources.size(); ++i) {
     const std::filesystem::path path = PathOf(sources[i].name);
-    files_.push_back(sources[i].name == "-" ? std::string() : TextOf(path.lexically_normal()));
-    if (sources[i].tree) Collect(i, sources[i].tree->root());
+    if (sources[i].name != "-") places_[i].file = TextOf(path.lexically_normal());
+    HeadingSlugs slugs;
+    for (std::size_t tree = 0; tree < sources[i].Trees(); ++tree) {
+      Collect(i, sources[i].Tree(tree)->root(), slugs);
+    }
   }
 }
 
-void LinkTargets::Collect(std::size_t number, cmark_node* root) {
-  HeadingSlugs slugs;
+void LinkTargets::Collect(std::size_t number, cmark_node* root, HeadingSlugs& slugs) {
   for (NodeWalk walk(root); walk.Next();) {
     if (!walk.entering()) continue;
     const NodeKind kind = KindOf(walk.node());
     if (kind == NodeKind::Heading) {
-      const std::string slug = slugs.Next(SluggedText(walk.node()));
-      places_[number].insert(slug);
-      heading_anchors_.insert(AnchorOf(number, slug));
-      headings_.emplace(walk.node(), AnchorOf(number, slug));
+      Places& places = places_[number];
+      const auto& [slug, is_heading] =
+          *places.names.insert_or_assign(slugs.Next(SluggedText(walk.node())), true).first;
+      places.headings.push_back({StartOf(walk.node()).line, slug});
     } else if (kind == NodeKind::HtmlBlock || kind == NodeKind::HtmlInline) {
       for (HtmlPiece& piece : ReadHtml(LiteralOf(walk.node()))) {
-        if (piece.kind == HtmlPiece::Kind::Anchor) places_[number].insert(std::move(piece.text));
+        if (piece.kind == HtmlPiece::Kind::Anchor) {
+          places_[number].names.emplace(std::move(piece.text), false);
+        }
       }
     }
   }
@@ -77,10 +85,12 @@ void LinkTargets::Collect(std::size_t number, cmark_node* root) {
 std::optional<std::size_t> LinkTargets::SourceNamed(std::size_t from, std::string_view file) const {
   if (file.empty()) return from;
   if (IsRemote(file)) return std::nullopt;
-  const auto path = PathOf(files_[from]).parent_path() / PathOf(Decoded(file));
-  const auto found = std::find(files_.begin(), files_.end(), TextOf(path.lexically_normal()));
-  if (found == files_.end()) return std::nullopt;
-  return static_cast<std::size_t>(found - files_.begin());
+  const auto path = PathOf(places_[from].file).parent_path() / PathOf(Decoded(file));
+  const std::string wanted = TextOf(path.lexically_normal());
+  for (std::size_t i = 0; i < places_.size(); ++i) {
+    if (places_[i].file == wanted) return i;
+  }
+  return std::nullopt;
 }
 
 std::optional<std::string> LinkTargets::PlaceOf(std::size_t source,
@@ -92,20 +102,33 @@ std::optional<std::string> LinkTargets::PlaceOf(std::size_t source,
   const std::string id = Decoded(address.substr(std::min(mark + 1, address.size())));
   if (id.empty()) return TopOf(*target);
   for (const std::string& name : {id, LowerAscii(id)}) {
-    if (places_[*target].count(name) > 0) return AnchorOf(*target, name);
+    if (places_[*target].names.count(name) > 0) return AnchorOf(*target, name);
   }
   return id == "top" ? TopOf(*target) : std::string();
 }
 
-const std::string& LinkTargets::AnchorOf(cmark_node* heading) const {
-  return headings_.at(heading);
+std::string LinkTargets::AnchorOfHeading(std::size_t source, cmark_node* heading) const {
+  const std::vector<Heading>& headings = places_[source].headings;
+  const std::size_t line = StartOf(heading).line;
+  const auto found =
+      std::lower_bound(headings.begin(), headings.end(), line,
+                       [](const Heading& one, std::size_t other) { return one.line < other; });
+  return AnchorOf(source, found->slug);
+}
+
+bool LinkTargets::IsHeading(std::string_view anchor) const {
+  for (std::size_t i = 0; i < places_.size(); ++i) {
+    const std::string front = FrontOf(i);
+    if (!anchor.starts_with(front)) continue;
+    const auto found = places_[i].names.find(std::string(anchor.substr(front.size())));
+    if (found != places_[i].names.end() && found->second) return true;
+  }
+  return false;
 }
 
 std::string LinkTargets::AnchorOf(std::size_t source, std::string_view id) {
   if (id.empty()) return TopOf(source) + "/";  // of a heading such as "?"
-  std::string anchor;
-  if (source > 0) anchor.append(std::to_string(source + 1)).append("/");
-  return anchor.append(id);
+  return FrontOf(source).append(id);
 }
 
 std::string LinkTargets::TopOf(std::size_t source) {

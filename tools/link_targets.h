@@ -18,9 +18,9 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
+#include "tools/heading_slugs.h"
 #include "tools/source.h"
 
 namespace vellumark::tools {
@@ -34,12 +34,10 @@ class LinkTargets {
                                                    std::string_view address) const;
 
   /// The name of a heading's anchor.
-  [[nodiscard]] const std::string& AnchorOf(cmark_node* heading) const;
+  [[nodiscard]] std::string AnchorOfHeading(std::size_t source, cmark_node* heading) const;
 
   /// Whether an anchor is that of a heading.
-  [[nodiscard]] bool IsHeading(const std::string& anchor) const {
-    return heading_anchors_.count(anchor) > 0;
-  }
+  [[nodiscard]] bool IsHeading(std::string_view anchor) const;
 
   /// The name of the anchor of an element with this id.
   [[nodiscard]] static std::string AnchorOf(std::size_t source, std::string_view id);
@@ -48,14 +46,23 @@ class LinkTargets {
   [[nodiscard]] static std::string TopOf(std::size_t source);
 
  private:
-  void Collect(std::size_t number, cmark_node* root);
+  void Collect(std::size_t number, cmark_node* root, HeadingSlugs& slugs);
   [[nodiscard]] std::optional<std::size_t> SourceNamed(std::size_t from,
                                                        std::string_view file) const;
 
-  std::vector<std::string> files_;                       // the path of each source
-  std::vector<std::unordered_set<std::string>> places_;  // of each source
-  std::unordered_map<cmark_node*, std::string> headings_;
-  std::unordered_set<std::string> heading_anchors_;
+  struct Heading {
+    std::size_t line = 0;   // its first one
+    std::string_view slug;  // in the places of its source
+  };
+
+  /// The places of a source.
+  struct Places {
+    std::string file;                             // its path
+    std::unordered_map<std::string, bool> names;  // true for a heading
+    std::vector<Heading> headings;                // in the order of their lines
+  };
+
+  std::vector<Places> places_;  // of each source
 };
 
 }  // namespace vellumark::tools

@@ -29,14 +29,14 @@ int Run(const std::vector<const char*>& arguments) {
   const std::optional<Options> options =
       ParseOptions(static_cast<int>(arguments.size()), arguments.data(), VELLUMARK_COMMIT);
   if (!options) return 0;
-  const OutputFile output(options->output, options->inputs);
+  OutputFile output(options->output, options->inputs);
   std::vector<Source> sources;
   for (const std::string& input : options->inputs) {
     sources.push_back(ReadSource(input, options->kind));
   }
-  const Converted done = Convert(sources, *options, std::cerr);
-  output.Write(done.bytes);
-  return done.complete ? 0 : kIncomplete;
+  const bool complete = Convert(sources, *options, output, std::cerr);
+  output.Finish();
+  return complete ? 0 : kIncomplete;
 }
 
 }  // namespace

@@ -2,33 +2,12 @@
 #include "tools/markdown_tree.h"
 
 #include <array>
-#include <cmark-gfm-core-extensions.h>
-#include <cmark-gfm-extension_api.h>
-#include <cstdio>
-#include <cstdlib>
 #include <utility>
+
+#include "tools/markdown_parser.h"
 
 namespace vellumark::tools {
 namespace {
-
-/// The parser would call abort.
-void* Checked(void* memory) {
-  if (memory != nullptr) return memory;
-  static_cast<void>(std::fputs("vellumark: out of memory\n", stderr));
-  std::_Exit(2);
-}
-
-void* Allocate(std::size_t count, std::size_t size) { return Checked(std::calloc(count, size)); }
-void* Reallocate(void* memory, std::size_t size) { return Checked(std::realloc(memory, size)); }
-
-cmark_mem* Memory() {
-  static cmark_mem memory = {&Allocate, &Reallocate, &std::free};
-  return &memory;
-}
-
-struct FreeParser {
-  void operator()(cmark_parser* parser) const { cmark_parser_free(parser); }
-};
 
 /// The kinds that extensions add have no number in the parser's headers, only a name.
 NodeKind KindOfExtension(cmark_node* node) {
@@ -90,15 +69,16 @@ SourcePosition StartOf(cmark_node* node) {
   return {number(cmark_node_get_start_line(node)), number(cmark_node_get_start_column(node))};
 }
 
-MarkdownTree::MarkdownTree(std::string_view text) {
-  cmark_gfm_core_extensions_ensure_registered();
-  const std::unique_ptr<cmark_parser, FreeParser> parser(
-      cmark_parser_new_with_mem(CMARK_OPT_DEFAULT, Memory()));
-  for (const char* const name : {"table", "strikethrough", "tasklist", "autolink"}) {
-    cmark_parser_attach_syntax_extension(parser.get(), cmark_find_syntax_extension(name));
+MarkdownTree::MarkdownTree(std::string_view text, std::size_t first_line,
+                           std::string_view definitions) {
+  MarkdownParser parser;
+  if (!definitions.empty()) {
+    parser.Feed(definitions);
+    parser.Feed("\n");
   }
-  cmark_parser_feed(parser.get(), text.data(), text.size());
-  root_.reset(cmark_parser_finish(parser.get()));
+  parser.CountFrom(first_line - 1);
+  parser.Feed(text);
+  root_.reset(parser.Finish());
 }
 
 }  // namespace vellumark::tools

@@ -62,7 +62,10 @@ enum class NodeKind {
 
 class MarkdownTree {
  public:
-  explicit MarkdownTree(std::string_view text);
+  /// `first_line` is the number of the text's first line in a longer one, whose definitions of
+  /// links hold in front of its own.
+  explicit MarkdownTree(std::string_view text, std::size_t first_line = 1,
+                        std::string_view definitions = {});
 
   [[nodiscard]] cmark_node* root() const { return root_.get(); }
 

@@ -323,6 +323,7 @@ std::optional<Options> ParseOptions(int argc, const char* const* argv, std::stri
   options.fonts.Check();
   for (const std::string& typed : raw.fallback_fonts) options.fonts.AddFallback(typed);
   options.style.has_cover = options.cover;
+  options.style.has_contents = options.contents;
   options.title_given = app.count("--title") > 0;
   TakeOutput(raw, app.count("--output") > 0, options);
   return options;

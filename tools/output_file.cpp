@@ -7,12 +7,13 @@
 #include "tools/failure.h"
 #include "tools/file_descriptor.h"
 #include "tools/file_name.h"
-#include "tools/temporary_file.h"
 
 namespace vellumark::tools {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr std::size_t kPieceSize = std::size_t{64} << 10U;
 
 [[noreturn]] void Fail(const std::string& name, const std::string& reason) {
   throw Failure("cannot write " + name + ": " + reason);
@@ -41,7 +42,8 @@ fs::path FollowLinks(const std::string& name) {
 
 OutputFile::OutputFile(std::string name, const std::vector<std::string>& inputs)
     : name_(std::move(name)) {
-  if (name_ == "-") return;
+  direct_ = name_ == "-";
+  if (direct_) return;
   if (name_.empty()) throw Failure("the name of the output is empty");
   target_ = FollowLinks(name_);
   std::error_code error;
@@ -50,18 +52,18 @@ OutputFile::OutputFile(std::string name, const std::vector<std::string>& inputs)
     CheckDirectory();
     return;
   }
-  if (error) Fail(name_, error);
-  if (fs::is_directory(status)) Fail(name_, "it is a directory");
+  if (error) tools::Fail(name_, error);
+  if (fs::is_directory(status)) tools::Fail(name_, "it is a directory");
   for (const std::string& input : inputs) {
     if (input != "-" && fs::equivalent(PathOf(input), target_, error))
-      Fail(name_, "it is the input");
+      tools::Fail(name_, "it is the input");
   }
   direct_ = !fs::is_regular_file(status);
   if (direct_) return;
   try {
     CheckWritable(TextOf(target_));
   } catch (const std::system_error& denied) {
-    Fail(name_, denied.code());
+    tools::Fail(name_, denied.code());
   }
 }
 
@@ -70,29 +72,69 @@ void OutputFile::CheckDirectory() const {
   std::error_code error;
   const fs::file_status status = fs::status(directory, error);
   if (status.type() == fs::file_type::not_found) {
-    Fail(name_, "there is no directory " + TextOf(directory));
+    tools::Fail(name_, "there is no directory " + TextOf(directory));
   }
-  if (error) Fail(name_, error);
-  if (!fs::is_directory(status)) Fail(name_, TextOf(directory) + " is not a directory");
+  if (error) tools::Fail(name_, error);
+  if (!fs::is_directory(status)) tools::Fail(name_, TextOf(directory) + " is not a directory");
 }
 
-void OutputFile::Write(std::string_view bytes) const {
-  const bool standard_output = name_ == "-";
+std::ostream& OutputFile::Begin() {
+  file_.reset();
+  kept_.clear();
+  error_.clear();
+  stream_.clear();
+  return stream_;
+}
+
+std::streamsize OutputFile::xsputn(const char* bytes, std::streamsize count) {
+  if (error_) return 0;
   try {
-    if (standard_output) {
-      WriteAll(kStandardOutput, bytes);
+    kept_.append(bytes, static_cast<std::size_t>(count));
+    if (!direct_ && kept_.size() >= kPieceSize) WriteKept();
+    return count;
+  } catch (const std::system_error& error) {
+    error_ = error.code();
+  } catch (const std::exception&) {
+    error_ = std::make_error_code(std::errc::not_enough_memory);
+  }
+  return 0;
+}
+
+int OutputFile::overflow(int byte) {
+  const char c = traits_type::to_char_type(byte);
+  return xsputn(&c, 1) == 1 ? byte : traits_type::eof();
+}
+
+void OutputFile::WriteKept() {
+  if (!file_) file_.emplace(target_);
+  file_->Write(kept_);
+  kept_.clear();
+}
+
+void OutputFile::CheckWritten() const {
+  if (error_) Fail(error_);
+}
+
+void OutputFile::Finish() {
+  try {
+    if (name_ == "-") {
+      WriteAll(kStandardOutput, kept_);
     } else if (direct_) {
       FileDescriptor file = FileDescriptor::OpenToWrite(TextOf(target_));
-      WriteAll(file.number(), bytes);
+      WriteAll(file.number(), kept_);
       file.Close();
     } else {
-      TemporaryFile file(target_);
-      file.Write(bytes);
-      file.ReplaceTarget();
+      WriteKept();
+      file_->ReplaceTarget();
     }
   } catch (const std::system_error& error) {
-    Fail(standard_output ? "standard output" : name_, error.code());
+    file_.reset();
+    Fail(error.code());
   }
+}
+
+void OutputFile::Fail(const std::error_code& error) const {
+  tools::Fail(name_ == "-" ? "standard output" : name_, error);
 }
 
 }  // namespace vellumark::tools

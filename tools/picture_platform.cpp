@@ -83,12 +83,4 @@ bool PicturePlatform::ReadPicture(std::string_view file, std::vector<std::uint8_
   return PortablePlatform::ReadPicture(TextOf(folder_ / PathOf(file)), bytes, reason);
 }
 
-std::error_code PicturePlatform::WriteOutput(FileHandle file, std::string_view bytes) {
-  try {
-    return MemoryPlatform::WriteOutput(file, bytes);
-  } catch (const std::bad_alloc&) {
-    return std::make_error_code(std::errc::not_enough_memory);
-  }
-}
-
 }  // namespace vellumark::tools

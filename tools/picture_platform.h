@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// PicturePlatform: the platform of a conversion. The document is kept in memory, pictures are read
+// PicturePlatform: the platform of a conversion, whose document goes to a stream. Pictures are read
 // from files, and the size of a picture can be asked for before it is drawn.
 //
 //     auto platform = std::make_shared<PicturePlatform>();
@@ -49,12 +49,9 @@ class PicturePlatform final : public MemoryPlatform {
 
   bool DecodePicture(std::string_view file, Bitmap& bitmap, std::string& reason) override;
 
-  /// Reads from the folder, and not from the files in memory: the only one there is the document.
+  /// Reads from the folder; there are no files in memory.
   bool ReadPicture(std::string_view file, std::vector<std::uint8_t>& bytes,
                    std::string& reason) override;
-
-  /// Returns an error if memory runs out: an exception would be reported as an input/output error.
-  std::error_code WriteOutput(FileHandle file, std::string_view bytes) override;
 
  private:
   std::filesystem::path folder_;

@@ -28,15 +28,22 @@ std::filesystem::path Source::Folder() const {
 }
 
 std::string Source::Title() const {
-  if (!tree) return name == "-" ? std::string() : TextOf(PathOf(name).filename());
-  for (NodeWalk walk(tree->root()); walk.Next();) {
-    if (KindOf(walk.node()) == NodeKind::Heading) return PlainText(ReadInlines(walk.node()));
+  if (!markdown) return name == "-" ? std::string() : TextOf(PathOf(name).filename());
+  for (std::size_t i = 0; i < Trees(); ++i) {
+    const auto tree = Tree(i);
+    for (NodeWalk walk(tree->root()); walk.Next();) {
+      if (KindOf(walk.node()) == NodeKind::Heading) return PlainText(ReadInlines(walk.node()));
+    }
   }
   return {};
 }
 
 std::optional<Place> Source::PlaceOf(char32_t character) const {
-  if (tree) return PlaceOfCharacter(character, tree->root(), text);
+  for (std::size_t i = 0; i < Trees(); ++i) {
+    const auto place = PlaceOfCharacter(character, Tree(i)->root(), text);
+    if (place) return place;
+  }
+  if (markdown) return std::nullopt;
   std::string bytes;
   AppendUtf8(bytes, character);
   const std::size_t at = text.find(bytes);
@@ -50,7 +57,7 @@ std::optional<Place> Source::PlaceOf(char32_t character) const {
 Source ReadSource(const std::string& name, TextKind kind) {
   Source source{name, ReadInput(name), std::nullopt};
   const bool plain = kind == TextKind::Plain || (kind == TextKind::ByName && IsPlainByName(name));
-  if (!plain) source.tree.emplace(source.text);
+  if (!plain) source.markdown.emplace(source.text);
   return source;
 }
 

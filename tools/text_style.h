@@ -16,6 +16,7 @@ struct TextStyle {
   int size = 11;
   bool justify = true;
   bool has_cover = false;
+  bool has_contents = false;                                ///< the headings are kept for the table
   EncodingConstants encoding = EncodingConstants::ASCII85;  ///< of pictures
   PageSetup page;  ///< its largest_size is ignored, and computed from `size`
 

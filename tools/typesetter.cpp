@@ -104,8 +104,8 @@ void Typesetter::Typeset(const Source& source, TypesetResult& result, const Prog
   open_levels_.clear();
   anchors_.clear();
   if (targets_ != nullptr) pages_.SetAnchor(LinkTargets::TopOf(source_));
-  if (source.tree) {
-    TypesetTree(*source.tree, progress);
+  if (source.markdown) {
+    for (std::size_t i = 0; i < source.Trees(); ++i) TypesetTree(*source.Tree(i), progress);
   } else {
     SetPlainText(source.text, pages_, style_, setting_.measure, [&](std::size_t line) {
       result.line = line;
@@ -187,7 +187,7 @@ void Typesetter::SetTitle(cmark_node* heading) {
   LineComposer composer(setting_.measure, pages_.width() - text_left, false);
   const std::vector<Line> lines = composer.Compose(MakeWords(text, faces, setting_.measure));
   if (lines.empty()) {
-    if (targets_ != nullptr) flow_.AddAnchor(targets_->AnchorOf(heading));
+    if (targets_ != nullptr) flow_.AddAnchor(targets_->AnchorOfHeading(source_, heading));
     return;
   }
   flow_.BeginBlock(SpaceAboveTitle(size));
@@ -293,11 +293,13 @@ void Typesetter::WriteBookmark(cmark_node* heading, const InlineText& text) {
   while (!open_levels_.empty() && open_levels_.back() >= level) open_levels_.pop_back();
   open_levels_.push_back(level);
   const auto depth = static_cast<int>(open_levels_.size());
-  const std::string& anchor = targets_->AnchorOf(heading);
+  std::string anchor = targets_->AnchorOfHeading(source_, heading);
   std::string title = PlainText(text);
   pages_.SetAnchor(anchor);
   pages_.WriteBookmark(title, depth);
-  result_->headings.push_back({std::move(title), depth, pages_.pages(), anchor});
+  if (style_.has_contents) {
+    result_->headings.push_back({std::move(title), depth, pages_.pages(), std::move(anchor)});
+  }
 }
 
 void Typesetter::ResolveLinks(InlineText& text) {
