@@ -49,7 +49,9 @@ struct Index {
 
  private:
   [[nodiscard]] std::size_t Offset(std::size_t i) const {
-    return NumberAt(table, offsets + i * offset_size, offset_size);
+    const std::size_t offset = NumberAt(table, offsets + i * offset_size, offset_size);
+    if (offset > table.size()) Damaged();  // sums with a greater one would wrap in 32 bits
+    return offset;
   }
   /// Offsets count from the byte before the data.
   [[nodiscard]] std::size_t Data() const { return offsets + (count + 1) * offset_size - 1; }
@@ -279,8 +281,8 @@ std::vector<std::uint8_t> CidKeyedCff(Bytes table, std::span<const std::uint16_t
   } else {
     add_private(dicts.emplace_back(), Need(top, kPrivate));
     places.select = here();
-    behind.Add(0x0300010000, 5);  // one range, from glyph 0 on, of dictionary 0
-    behind.Add(0, 1);
+    behind.Add(0x03000100, 4);  // one range, from glyph 0 on, of dictionary 0
+    behind.Add(0, 2);
     behind.Add(cids.size(), 2);
   }
   places.dicts = here();

@@ -5,8 +5,8 @@
 usage: windows_zip.py WORK OUT
 
 In it: the automation server for 64-bit and for 32-bit hosts, scripts that register and unregister
-it, the keys that registering writes, the command-line host, examples, the manual, licenses. The host
-is linked with libraries that packaging/windows_libraries.py builds and keeps.
+it, the keys that registering writes, the command-line host, examples, the manual, licenses. Server and
+host are linked with libraries that packaging/windows_libraries.py builds and keeps.
 """
 import pathlib
 import shutil
@@ -24,7 +24,9 @@ libraries = windows_libraries(ROOT / "build" / "windows-libraries")
 tree = release.unpacked("windows")
 builds = tree.parent
 
-# Nothing that is built depends on the folder; the linker writes no moment into the files.
+# Nothing that is built depends on the folder; the linker writes no moment into the files, and the IDL
+# compiler that of the commit.
+release.environment["WIDL_TIME_OVERRIDE"] = str(release.moment)
 FLAGS = [f"-DCMAKE_CXX_FLAGS=-ffile-prefix-map={tree}=/vellumark",
          "-DCMAKE_EXE_LINKER_FLAGS=-Wl,--no-insert-timestamp",
          "-DCMAKE_SHARED_LINKER_FLAGS=-Wl,--no-insert-timestamp"]
@@ -41,6 +43,7 @@ def build(folder, target, *options):
 def build_for_windows(folder, system, target, *options):
     flags = [flag + STATIC if "LINKER" in flag else flag for flag in FLAGS]
     build(folder, [target], *flags, f"-DCMAKE_TOOLCHAIN_FILE={tree}/cmake/toolchains/windows-{system}.cmake",
+          f"-DVELLUMARK_WINDOWS_LIBRARIES={libraries / system}", "-DVELLUMARK_FONTS=ON",
           "-DBUILD_SHARED_LIBS=OFF", "-DCMAKE_UNITY_BUILD=ON",
           f"-DVELLUMARK_GENERATE={builds}/native/automation/vellumark_generate", *options)
 
@@ -48,8 +51,7 @@ def build_for_windows(folder, system, target, *options):
 build("native", ["vellumark_generate", "vellumark_cli"], "-DVELLUMARK_PYTHON=OFF")
 for system in SYSTEMS:
     build_for_windows(system, system, "vellumark_server", "-DVELLUMARK_TOOLS=OFF")
-build_for_windows("host", "x64", "vellumark_cli", "-DVELLUMARK_TOOLS=ON",
-                  f"-DVELLUMARK_WINDOWS_LIBRARIES={libraries}")
+build_for_windows("host", "x64", "vellumark_cli", "-DVELLUMARK_TOOLS=ON")
 run(sys.executable, tree / "scripts" / "manual.py", builds / "native/tools/vellumark", builds,
     "--without-site", env=release.environment)
 

@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "tools/failure.h"
+#include "tools/file_name.h"
 
 namespace vellumark::tools {
 namespace {
@@ -17,7 +18,7 @@ namespace {
 constexpr std::array<std::string_view, 4> kStyles = {"regular", "bold", "italic", "bold-italic"};
 
 std::vector<std::uint8_t> ReadFile(const std::string& option, const std::string& name) {
-  std::ifstream file(name, std::ios::binary);
+  std::ifstream file(PathOf(name), std::ios::binary);
   if (!file) throw Failure(option + ": " + name + ": " + std::strerror(errno));
   std::vector<std::uint8_t> bytes{std::istreambuf_iterator<char>(file), {}};
   if (file.bad()) throw Failure(option + ": " + name + " cannot be read");

@@ -27,17 +27,18 @@ struct Entry {
   }
 };
 
-std::string Replaced(std::string text, std::string_view from, std::string_view to) {
-  for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size()) {
-    text.replace(at, from.size(), to);
+std::string Replaced(std::string_view text, std::string_view from, std::string_view to) {
+  std::string replaced;
+  for (std::size_t at = text.find(from); at != std::string_view::npos; at = text.find(from)) {
+    replaced.append(text.substr(0, at)).append(to);
+    text.remove_prefix(at + from.size());
   }
-  return text;
+  return replaced.append(text);
 }
 
 std::string ValuesOf(const OptionTable& table, const std::string& name) {
   const auto found = table.values.find(name);
-  return found == table.values.end() ? std::string()
-                                     : Replaced(std::string(found->second), ", ", " ");
+  return found == table.values.end() ? std::string() : Replaced(found->second, ", ", " ");
 }
 
 std::vector<Entry> Entries(const OptionTable& table) {
