@@ -1,16 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "tools/document_fonts.h"
 
-#include <cerrno>
 #include <charconv>
-#include <cstring>
-#include <fstream>
-#include <iterator>
 #include <string_view>
 #include <system_error>
 
 #include "tools/failure.h"
-#include "tools/file_name.h"
+#include "tools/file_descriptor.h"
 
 namespace vellumark::tools {
 namespace {
@@ -18,11 +14,14 @@ namespace {
 constexpr std::array<std::string_view, 4> kStyles = {"regular", "bold", "italic", "bold-italic"};
 
 std::vector<std::uint8_t> ReadFile(const std::string& option, const std::string& name) {
-  std::ifstream file(PathOf(name), std::ios::binary);
-  if (!file) throw Failure(option + ": " + name + ": " + std::strerror(errno));
-  std::vector<std::uint8_t> bytes{std::istreambuf_iterator<char>(file), {}};
-  if (file.bad()) throw Failure(option + ": " + name + " cannot be read");
-  return bytes;
+  constexpr std::size_t kLargest = std::size_t{256} << 20U;  // of a font
+  try {
+    const std::string bytes = ReadUpTo(FileDescriptor::OpenToRead(name).number(), kLargest);
+    if (bytes.size() <= kLargest) return {bytes.begin(), bytes.end()};
+  } catch (const std::system_error& error) {
+    throw Failure(option + ": " + name + ": " + error.code().message());
+  }
+  throw Failure(option + ": " + name + ": it is longer than 256 MiB");
 }
 
 }  // namespace
