@@ -4,7 +4,7 @@
 // The libraries are loaded with the first font (platform/loaded_library.h).
 //
 //     if (std::string reason = LoadFontLibraries(); !reason.empty()) ...   // "libthai.so.0: ..."
-//     hb_shape(font, buffer, nullptr, 0);
+//     hb_buffer_t* buffer = hb_buffer_create();
 #pragma once
 
 #include <fribidi.h>
@@ -60,7 +60,7 @@ namespace vellumark::fonts {
   X(Table, hb_set_add)                         \
   X(Table, hb_set_allocation_successful)       \
   X(Table, hb_set_del)                         \
-  X(Table, hb_shape)                           \
+  X(Table, hb_shape_full)                      \
   X(Table, hb_unicode_compose)                 \
   X(Table, hb_unicode_decompose)               \
   X(Table, hb_unicode_funcs_get_default)       \

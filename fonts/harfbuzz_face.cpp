@@ -86,7 +86,10 @@ void HarfBuzzFace::Shape(std::string_view utf8, const layout::RunFacts& run,
   hb_buffer_set_language(buffer, hb_language_from_string("und", -1));
   if (run.script != 0) hb_buffer_set_script(buffer, static_cast<hb_script_t>(run.script));
   hb_buffer_guess_segment_properties(buffer);
-  hb_shape(font_.get(), buffer, nullptr, 0);
+  // The OpenType tables alone: whether HarfBuzz knows others, such as Graphite's, depends on its
+  // build.
+  static constexpr const char* kShapers[] = {"ot", nullptr};
+  if (hb_shape_full(font_.get(), buffer, nullptr, 0, kShapers) == 0) throw std::bad_alloc();
   if (!hb_buffer_allocation_successful(buffer)) throw std::bad_alloc();
 
   unsigned count = 0;

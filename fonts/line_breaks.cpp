@@ -12,6 +12,23 @@ static_assert(sizeof(utf32_t) == sizeof(char32_t));
 
 bool IsThai(char32_t character) { return character >= 0x0E01 && character <= 0x0E4E; }
 
+bool IsHalfFlag(char32_t character) { return character >= 0x1F1E6 && character <= 0x1F1FF; }
+
+/// libunibreak 1.1 ends the program at the letters of flags, which its rules do not know, and at
+/// U+FFFF. Two such letters are a flag: an ideograph and its mark stand for them.
+void ReplaceUnknown(std::u32string& text) {
+  constexpr char32_t kIdeograph = 0x4E00;
+  constexpr char32_t kMark = 0x0308;
+  constexpr char32_t kReplacement = 0xFFFD;
+  bool second = false;
+  for (char32_t& character : text) {
+    const bool half = IsHalfFlag(character);
+    if (half) character = second ? kMark : kIdeograph;
+    if (character == 0xFFFF) character = kReplacement;
+    second = half && !second;
+  }
+}
+
 // The library fills an index of its own on first use.
 void PrepareOnce() {
   static std::once_flag prepared;
@@ -25,7 +42,9 @@ void LineBreaks::Find(std::u32string_view text, std::vector<std::uint8_t>& break
   breaks.assign(text.size(), 0);
   if (text.empty()) return;
   found_.resize(text.size());
-  set_linebreaks_utf32(reinterpret_cast<const utf32_t*>(text.data()), text.size(), "",
+  known_.assign(text);
+  ReplaceUnknown(known_);
+  set_linebreaks_utf32(reinterpret_cast<const utf32_t*>(known_.data()), known_.size(), "",
                        found_.data());
   for (std::size_t i = 0; i < text.size(); ++i) {
     breaks[i] = found_[i] <= LINEBREAK_ALLOWBREAK && text[i] != layout::kSoftHyphen ? 1 : 0;

@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -32,6 +33,7 @@ class LineBreaks {
     void operator()(ThBrk* breaker) const { th_brk_delete(breaker); }
   };
 
+  std::u32string known_;
   std::vector<char> found_;
   std::vector<thwchar_t> thai_;
   std::vector<int> thai_breaks_;

@@ -11,6 +11,7 @@
 // or by the first of the fallbacks that has it and the marks behind it.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -55,6 +56,10 @@ class ShapedText {
 
   [[nodiscard]] std::size_t Size() const noexcept { return characters_.size(); }
   [[nodiscard]] char32_t At(std::size_t i) const { return characters_[i]; }
+  /// Whether what stands between this character and the next one runs from right to left.
+  [[nodiscard]] bool RunsRightToLeftBehind(std::size_t i) const {
+    return std::min(levels_[i], levels_[i + 1]) % 2 != 0;
+  }
   [[nodiscard]] bool RunsRightToLeft() const noexcept { return base_level_ % 2 != 0; }
 
   /// The bytes of some characters.

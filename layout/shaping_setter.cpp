@@ -127,7 +127,9 @@ class ShapingSetter::LineEncoder {
       const bool gap = blanks > 0 ? is_blank(i) : i + 1 < end && text_.EndsBefore(i + 1);
       if (!gap) continue;
       const std::int64_t part = spare / left--;
-      gaps_[i - begin] = static_cast<std::int32_t>(part);
+      // Between two characters that run from right to left, the second one is shown first.
+      const bool second = blanks == 0 && text_.RunsRightToLeftBehind(i);
+      gaps_[i - begin + (second ? 1 : 0)] = static_cast<std::int32_t>(part);
       spare -= part;
     }
   }

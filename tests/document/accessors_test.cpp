@@ -70,6 +70,17 @@ TEST_F(Accessors, SettersIgnoreWhatTheyCannotTake) {
   EXPECT_EQ(At(), (Position{595, 842}));
 }
 
+TEST_F(Accessors, ANumberThatDoesNotFitIsRefusedWithItsRange) {
+  doc.NewPage(0, 0, 0, 0, 255, 255, 255);
+  EXPECT_EQ(doc.LastRefusal().sentence,
+            "no document is open, so there is no page; call Create first");
+  Start();
+  EXPECT_FALSE(doc.DrawLine(0, 0, 70000, 1));
+  EXPECT_EQ(doc.LastRefusal().sentence, "a number is 70000, but it must be -32768 to 32767");
+  EXPECT_FALSE(doc.WriteText("x", true, 300));
+  EXPECT_EQ(doc.LastRefusal().sentence, "a number is 300, but it must be 0 to 255");
+}
+
 TEST_F(Accessors, AColorComesBackByteForByte) {
   Start();
   for (int byte = 0; byte < 256; ++byte) {

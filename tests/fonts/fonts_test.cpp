@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 //
 // Documents with loaded fonts. The widths of the test font are those of make_fonts.py.
+#include "platform/utf8.h"
 #include "tests/document_fixture.h"
 #include "tests/fonts/test_font.h"
 
 namespace vellumark::tests {
 namespace {
 
+using namespace std::string_literals;
 using namespace std::string_view_literals;
 using enum FontNumberConstants;
 
@@ -168,6 +170,21 @@ TEST_F(FontsTest, SignsThatOnlyAStandardFontHasAreTurnedAroundToo) {
   EXPECT_EQ(std::count(marks.begin(), marks.end(), "[(\xBB)]TJ"), 2) << "the sign is mirrored";
 }
 
+TEST_F(FontsTest, ALineFromRightToLeftWithoutABlankGrowsWhereItCouldEnd) {
+  const FontNumberConstants boxes = Load();
+  Start();
+  Font(Times, 10);
+  ASSERT_TRUE(doc.AddFallbackFont(boxes));
+  // Three letters of 6 and two dashes of 10 points; lines may end on both sides of a dash.
+  ASSERT_TRUE(
+      doc.WriteMultiText("\u05D0\u2014\u05D0\u2014\u05D0\u2014\u05D0", 0, kNoAlignment, true, 42));
+  const Lines marks = Marks();
+  const auto letter = std::find(marks.begin(), marks.end(), "[(\0\1)]TJ"sv);
+  EXPECT_EQ(Lines(letter, letter + 9),
+            (Lines{"[(\0\1)]TJ"s, "/F8 10 Tf", "[-100(\x97)]TJ", "/F101 10 Tf", "[-100(\0\1)]TJ"s,
+                   "/F8 10 Tf", "[-100(\x97)]TJ", "/F101 10 Tf", "[-100(\0\1)]TJ"s}));
+}
+
 TEST_F(FontsTest, ALetterOfEachScriptFromRightToLeftDecidesTheDirection) {
   const FontNumberConstants boxes = Load();
   for (const std::string letter :
@@ -187,6 +204,11 @@ TEST_F(FontsTest, InvisibleCharactersBelongToTheLettersBeforeThem) {
   EXPECT_EQ(doc.TextWidth("\u200DA\u00ADB\u200C\u044B"), 15);
   EXPECT_EQ(ShownAs("A\u00ADB"), "[(\0\1\0\2)]TJ\n"sv);
   EXPECT_EQ(doc.LostCharacters(), "");
+  BeginAt(10);
+  EXPECT_EQ(ShownAs("A\u200B A\u200CB \u044B\u200D"),
+            "[(\0\1\0\2)]TJ\n/Span<</ActualText(\xFE\xFF\0A\x20\x0C\0B)>>BDC\n[(\0\1\0\3)]TJ\nEMC\n"
+            "[(\0\2)]TJ\n[(\0\4)]TJ\n"sv);
+  EXPECT_EQ(doc.LostCharacters(), "\u044B");
 }
 
 TEST_F(FontsTest, MoreWordsThanAreRememberedAreMeasuredAlike) {
@@ -196,6 +218,21 @@ TEST_F(FontsTest, MoreWordsThanAreRememberedAreMeasuredAlike) {
       ASSERT_EQ(doc.TextWidth(std::to_string(word)), 25) << word;
     }
   }
+}
+
+TEST_F(FontsTest, EveryCharacterOfUnicodeIsShapedAndBroken) {
+  BeginAt(10);
+  constexpr char32_t kPiece = 512;
+  for (char32_t first = 0; first < 0x110000; first += kPiece) {
+    std::string text = "A ";
+    for (char32_t c = first; c < first + kPiece; ++c) {
+      if (c % 32 == 0) text += ' ';
+      platform::AppendUtf8(c < 0xD800 || c > 0xDFFF ? c : U'B', text);
+    }
+    EXPECT_GT(doc.TextHeight(text, 0, 400), 0) << std::hex << static_cast<std::uint32_t>(first);
+  }
+  // Two letters of a flag stay together, and a line may end between flags.
+  EXPECT_EQ(doc.TextHeight("\U0001F1E9\U0001F1EA\U0001F1EB\U0001F1F7", 0, 10), 20);
 }
 
 TEST_F(FontsTest, AnObjectHas1000FontsAtMost) {

@@ -47,6 +47,10 @@ TEST_F(LongDocuments, RefuseTheMarkThatWouldNotLeaveNumbersForTheEnd) {
   const int room = (32767 - 19 - 4) / 2;
   for (int i = 0; i < room; ++i) ASSERT_TRUE(doc.DrawLine(0, 0, 1, 1));
   EXPECT_FALSE(doc.DrawLine(0, 0, 1, 1));
+  EXPECT_FALSE(doc.DrawRectangle(0, 0, 1, 1));
+  EXPECT_FALSE(doc.DrawCircle(5, 5, 1));
+  EXPECT_FALSE(doc.DrawArc(5, 5, 1, 0, 90));
+  EXPECT_FALSE(doc.WriteBookmark("b"));
   EXPECT_FALSE(doc.WriteText("x"));
   EXPECT_EQ(doc.LastRefusal().sentence,
             "the call needs more object numbers than the 0 that are free; flush this document and "

@@ -15,6 +15,8 @@
 namespace vellumark::tests {
 namespace {
 
+using namespace std::string_view_literals;
+
 using Bytes = std::vector<std::uint8_t>;
 
 /// A sample picture of the examples.
@@ -258,11 +260,11 @@ TEST(GifDecoder, AFileThatEndsOrClaimsTooMuchIsRefused) {
   const std::string screen("GIF89a\x03\0\x02\0\x80\x01\0", 13);
   const std::string colors("\x10\x20\x30\x40\x50\x60", 6);
   Bitmap bitmap;
-  for (const std::string& rest : {std::string(), std::string("\x21"), std::string("\x21\xFE\x02h"),
-                                  std::string("\x21\xFE\x01h\x05"), std::string(",\x02"),
-                                  std::string(";"), std::string("?")}) {
-    EXPECT_EQ(Decode(screen + colors + rest, bitmap), "the GIF file is damaged or has no picture")
-        << rest;
+  for (const std::string_view rest :
+       {""sv, "\x21"sv, "\x21\xFE\x02h"sv, "\x21\xFE\x01h\x05"sv, ",\x02"sv, ";"sv, "?"sv}) {
+    std::string file = screen + colors;
+    file += rest;
+    EXPECT_EQ(Decode(file, bitmap), "the GIF file is damaged or has no picture") << rest;
   }
   std::string wide = screen;
   wide.replace(6, 4, "\xFF\x7F\xFF\x7F");

@@ -91,15 +91,20 @@ TEST_F(ConformingPs, ConformingEveryPageTurnsItselfOnPaperThatFits) {
 
 TEST_F(ConformingPs, ConformingTextAndPropertiesAreLiteralAndADashIsNumbers) {
   doc.Title("a (b \\ é");
+
   Start(0);
   EXPECT_TRUE(doc.WriteText(R"(\(x) \101)"));
   doc.SetDash("] 0 setdash quit");
   doc.DrawLine(0, 0, 10, 0);
   const Lines lines = FlushedLines();
   EXPECT_TRUE(Has(lines, R"(%%Title: (a \(b \\ \351))"));
+
   EXPECT_FALSE(Has(lines, "%%For: "));
   EXPECT_TRUE(Has(lines, R"((\\\(x\) \\101)0 834 T)"));
   EXPECT_TRUE(Has(lines, "[]D"));
+  doc.Title("a\tb\u200Bc \u015E\u4E2D");
+  Start(0);
+  EXPECT_TRUE(Has(FlushedLines(), "%%Title: a bc S?")) << "without what comments cannot have";
 }
 
 TEST_F(ConformingPs, ConformingWhatIsInForceIsNotWrittenAgainAndASolidLineIsSolid) {

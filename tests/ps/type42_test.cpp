@@ -71,15 +71,15 @@ TEST(Type42, AStringHasLessThan64KiBAndBeginsWithAGlyph) {
 }
 
 TEST(Type42, AFontThatCannotBeCutIsAFault) {
-  EXPECT_THROW(ps::SfntStrings(FontOf({100, 65536, 100}, true)), RunTimeError);
-  EXPECT_THROW(ps::SfntStrings(FontOf({60000, 65536}, true)), RunTimeError);
-  EXPECT_THROW(ps::SfntStrings(Bytes(5)), RunTimeError);
+  EXPECT_THROW(SizesOf(FontOf({100, 65536, 100}, true)), RunTimeError);
+  EXPECT_THROW(SizesOf(FontOf({60000, 65536}, true)), RunTimeError);
+  EXPECT_THROW(SizesOf(Bytes(5)), RunTimeError);
   Bytes beyond = FontOf({100}, true);
   Put(beyond, 12 + 8, beyond.size() + 1, 4);
-  EXPECT_THROW(ps::SfntStrings(beyond), RunTimeError);
+  EXPECT_THROW(SizesOf(beyond), RunTimeError);
   Bytes many = FontOf({100}, true);
   Put(many, 4, 65535, 2);
-  EXPECT_THROW(ps::SfntStrings(many), RunTimeError);
+  EXPECT_THROW(SizesOf(many), RunTimeError);
 }
 
 }  // namespace
