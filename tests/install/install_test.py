@@ -103,6 +103,18 @@ class Install(unittest.TestCase):
         self.assertEqual(done.stderr, "")
         self.assertIn("Hello, Łódź!", run("pdftotext", self.folder / "hello.pdf", "-"))
 
+    def test_the_other_pages_compile(self):
+        for page, before in (("cpp", None), ("web_answers", None), ("fonts", ""), ("reliability", "vellumark::PDF doc;")):
+            block = blocks(f"docs/{page}.md", "cpp")[0]
+            if before is not None:  # a part of a function
+                block = f"""#include <filesystem>
+                    #include <vellumark/vellumark.h>
+                    int Fail(const std::string& reason) {{ return reason.empty() ? 0 : 1; }}
+                    int main() {{ {before} {block} return Fail(doc.LastRefusal().sentence); }}"""
+            source = self.folder / f"{page}.cpp"
+            source.write_text(block)
+            run("g++", "-std=c++20", "-fsyntax-only", "-Wall", "-Wextra", "-Werror", "-I", self.prefix / "include", source)
+
     def test_the_example_in_the_readme_is_the_one_that_is_built(self):
         shown = blocks("README.md", "cpp")[0]
         built = "".join(line for line in EXAMPLE.read_text().splitlines(keepends=True)
