@@ -6,16 +6,21 @@
 #include <utility>
 
 #include "tools/utf8_text.h"
+#include "tools/word_directions.h"
 
 namespace vellumark::tools {
 namespace {
 
 constexpr int kWidestGap = 1;  // in ems, the most that is added to a blank of a justified line
 
+void AppendRun(const Piece& piece, int x, Line& line) {
+  line.runs.push_back({x, piece.face, piece.text, piece.link, piece.struck});
+}
+
 void AppendRuns(const Word& word, int x, Line& line) {
   std::int64_t offset = 0;
   for (const Piece& piece : word.pieces) {
-    line.runs.push_back({x + ToPoints(offset), piece.face, piece.text, piece.link, piece.struck});
+    AppendRun(piece, x + ToPoints(offset), line);
     offset += piece.width;
   }
 }
@@ -40,6 +45,11 @@ std::vector<Line> LineComposer::Compose(std::vector<Word> words) {
   }
   EndLine(false);
   return std::move(lines_);
+}
+
+std::vector<Line> LineComposer::ComposeParagraph(std::vector<Word> words) {
+  from_right_ = FindDirections(words);
+  return Compose(std::move(words));
 }
 
 /// The narrower blank of the two words: blanks of code are wide.
@@ -98,6 +108,7 @@ void LineComposer::AddBroken(Word word) {
 /// Takes one line off a word whose pieces are in reverse order.
 Word LineComposer::BreakOff(Word& word) const {
   Word head;
+  head.against_the_line = word.against_the_line;
   const std::int64_t room = std::int64_t{width_} * 1000;
   while (!word.pieces.empty() && head.width + word.pieces.back().width <= room) {
     head.width += word.pieces.back().width;
@@ -146,7 +157,7 @@ void LineComposer::EndLine(bool may_justify) {
     const auto gaps = static_cast<int>(draft_.words.size()) - 1;
     justified = spare <= gaps * kWidestGap * last.pieces.back().face.size;
   }
-  lines_.push_back(justified ? Justified() : Natural());
+  lines_.push_back(from_right_ ? FromRight(justified) : justified ? Justified() : Natural());
   draft_ = {};
 }
 
@@ -189,6 +200,62 @@ Line LineComposer::Justified() const {
     before = &word;
   }
   return line;
+}
+
+/// In the order in which they are read, each where it is seen. Words against the line that stand
+/// side by side are seen in their own order, and the stop behind the last of them on its left.
+Line LineComposer::FromRight(bool justified) const {
+  const std::vector<Word>& words = draft_.words;
+  const std::int64_t spare = std::int64_t{width_} * 1000 - draft_.exact;
+  const auto gaps = static_cast<std::int64_t>(words.size()) - 1;
+  std::int64_t right = std::int64_t{width_} * 1000;  // in 1/1000 point; what is left of the line
+  const auto take = [&](std::int64_t width) {
+    right = std::max<std::int64_t>(right - width, 0);
+    return static_cast<int>(right / 1000);
+  };
+  std::vector<Line> of_words(words.size());
+  std::int64_t gap = 0;  // that stands before the next word
+  const Word* before = nullptr;
+  for (std::size_t begin = 0, end = 0; begin < words.size(); begin = end) {
+    end = begin + 1;
+    while (words[begin].against_the_line && end < words.size() && words[end].against_the_line)
+      ++end;
+    Word last = words[end - 1];
+    const Piece stop = words[begin].against_the_line ? TakeStop(last) : Piece();
+    for (std::size_t i = end; i > begin; --i) {
+      const Word& word = i == end ? last : words[i - 1];
+      if (before != nullptr) {
+        const std::int64_t grown = justified ? spare * (gap + 1) / gaps - spare * gap / gaps : 0;
+        take(Gap(*before, words[i - 1]) + grown);
+        ++gap;
+      }
+      before = &words[i - 1];
+      if (word.against_the_line) {
+        AppendRuns(word, take(word.width), of_words[i - 1]);
+      } else {
+        for (const Piece& piece : word.pieces) AppendRun(piece, take(piece.width), of_words[i - 1]);
+      }
+    }
+    if (!stop.text.empty()) AppendRun(stop, take(stop.width), of_words[end - 1]);
+  }
+  Line line;
+  for (const Line& word : of_words) {
+    line.runs.insert(line.runs.end(), word.runs.begin(), word.runs.end());
+  }
+  return line;
+}
+
+/// Takes the signs that end a sentence or a part of it off a word, unless it has nothing else.
+Piece LineComposer::TakeStop(Word& word) const {
+  Piece& last = word.pieces.back();
+  const std::size_t end = last.text.find_last_not_of(".,;:!?") + 1;  // npos + 1 is 0
+  if (end == 0 || end == last.text.size()) return {};
+  Piece stop{last.face, last.text.substr(end), last.link, last.struck, 0};
+  stop.width = measure_.Width(stop.face, stop.text);
+  last.text.resize(end);
+  last.width -= stop.width;
+  word.width -= stop.width;
+  return stop;
 }
 
 }  // namespace vellumark::tools

@@ -7,7 +7,8 @@
 // text. In a justified line, each word is a run of its own: the free width is distributed over the
 // gaps in whole points, with one point more in the first gaps if it does not divide evenly, so that
 // the last word ends at the right edge. A line is not justified if it is the last one, if the text
-// ends it, or if its gaps would grow by more than an em.
+// ends it, or if its gaps would grow by more than an em. A text whose first letter runs from right
+// to left begins at the right edge, each word a run of its own.
 //
 //     for (const Line& line : LineComposer(measure, width, true).Compose(words)) ...
 //
@@ -47,6 +48,9 @@ class LineComposer {
 
   [[nodiscard]] std::vector<Line> Compose(std::vector<Word> words);
 
+  /// The same for a paragraph, which begins at the right edge if its first letter asks for it.
+  [[nodiscard]] std::vector<Line> ComposeParagraph(std::vector<Word> words);
+
   /// The width in points at which `words` are not broken into more lines than their text asks for.
   [[nodiscard]] int WidthOf(const std::vector<Word>& words) const;
 
@@ -68,10 +72,13 @@ class LineComposer {
   void EndLine(bool may_justify);
   [[nodiscard]] Line Natural() const;
   [[nodiscard]] Line Justified() const;
+  [[nodiscard]] Line FromRight(bool justified) const;
+  [[nodiscard]] Piece TakeStop(Word& word) const;
 
   TextMeasure& measure_;
   int width_;
   bool justify_;
+  bool from_right_ = false;
   Draft draft_;
   std::vector<Line> lines_;
 };

@@ -230,8 +230,10 @@ void Typesetter::SetText(InlineText text) {
 
 void Typesetter::SetWords(const InlineText& text) {
   LineComposer composer(setting_.measure, flow_.width(), style_.justify);
-  const std::vector<Line> lines =
-      composer.Compose(MakeWords(text, style_.TextFaces(), setting_.measure));
+  std::vector<Word> words = MakeWords(text, style_.TextFaces(), setting_.measure);
+  // Classic documents, which have no targets, have no letters from right to left.
+  const std::vector<Line> lines = targets_ != nullptr ? composer.ComposeParagraph(std::move(words))
+                                                      : composer.Compose(std::move(words));
   if (lines.empty()) return;
   flow_.BeginBlock(flow_.SpaceOfParagraph());
   const int pitch = LinePitch(style_.size);

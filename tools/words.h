@@ -28,8 +28,9 @@ struct Piece {
 
 struct Word {
   std::vector<Piece> pieces;
-  std::int64_t width = 0;  ///< in 1/1000 point, without the blank behind it
-  bool ends_line = false;  ///< the line ends behind the word
+  std::int64_t width = 0;         ///< in 1/1000 point, without the blank behind it
+  bool ends_line = false;         ///< the line ends behind the word
+  bool against_the_line = false;  ///< it runs from left to right in a line from right to left
 };
 
 /// The faces that the spans of a block are set in.

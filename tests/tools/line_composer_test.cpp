@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/line_composer.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace vellumark::tools {
@@ -15,6 +16,13 @@ class LineComposition : public ::testing::Test {
     const std::vector<Word> words =
         MakeWords(ReadInlines(cmark_node_first_child(tree.root())), faces_, measure_);
     return LineComposer(measure_, width, justify).Compose(words);
+  }
+
+  std::vector<Line> ComposeParagraph(std::string_view text, int width, bool justify) {
+    const MarkdownTree tree(text);
+    return LineComposer(measure_, width, justify)
+        .ComposeParagraph(
+            MakeWords(ReadInlines(cmark_node_first_child(tree.root())), faces_, measure_));
   }
 
   int End(const TextRun& run) { return run.x + ToPoints(measure_.Width(run.face, run.text)); }
@@ -84,6 +92,38 @@ TEST_F(LineComposition, AMarkStaysWithItsLetter) {
   }
   EXPECT_EQ(measure_.Width(faces_.text, "e\xCC\x81"), measure_.Width(faces_.text, "é"));
   EXPECT_EQ(measure_.Width(faces_.text, "W\xCC\xA7"), measure_.Width(faces_.text, "W?"));
+}
+
+/// The words of each line from the left to the right.
+std::vector<std::string> Seen(std::vector<Line> lines) {
+  std::vector<std::string> seen;
+  for (Line& line : lines) {
+    std::stable_sort(line.runs.begin(), line.runs.end(),
+                     [](const TextRun& a, const TextRun& b) { return a.x < b.x; });
+    std::string& words = seen.emplace_back();
+    for (const TextRun& run : line.runs) words.append(words.empty() ? "" : " ").append(run.text);
+  }
+  return seen;
+}
+
+TEST_F(LineComposition, TextFromRightToLeftBeginsAtTheRightAndKeepsOtherWordsInOrder) {
+  using Words = std::vector<std::string>;
+  EXPECT_EQ(Seen(ComposeParagraph("א ב ג", 100, false)), Words{"ג ב א"});
+  EXPECT_EQ(Seen(ComposeParagraph("א one - two 3 ב", 200, false)), Words{"ב one - two 3 א"});
+  EXPECT_EQ(Seen(ComposeParagraph("(א) - 1 2 - **b**ב ג", 200, false)), Words{"ג b ב - 1 2 - (א)"});
+  EXPECT_EQ(Seen(ComposeParagraph("א one two. 3, ב", 200, false)), Words{"ב , one two. 3 א"});
+  EXPECT_EQ(Seen(ComposeParagraph("1 a א", 100, false)), Words{"1 a א"})
+      << "the first letter decides";
+  EXPECT_EQ(Seen(ComposeParagraph("א one two three ב", 50, false)), (Words{"one two א", "ב three"}))
+      << "each line has its own order";
+  for (const bool justify : {false, true}) {
+    const auto lines = ComposeParagraph("א aaa ב aaa ג aaa ד aaa", 70, justify);
+    ASSERT_GT(lines.size(), 1U);
+    EXPECT_NEAR(End(lines[0].runs.front()), 70, 1) << "the first word ends at the right edge";
+    int leftmost = 70;
+    for (const TextRun& run : lines[0].runs) leftmost = std::min(leftmost, run.x);
+    EXPECT_EQ(leftmost == 0, justify);
+  }
 }
 
 }  // namespace
