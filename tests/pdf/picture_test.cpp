@@ -44,6 +44,13 @@ class PdfPictures : public PdfTest {
   }
 };
 
+TEST_F(PdfPictures, OneThatDoesNotFitBeforeTheFirstPageIsToldToWantAPage) {
+  ASSERT_TRUE(doc.Create("doc"));
+  doc.SetPosition(0, 820);
+  EXPECT_FALSE(Draw("wide.bmp"));
+  EXPECT_EQ(Why(), RefusalReason::NoPage);
+}
+
 TEST_F(PdfPictures, APictureOf24BitsIsAPlacementAndAnImage) {
   Start();
   doc.SetPosition(10, 20);

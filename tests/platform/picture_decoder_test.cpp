@@ -261,7 +261,7 @@ TEST(GifDecoder, AFileThatEndsOrClaimsTooMuchIsRefused) {
   const std::string colors("\x10\x20\x30\x40\x50\x60", 6);
   Bitmap bitmap;
   for (const std::string_view rest :
-       {""sv, "\x21"sv, "\x21\xFE\x02h"sv, "\x21\xFE\x01h\x05"sv, ",\x02"sv, ";"sv, "?"sv}) {
+       {""sv, "!"sv, "!\xFE\x02h"sv, "!\xFE\x01h\x05"sv, ",\x02"sv, ";"sv, "?"sv}) {
     std::string file = screen + colors;
     file += rest;
     EXPECT_EQ(Decode(file, bitmap), "the GIF file is damaged or has no picture") << rest;

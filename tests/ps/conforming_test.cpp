@@ -102,6 +102,14 @@ TEST_F(ConformingPs, ConformingTextAndPropertiesAreLiteralAndADashIsNumbers) {
   EXPECT_FALSE(Has(lines, "%%For: "));
   EXPECT_TRUE(Has(lines, R"((\\\(x\) \\101)0 834 T)"));
   EXPECT_TRUE(Has(lines, "[]D"));
+  for (const char* const dash : {"1.2.3", "1234567890", ".", "0 0.0", "3 -1"}) {
+    Start(0);
+    doc.SetDash("3 2");
+    doc.DrawLine(0, 0, 10, 0);
+    doc.SetDash(dash);
+    doc.DrawLine(0, 0, 10, 0);
+    EXPECT_TRUE(Has(FlushedLines(), "[]D")) << dash << " is not a dash, so the line is solid";
+  }
   doc.Title("a\tb\u200Bc \u015E\u4E2D");
   Start(0);
   EXPECT_TRUE(Has(FlushedLines(), "%%Title: a bc S?")) << "without what comments cannot have";
