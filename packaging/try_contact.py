@@ -20,6 +20,7 @@ with BareDebian(pathlib.Path(sys.argv[1])) as debian:
     first = re.search(r"```sh\n(\./dev demo.*?)```", readme, re.DOTALL)[1].splitlines()[0]
     print(debian.run(f"git clone -q vellumark.bundle vellumark\ncd vellumark\n{first}")[-1500:])
     documents = sorted(path.name for path in (debian.root / "root/vellumark/build/demo").glob("*.pdf"))
-    assert documents == ["gallery.pdf", "gpl-3.pdf", "invoice.pdf", "readme.pdf", "report.pdf"], documents
+    assert documents == ["gallery.pdf", "gpl-3.pdf", "invoice.pdf", "languages.pdf", "readme.pdf",
+                         "report.pdf"], documents
     print(debian.run("cd vellumark\ngit status --porcelain\n"
                      "build/release/tools/vellumark --version"), end="")
