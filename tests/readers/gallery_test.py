@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Each page of the gallery looks the same in poppler, mupdf, Ghostscript and Chromium.
 
-usage: gallery_test.py GALLERY_PROGRAM [--chromium]
+usage: gallery_test.py PROGRAM [--chromium]        PROGRAM is gallery, or languages with its one page
 
 Pages are compared in cells of 10 points, so that another reader's edges and letter shapes do not
 count and a shape at another place, of another size or color does. PostScript is compared with the
@@ -21,6 +21,7 @@ import unittest
 from PIL import Image, ImageChops, ImageGrab, ImageStat
 
 PROGRAM = sys.argv[1]
+NAME = pathlib.Path(PROGRAM).name  # of the files that it writes
 CHROMIUM = "--chromium" in sys.argv
 DPI = 72
 CELL = 10               # points, and pixels
@@ -46,7 +47,7 @@ def chromium_pages(folder, count, size):
     frames = "".join(
         f'<iframe style="border:0;position:absolute;left:{i % across * width}px;'
         f'top:{i // across * height}px;width:{width}px;height:{height}px" '
-        f'src="gallery.pdf#page={i + 1}&toolbar=0&navpanes=0&view=Fit"></iframe>' for i in range(count))
+        f'src="{NAME}.pdf#page={i + 1}&toolbar=0&navpanes=0&view=Fit"></iframe>' for i in range(count))
     (folder / "frames.html").write_text(f'<body style="margin:0;overflow:hidden;background:#777">{frames}')
     number = os.getpid()
     screen = subprocess.Popen(["Xvfb", f":{number}", "-screen", "0", f"{across * width}x{down * height}x24"],
@@ -101,12 +102,12 @@ class Gallery(unittest.TestCase):
         subprocess.run([PROGRAM, folder], check=True, capture_output=True)
         ghostscript = ["gs", "-q", "-dNOPAUSE", "-dBATCH", "-dSAFER", "-sDEVICE=ppmraw", f"-r{DPI}",
                        "-dTextAlphaBits=4", "-dGraphicsAlphaBits=4"]
-        cls.poppler = rendered(folder, "poppler", ["pdftoppm", "-r", str(DPI), "gallery.pdf", "poppler"])
+        cls.poppler = rendered(folder, "poppler", ["pdftoppm", "-r", str(DPI), f"{NAME}.pdf", "poppler"])
         cls.others = {
             "mupdf": rendered(folder, "mupdf", ["mutool", "draw", "-q", "-r", str(DPI), "-o",
-                                                "mupdf-%02d.ppm", "gallery.pdf"]),
-            "ghostscript": rendered(folder, "gs", [*ghostscript, "-o", "gs-%02d.ppm", "gallery.pdf"]),
-            "postscript": rendered(folder, "ps", [*ghostscript, "-o", "ps-%02d.ppm", "gallery.ps"])}
+                                                "mupdf-%02d.ppm", f"{NAME}.pdf"]),
+            "ghostscript": rendered(folder, "gs", [*ghostscript, "-o", "gs-%02d.ppm", f"{NAME}.pdf"]),
+            "postscript": rendered(folder, "ps", [*ghostscript, "-o", "ps-%02d.ppm", f"{NAME}.ps"])}
         if CHROMIUM:
             with Image.open(next(folder.glob("poppler-*.ppm"))) as page:
                 cls.others["chromium"] = chromium_pages(folder, len(cls.poppler), page.size)
@@ -116,7 +117,7 @@ class Gallery(unittest.TestCase):
         cls.temporary.cleanup()
 
     def test_readers_show_the_same(self):
-        self.assertGreater(len(self.poppler), 10)
+        self.assertGreater(len(self.poppler), 10 if NAME == "gallery" else 0)
         for reader, pages in self.others.items():
             self.assertEqual(len(pages), len(self.poppler), reader)
             for number, (one, other) in enumerate(zip(self.poppler, pages), 1):
