@@ -6,9 +6,10 @@
 namespace vellumark::platform {
 namespace {
 
+/// What the system says, which names the library or function; at least `name`.
 std::string Reason(const char* name) {
   const char* const reason = ::dlerror();  // NOLINT(concurrency-mt-unsafe): the thread's own
-  return reason != nullptr ? reason : std::string(name) + " cannot be loaded";
+  return reason != nullptr ? reason : name;
 }
 
 }  // namespace

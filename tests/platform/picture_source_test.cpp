@@ -68,6 +68,8 @@ TEST(PictureSource, AFileInMemoryThatIsOpenIsLeftAlone) {
   EXPECT_EQ(memory.CloseOutput(file), std::errc::bad_file_descriptor);
   EXPECT_EQ(memory.WriteOutput(file, "three"), std::errc::bad_file_descriptor);
   EXPECT_EQ(memory.WriteOutput(FileHandle::Invalid, "four"), std::errc::bad_file_descriptor);
+  EXPECT_EQ(memory.WriteOutput(static_cast<FileHandle>(99), "five"),
+            std::errc::bad_file_descriptor);
   EXPECT_EQ(memory.TakeFile("a"), "one");
   EXPECT_EQ(memory.TakeFile("a"), "");
 }

@@ -127,8 +127,12 @@ TEST(PosixClock, HonorsSourceDateEpochInUtc) {
   EXPECT_EQ(std::tuple(fixed.year, fixed.month, fixed.day, fixed.hour, fixed.minute, fixed.second,
                        fixed.weekday),
             std::tuple(2023, 11, 14, 22, 13, 20, 2));
-  ::setenv("SOURCE_DATE_EPOCH", "soon", 1);
-  EXPECT_GE(PosixPlatform().Now().year, 2026);
+  for (const char* const invalid :
+       {"soon", "", "-1700000000", "1700000000.5", "253402300800", "99999999999999999999"}) {
+    ::setenv("SOURCE_DATE_EPOCH", invalid, 1);
+    EXPECT_GE(PosixPlatform().Now().year, 2026) << invalid;
+    EXPECT_LE(PosixPlatform().Now().year, 9999) << invalid;
+  }
   ::unsetenv("SOURCE_DATE_EPOCH");
 }
 
