@@ -302,7 +302,7 @@ TEST_F(FontsTest, BothKindsOfOutlinesAreEmbedded) {
   }
   EXPECT_EQ(*memory->File("doc"), first);
   for (const char* const part : {"/FontFile2 ", "/FontFile3 ", "/Subtype /CIDFontType0C",
-                                 "/CIDToGIDMap ", "+Boxes-Regular", "/W [ 0 [ 500"}) {
+                                 "/CIDToGIDMap ", "+Boxes-Regular", "/W [ 0 [ 500", "%PDF-1.4\n"}) {
     EXPECT_TRUE(FileHas(part)) << part;
   }
 }
