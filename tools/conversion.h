@@ -12,30 +12,13 @@
 #pragma once
 
 #include <iosfwd>
-#include <string>
 #include <vector>
 
+#include "tools/document_sink.h"
 #include "tools/options.h"
 #include "tools/source.h"
 
 namespace vellumark::tools {
-
-/// Where a document goes. It may have to be set again: then it begins anew.
-class DocumentSink {
- public:
-  DocumentSink() = default;
-  DocumentSink(const DocumentSink&) = delete;
-  DocumentSink& operator=(const DocumentSink&) = delete;
-  DocumentSink(DocumentSink&&) = delete;
-  DocumentSink& operator=(DocumentSink&&) = delete;
-  virtual ~DocumentSink() = default;
-
-  /// A stream for all bytes of a document; those that an earlier stream was given are forgotten.
-  [[nodiscard]] virtual std::ostream& Begin() = 0;
-
-  /// Throws Failure, with the reason, if the stream has failed.
-  virtual void CheckWritten() const = 0;
-};
 
 /// There must be one source at least; each begins on a page of its own. Returns false if a picture
 /// is missing.

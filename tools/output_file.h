@@ -21,7 +21,7 @@
 #include <system_error>
 #include <vector>
 
-#include "tools/conversion.h"
+#include "tools/document_sink.h"
 #include "tools/temporary_file.h"
 
 namespace vellumark::tools {
