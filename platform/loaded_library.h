@@ -8,8 +8,8 @@
 //     #define VELLUMARK_GIF_FUNCTIONS(X, Table) X(Table, DGifOpen) X(Table, DGifCloseFile)
 //     VELLUMARK_LOADED_LIBRARY(GifLibrary, VELLUMARK_SONAME_GIF, VELLUMARK_GIF_FUNCTIONS)
 //     ...
-//     std::string reason = GifLibrary::Load();      // "libgif.so.7: cannot open shared object
-//     file" if (reason.empty()) DGifOpen(...);            // as in any other user of the library
+//     std::string reason = GifLibrary::Load();    // "libgif.so.7: cannot open ...", or nothing
+//     if (reason.empty()) DGifOpen(...);          // as in any other user of the library
 //
 // The macro makes, for each function, an object of its name, which stands before the library's own
 // declaration in the namespace. In a build that is linked with the libraries

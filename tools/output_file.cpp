@@ -101,6 +101,7 @@ std::streamsize OutputFile::xsputn(const char* bytes, std::streamsize count) {
 }
 
 int OutputFile::overflow(int byte) {
+  if (traits_type::eq_int_type(byte, traits_type::eof())) return traits_type::not_eof(byte);
   const char c = traits_type::to_char_type(byte);
   return xsputn(&c, 1) == 1 ? byte : traits_type::eof();
 }
