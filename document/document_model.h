@@ -189,6 +189,8 @@ class DocumentModel {
   FileNote OpenOutput(const OutputTarget& target);
   RefusalNote StartPage(const Margins& margins, const layout::ColorText& color) noexcept;
   RefusalNote TakeMargins(const Margins& margins);
+  template <class Use>
+  void ForEachOutput(const Use& use) const;
   FileNote WriteOutput();
   FileNote WriteFile();
   FileNote WriteStream(std::ostream& stream);

@@ -17,8 +17,7 @@ std::size_t LineBuffer::AppendOwned(std::string&& line) {
 }
 
 std::size_t LineBuffer::AppendEncoded(std::vector<std::uint8_t>&& samples,
-                                      EncodingConstants encoding) {
-  const std::uint64_t text_size = encoding::TextSize(samples, encoding);
+                                      EncodingConstants encoding, std::uint64_t text_size) {
   if (text_size > kLongestLine - kLongestLineEnd) throw RunTimeError(RunTimeError::Overflow);
   Chunk chunk;
   chunk.encoded = true;

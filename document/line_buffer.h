@@ -65,8 +65,10 @@ class LineBuffer {
   /// Appends one line and takes it over. If it has room for two more bytes it is not copied.
   std::size_t AppendOwned(std::string&& line);
 
-  /// Appends one line, the text of `samples` under ASCII85 or ASCIIHex, its end marker included.
-  std::size_t AppendEncoded(std::vector<std::uint8_t>&& samples, EncodingConstants encoding);
+  /// Appends one line, the text of `samples` under ASCII85 or ASCIIHex, its end marker included:
+  /// `text_size` bytes, as encoding::TextSize counts them.
+  std::size_t AppendEncoded(std::vector<std::uint8_t>&& samples, EncodingConstants encoding,
+                            std::uint64_t text_size);
 
   /// Gives the line `index` another text, without line end, when the lines are written.
   void Replace(std::size_t index, std::string text);
@@ -89,23 +91,21 @@ class LineBuffer {
   /// Calls `use` with every line and its line end, in order; with an encoded one in pieces.
   template <class Use>
   void ForEachLine(const Use& use) const {
-    std::size_t index = 0;
-    auto replaced = replacements_.begin();
-    for (const Chunk& chunk : chunks_) {
-      if (chunk.arena == nullptr) {
-        UseSingle(chunk, IsReplaced(replaced, index) ? &replaced++->second : nullptr, use);
-        ++index;
-        continue;
-      }
-      const char* line = chunk.arena.get();
-      const char* entry = line + chunk.capacity;
-      for (const char* const end = line + Used(chunk); line != end; ++index) {
+    Walk(use, [&](const char* line, const char* end, const char* entry) {
+      while (line != end) {
         entry -= kEntry;
-        const std::string_view text(line, Entry(entry));
-        use(IsReplaced(replaced, index) ? std::string_view(replaced++->second) : text);
-        line += text.size();
+        use(std::string_view(line, Entry(entry)));
+        line += Entry(entry);
       }
-    }
+    });
+  }
+
+  /// The same in pieces as large as they lie: a chunk of lines is one.
+  template <class Use>
+  void ForEachPiece(const Use& use) const {
+    Walk(use, [&](const char* line, const char* end, const char* /*entry*/) {
+      if (line != end) use(std::string_view(line, static_cast<std::size_t>(end - line)));
+    });
   }
 
   /// A place to go back to.
@@ -237,9 +237,40 @@ class LineBuffer {
 
   using Replacements = std::vector<std::pair<std::size_t, std::string>>;
 
-  [[nodiscard]] bool IsReplaced(Replacements::const_iterator next,
-                                std::size_t index) const noexcept {
-    return next != replacements_.end() && next->first == index;
+  /// Calls `use` with what stands by itself, in order: the texts of replaced, encoded and owned
+  /// lines. Between them it calls `use_stretch` with lines that follow each other in memory: where
+  /// they begin and end, and the end of the first one's entry.
+  template <class Use, class UseStretch>
+  void Walk(const Use& use, const UseStretch& use_stretch) const {
+    std::size_t index = 0;
+    auto replaced = replacements_.begin();
+    for (const Chunk& chunk : chunks_) {
+      const auto is_replaced = [&] {
+        return replaced != replacements_.end() && replaced->first == index;
+      };
+      if (chunk.arena == nullptr) {
+        UseSingle(chunk, is_replaced() ? &replaced++->second : nullptr, use);
+        ++index;
+        continue;
+      }
+      const char* begin = chunk.arena.get();  // of a stretch
+      const char* const end = begin + Used(chunk);
+      const char* begin_entry = chunk.arena.get() + chunk.capacity;
+      const char* line = begin;
+      for (const char* entry = begin_entry; line != end && replaced != replacements_.end();
+           ++index) {
+        const char* const next = line + Entry(entry - kEntry);
+        entry -= kEntry;
+        if (is_replaced()) {
+          use_stretch(begin, line, begin_entry);
+          use(std::string_view(replaced++->second));
+          begin = next;
+          begin_entry = entry;
+        }
+        line = next;
+      }
+      use_stretch(begin, end, begin_entry);
+    }
   }
   void UseSingle(const Chunk& chunk, const std::string* replacement,
                  const encoding::PieceSink& use) const;

@@ -229,10 +229,20 @@ FileNote DocumentModel::WriteOutput() {
   return stream != nullptr ? WriteStream(*stream) : WriteFile();
 }
 
+/// Hands all lines to `use`.
+template <class Use>
+void DocumentModel::ForEachOutput(const Use& use) const {
+  if (state_.oddities.LinesAreWrittenOneByOne()) {
+    lines_.ForEachLine(use);
+  } else {
+    lines_.ForEachPiece(use);
+  }
+}
+
 FileNote DocumentModel::WriteStream(std::ostream& stream) {
   const std::error_code error = ErrorOf([&] {
-    lines_.ForEachLine([&](std::string_view line) {
-      stream.write(line.data(), static_cast<std::streamsize>(line.size()));
+    ForEachOutput([&](std::string_view bytes) {
+      stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     });
     stream.flush();
     return stream ? std::error_code() : std::make_error_code(std::errc::io_error);
@@ -244,8 +254,9 @@ FileNote DocumentModel::WriteStream(std::ostream& stream) {
 FileNote DocumentModel::WriteFile() {
   if (state_.file == FileHandle::Invalid) return RefusalNote{RefusalReason::FileNotOpen};
   std::error_code first_error;
-  lines_.ForEachLine([&](std::string_view line) {
-    const std::error_code error = ErrorOf([&] { return platform_.WriteOutput(state_.file, line); });
+  ForEachOutput([&](std::string_view bytes) {
+    const std::error_code error =
+        ErrorOf([&] { return platform_.WriteOutput(state_.file, bytes); });
     if (error && !first_error) first_error = error;
   });
   const std::error_code error = ErrorOf([&] { return platform_.CloseOutput(state_.file); });

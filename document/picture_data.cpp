@@ -47,40 +47,40 @@ PictureData EncodeFlate(const Samples& samples) {
   std::string plain = Compressed(trial);
   std::string predicted = Compressed(encoding::PredictedRows(trial, row, samples.pixel).Bytes());
   const bool predict = predicted.size() < plain.size();
-  if (whole) return {EncodingConstants::Flate, predict, std::move(predict ? predicted : plain), {}};
-  if (!predict) return {EncodingConstants::Flate, false, Compressed(samples.bytes), {}};
-  return {EncodingConstants::Flate,
-          true,
-          Compressed(encoding::PredictedRows(samples.bytes, row, samples.pixel).Bytes()),
-          {}};
+  if (whole) return {EncodingConstants::Flate, predict, std::move(predict ? predicted : plain)};
+  if (!predict) return {EncodingConstants::Flate, false, Compressed(samples.bytes)};
+  return {EncodingConstants::Flate, true,
+          Compressed(encoding::PredictedRows(samples.bytes, row, samples.pixel).Bytes())};
 }
 
 }  // namespace
 
 std::uint64_t PictureData::Size() const noexcept {
-  return samples.empty() ? bytes.size() : encoding::TextSize(samples, filter);
+  return samples.empty() ? bytes.size() : text_size;
 }
 
 void PictureData::AppendTo(LineBuffer& lines) && {
   if (samples.empty()) {
     lines.AppendOwned(std::move(bytes));
   } else {
-    lines.AppendEncoded(std::move(samples), filter);
+    lines.AppendEncoded(std::move(samples), filter, text_size);
   }
 }
 
 PictureData EncodePicture(layout::Picture& picture, EncodingConstants encoding,
                           const Oddities& oddities) {
-  PictureData data = {encoding, false, {}, {}};
+  PictureData data = {.filter = encoding};
   if (!picture.original.empty()) {
     data.bytes.reserve(picture.original.size() + 2);
     data.bytes.assign(picture.original.begin(), picture.original.end());
     return data;
   }
-  if (encoding::IsText(encoding) &&
-      encoding::FitsOutputSize(encoding::TextSize(picture.samples, encoding))) {
-    data.samples = std::move(picture.samples);
-    return data;
+  if (encoding::IsText(encoding)) {
+    data.text_size = encoding::TextSize(picture.samples, encoding);
+    if (encoding::FitsOutputSize(data.text_size)) {
+      data.samples = std::move(picture.samples);
+      return data;
+    }
   }
   if (oddities.RunLengthDataEndOtherwise()) {
     data.bytes = encoding::EncodeStream(picture.samples, encoding);

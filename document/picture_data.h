@@ -29,8 +29,9 @@ namespace vellumark::document {
 struct PictureData {
   EncodingConstants filter = EncodingConstants::ASCII85;  ///< Original: the filter of JPG data
   bool predicted = false;                                 ///< each row begins with its predictor
-  std::string bytes;                  ///< end marker included; room for a line end behind them
-  std::vector<std::uint8_t> samples;  ///< instead of the bytes: what becomes text
+  std::string bytes = {};                  ///< end marker included; room for a line end behind them
+  std::vector<std::uint8_t> samples = {};  ///< instead of the bytes: what becomes text
+  std::uint64_t text_size = 0;             ///< of the text that the samples become
 
   /// Bytes of the data in the file, without line end.
   [[nodiscard]] std::uint64_t Size() const noexcept;

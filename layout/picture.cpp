@@ -7,6 +7,7 @@
 
 #include <vellumark/run_time_error.h>
 
+#include "encoding/byte_access.h"
 #include "layout/dib.h"
 
 namespace vellumark::layout {
@@ -30,9 +31,29 @@ std::size_t RowLength(const Dib& dib) {
   return (width + pixels_per_byte - 1) / pixels_per_byte;
 }
 
-/// Blue, green, red becomes red, green, blue; a fourth byte stays.
+/// Blue, green, red becomes red, green, blue; a fourth byte stays. Eight bytes are two pixels, and
+/// at three bytes a pixel two bytes that stay for now.
 void ExchangeBlueAndRed(std::span<std::uint8_t> row, std::size_t bytes_per_pixel) noexcept {
-  for (std::size_t at = 0; at < row.size(); at += bytes_per_pixel) std::swap(row[at], row[at + 2]);
+  const std::uint64_t blue = bytes_per_pixel == 3 ? 0x00000000FF0000FF : 0x000000FF000000FF;
+  const std::uint64_t red = blue << 16;
+  const std::size_t step = 2 * bytes_per_pixel;
+  const auto load = [&](std::size_t at) {
+    return encoding::LoadLittleEndian<std::uint64_t>(row.data() + at);
+  };
+  std::size_t at = 0;
+  for (std::uint64_t next = row.size() < 8 ? 0 : load(0); at + 8 <= row.size(); at += step) {
+    const std::uint64_t eight = next;
+    // Before this one is stored: a load waits for a store that has a part of its bytes.
+    if (at + step + 8 <= row.size()) next = load(at + step);
+    const std::uint64_t exchanged = (eight & blue) << 16 | (eight & red) >> 16;
+    encoding::StoreLittleEndian(row.data() + at, (eight & ~(blue | red)) | exchanged);
+  }
+  for (; at < row.size(); at += bytes_per_pixel) std::swap(row[at], row[at + 2]);
+}
+
+/// Moves a row up to where it belongs, unless it lies there already.
+void MoveRow(std::uint8_t* to, const std::uint8_t* from, std::size_t length) noexcept {
+  if (to != from) std::memmove(to, from, length);
 }
 
 void TakePalette(const Dib& dib, Picture& picture) {
@@ -54,7 +75,7 @@ void TakeSamples(Dib& dib, Picture& picture) {
   picture.samples = dib.TakePixels();
   for (std::size_t r = 0; r < height; ++r) {
     const std::span<std::uint8_t> row(picture.samples.data() + r * length, length);
-    std::memmove(row.data(), picture.samples.data() + r * scan_width, length);
+    MoveRow(row.data(), picture.samples.data() + r * scan_width, length);
     if (bytes_per_pixel == 2) ShiftFirstBytes(row, pushed_out);
     if (bytes_per_pixel > 2) ExchangeBlueAndRed(row, bytes_per_pixel);
   }
@@ -66,7 +87,7 @@ std::uint8_t Widened(unsigned part) noexcept {
   return static_cast<std::uint8_t>((part & 31U) << 3U | (part & 31U) >> 2U);
 }
 
-/// A row of 16, 24 or 32 bits as red, green, blue.
+/// A row of 16 or 32 bits as red, green, blue.
 void WriteTrueColor(std::span<const std::uint8_t> row, std::size_t bytes_per_pixel,
                     std::uint8_t* to) noexcept {
   for (std::size_t at = 0; at < row.size(); at += bytes_per_pixel, to += 3) {
@@ -98,8 +119,14 @@ void TakeTrueColor(Dib& dib, Picture& picture) {
   std::vector<std::uint8_t>& samples = grows ? wider : pixels;
   for (std::size_t r = 0; r < height; ++r) {
     // Where a row shrinks it is written over itself or over rows that are done.
-    WriteTrueColor({pixels.data() + r * scan_width, width * bytes_per_pixel}, bytes_per_pixel,
-                   samples.data() + r * 3 * width);
+    const std::uint8_t* const from = pixels.data() + r * scan_width;
+    std::uint8_t* const to = samples.data() + r * 3 * width;
+    if (bytes_per_pixel == 3) {
+      MoveRow(to, from, 3 * width);
+      ExchangeBlueAndRed({to, 3 * width}, 3);
+    } else {
+      WriteTrueColor({from, width * bytes_per_pixel}, bytes_per_pixel, to);
+    }
   }
   samples.resize(3 * width * height);
   picture.samples = std::move(samples);

@@ -4,7 +4,6 @@
 #include <array>
 #include <cstddef>
 
-#include "encoding/eight_bytes.h"
 #include "layout/glyphs/glyph_tables.h"
 #include "layout/text_encoding.h"
 
@@ -34,16 +33,35 @@ constexpr std::array<Entries, kLatinFaces> kEntries = [] {
   return entries;
 }();
 
+// One for each byte of eight, by how many of the last ones count. They take the place of a loop
+// over the rest of a text, whose end nobody can predict.
+constexpr std::array<std::array<Entry, 8>, 8> kLastOfEight = [] {
+  std::array<std::array<Entry, 8>, 8> masks{};
+  for (std::size_t count = 0; count < 8; ++count) {
+    for (std::size_t i = 8 - count; i < 8; ++i) masks[count][i] = ~Entry{0};
+  }
+  return masks;
+}();
+
 Entry Sum(std::string_view text, const Entries& entries) noexcept {
+  const auto entry = [&](char c) { return entries[static_cast<std::uint8_t>(c)]; };
   Entry even = 0;
   Entry odd = 0;
-  for (; text.size() >= 8; text.remove_prefix(8)) {
-    const std::uint64_t eight = encoding::LoadEight(text.data());
-    const auto entry = [&](int shift) { return entries[eight >> shift & 0xFFU]; };
-    even += entry(0) + entry(16) + entry(32) + entry(48);
-    odd += entry(8) + entry(24) + entry(40) + entry(56);
+  if (text.size() < 8) {
+    for (const char c : text) even += entry(c);
+    return even;
   }
-  for (const char c : text) even += entries[static_cast<std::uint8_t>(c)];
+  const char* const last = text.data() + text.size() - 8;
+  const char* from = text.data();
+  for (; from <= last; from += 8) {
+    even += entry(from[0]) + entry(from[2]) + entry(from[4]) + entry(from[6]);
+    odd += entry(from[1]) + entry(from[3]) + entry(from[5]) + entry(from[7]);
+  }
+  const auto& mask = kLastOfEight[text.size() % 8];
+  for (std::size_t i = 0; i < 8; i += 2) {
+    even += entry(last[i]) & mask[i];
+    odd += entry(last[i + 1]) & mask[i + 1];
+  }
   return even + odd;
 }
 

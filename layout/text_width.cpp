@@ -45,9 +45,12 @@ std::int32_t FontWidths::Sum(std::string_view text, const Font& font) const {
 // In whole numbers where that is the same, which spares every text a slow division: all but ties,
 // where the floating product decides.
 Points FontWidths::InPoints(std::uint8_t height, std::int32_t sum) {
-  const std::int64_t product = std::int64_t{height} * sum;
-  const auto rest = static_cast<int>(product % 1000);
-  if (product >= 0 && rest != 500) return {static_cast<int>(product / 1000) + (rest > 500 ? 1 : 0)};
+  const auto product = static_cast<std::uint64_t>(std::int64_t{height} * sum);
+  if (product <= std::numeric_limits<std::uint32_t>::max()) {  // and not negative
+    const auto number = static_cast<std::uint32_t>(product);
+    const std::uint32_t rest = number % 1000;
+    if (rest != 500) return {static_cast<int>(number / 1000) + (rest > 500 ? 1 : 0)};
+  }
   return {RoundHalfEven(height * (sum / 1000.0))};
 }
 

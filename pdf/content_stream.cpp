@@ -13,28 +13,35 @@ namespace vellumark::pdf {
 using document::Pieces;
 using document::RefusalNote;
 
-RefusalNote PdfWriter::RoomFor(const Pieces& pieces) const {
-  const bool streams = state_.oddities.EachMarkIsAStream();
-  // A mark is a stream and its length; an image is a mark that paints it, and itself likewise.
-  const std::int64_t per_mark = streams ? 2 : 0;
-  const std::int64_t per_image = streams ? 4 : 1;
-  const std::int64_t per_palette = streams ? 2 : 1;
-  // A page ends with its footer and itself, and starts with a mark.
-  const std::int64_t header = streams && !state_.header.empty() ? 2 : 0;
-  const std::int64_t per_page = (streams ? 5 : 3) + header;
-  // A page end and the catalog, and an outline's entries and root.
-  const auto bookmarks = static_cast<std::int64_t>(objects_.bookmarks.size()) + pieces.bookmarks;
-  const std::int64_t to_finish = 4 + header + (bookmarks == 0 ? 0 : bookmarks + 1);
-  // A conforming document ends with its fonts and the nodes of its page tree.
-  constexpr std::int64_t kMostFontObjects = std::int64_t{6} * layout::FontCollection::kMostFonts;
-  const std::int64_t fonts = state_.fonts.Empty() ? 0 : kMostFontObjects;
-  const std::int64_t more = streams ? 0 : 100 + objects_.table.Count() / 16 + fonts;
-  const std::int64_t needed = per_mark * pieces.marks + pieces.links + per_image * pieces.images +
-                              per_palette * pieces.palettes + pieces.soft_masks +
-                              per_page * pieces.pages;
-  const std::int64_t left = objects_.table.Left() - to_finish - more;
-  if (needed <= left) return {};
+namespace {
+
+/// Apart, because what accepts every call should not wait for a note that is put together.
+[[gnu::noinline]] RefusalNote NoNumbersLeft(std::int64_t left) {
   return {RefusalReason::NoObjectNumbersLeft, 0, static_cast<std::int32_t>(left)};
+}
+
+}  // namespace
+
+RefusalNote PdfWriter::RoomFor(const Pieces& pieces) const {
+  const auto bookmarks = static_cast<std::int64_t>(objects_.bookmarks.size()) + pieces.bookmarks;
+  // The page end and the catalog, and an outline's entries and root.
+  std::int64_t left = objects_.table.Left() - 4 - (bookmarks == 0 ? 0 : bookmarks + 1);
+  std::int64_t needed = pieces.links + pieces.soft_masks;
+  if (state_.oddities.EachMarkIsAStream()) {
+    // A mark is a stream and its length; an image is a mark that paints it, and itself likewise. A
+    // page ends with its footer and itself, and starts with a mark.
+    const std::int64_t header = state_.header.empty() ? 0 : 2;
+    left -= header;
+    needed += 2 * pieces.marks + 4 * pieces.images + 2 * pieces.palettes;
+    needed += (5 + header) * pieces.pages;
+  } else {
+    // A page is its stream, itself and a place that is kept. The document ends with its fonts and
+    // the nodes of its page tree.
+    constexpr std::int64_t kMostFontObjects = std::int64_t{6} * layout::FontCollection::kMostFonts;
+    left -= 100 + objects_.table.Count() / 16 + (state_.fonts.Empty() ? 0 : kMostFontObjects);
+    needed += pieces.images + pieces.palettes + 3 * pieces.pages;
+  }
+  return needed <= left ? RefusalNote() : NoNumbersLeft(left);
 }
 
 // Called for every mark: member by member, since a Place that is put together first and copied then

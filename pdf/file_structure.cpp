@@ -159,7 +159,7 @@ void PdfWriter::WriteTrailer(int catalog, std::int64_t cross_references) {
   lines_.Append("/Root ", Reference{catalog});
   if (!state_.oddities.PositionsLeaveOutLineEnds()) {
     encoding::ContentHash hash;
-    lines_.ForEachLine([&](std::string_view line) { hash.Add(line); });
+    lines_.ForEachPiece([&](std::string_view piece) { hash.Add(piece); });
     const std::string id = encoding::EncodeStream(hash.Value(), EncodingConstants::ASCIIHex);
     lines_.Append("/ID [ <", id, " <", id, " ]");  // the encoder's end marker closes each
   }

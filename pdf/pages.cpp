@@ -36,7 +36,9 @@ std::string ReferenceArray(std::span<const int> numbers) {
 
 bool HasBytesBeyondAscii(std::string_view bytes) {
   std::uint64_t all = 0;
-  for (; bytes.size() >= 8; bytes.remove_prefix(8)) all |= encoding::LoadEight(bytes.data());
+  for (; bytes.size() >= 32; bytes.remove_prefix(32)) {
+    for (std::size_t i = 0; i < 32; i += 8) all |= encoding::LoadEight(bytes.data() + i);
+  }
   for (const char c : bytes) all |= static_cast<std::uint8_t>(c);
   return (all & encoding::kHighBits) != 0;
 }

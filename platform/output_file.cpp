@@ -16,7 +16,7 @@ std::error_code OutputFile::Close() noexcept {
 
 std::error_code OutputFile::WriteLarge(std::string_view bytes) noexcept {
   Drain();
-  if (bytes.size() < kBufferSize) return Write(bytes);
+  if (bytes.size() < kLong) return Write(bytes);
   WriteThrough(bytes);
   return error_;
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// The files that a platform writes: lines are collected into writes of 64 KiB, and the files that
-// are open are known by their handles. What differs from one system to the next is a class that
-// derives from OutputFile.
+// The files that a platform writes: lines are collected into writes of 64 KiB, longer pieces are
+// written as they lie, and the files that are open are known by their handles. What differs from
+// one system to the next is a class that derives from OutputFile.
 //
 //     OutputFiles files;
 //     const FileHandle file = files.Create(OpenPosixFile, "a.pdf", error);
@@ -28,6 +28,9 @@ class OutputFile {
  public:
   static constexpr std::size_t kBufferSize = 65536;
 
+  /// What is as long as this is not collected.
+  static constexpr std::size_t kLong = 16384;
+
   /// Throws std::bad_alloc; writing never does.
   OutputFile() : buffer_(new char[kBufferSize]) {}
   OutputFile(const OutputFile&) = delete;
@@ -37,7 +40,7 @@ class OutputFile {
   virtual ~OutputFile() = default;
 
   std::error_code Write(std::string_view line) noexcept {
-    if (line.size() > kBufferSize - used_) return WriteLarge(line);
+    if (line.size() > kBufferSize - used_ || line.size() >= kLong) return WriteLarge(line);
     char* const to = buffer_.get() + used_;
     used_ += line.size();
     CopyLine(to, line);
@@ -70,8 +73,8 @@ class OutputFile {
     }
   }
 
-  /// Writes more than the buffer has room for. Apart from Write, which is called for every line and
-  /// should save no registers for this.
+  /// Writes what is long, or more than the buffer has room for. Apart from Write, which is called
+  /// for every line and should save no registers for this.
   std::error_code WriteLarge(std::string_view bytes) noexcept;
 
   void Drain() noexcept;

@@ -31,22 +31,23 @@ int OpenApart(const char* name) {
   return apart;
 }
 
-/// Locks and empties a file that was opened, in this order: a file in use keeps its content.
+/// Locks and empties a file that was opened, in this order: a file in use keeps its content. What
+/// is not a file on a disk, such as a pipe, is written to as it is.
 std::error_code LockAndEmpty(int fd) {
   struct stat status {};
   if (::fstat(fd, &status) != 0) return LastError();
-  if (S_ISREG(status.st_mode)) {
-    if (::flock(fd, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
-      return std::make_error_code(std::errc::device_or_resource_busy);
-    }
-    // An empty file is left alone: some file systems write a file that was truncated to the disk
-    // when it is closed, as they do one that replaces another. Its size is asked for once more,
-    // because somebody else may have had the lock until now.
-    const bool has_bytes = ::fstat(fd, &status) != 0 || status.st_size > 0;
-    if (has_bytes && ::ftruncate(fd, 0) != 0) return LastError();
+  if (!S_ISREG(status.st_mode)) {
+    ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) & ~O_NONBLOCK);
+    return {};
   }
-  ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) & ~O_NONBLOCK);
-  return {};
+  if (::flock(fd, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+    return std::make_error_code(std::errc::device_or_resource_busy);
+  }
+  // An empty file is left alone: some file systems write a file that was truncated to the disk when
+  // it is closed, as they do one that replaces another. Its size is asked for once more, because
+  // somebody else may have had the lock until now.
+  const bool has_bytes = ::fstat(fd, &status) != 0 || status.st_size > 0;
+  return has_bytes && ::ftruncate(fd, 0) != 0 ? LastError() : std::error_code();
 }
 
 class PosixFile final : public platform::OutputFile {

@@ -18,6 +18,9 @@ using document::LineEnd;
 std::string Written(const LineBuffer& lines) {
   std::string text;
   lines.ForEachLine([&](std::string_view line) { text.append(line); });
+  std::string pieces;
+  lines.ForEachPiece([&](std::string_view piece) { pieces.append(piece); });
+  EXPECT_EQ(pieces, text);
   return text;
 }
 
@@ -67,7 +70,7 @@ TEST(LineBuffer, HoldsItsLinesThroughChunksReplacementsAndRollBack) {
       switch (below(4)) {
         case 0: EXPECT_EQ(lines.AppendOwned(std::string(text)), model.lines.size()); break;
         case 1: {
-          EXPECT_EQ(lines.AppendEncoded({0xAB, 0x01}, EncodingConstants::ASCIIHex),
+          EXPECT_EQ(lines.AppendEncoded({0xAB, 0x01}, EncodingConstants::ASCIIHex, 5),
                     model.lines.size());
           model.lines.emplace_back("AB01>");
           continue;
@@ -113,7 +116,7 @@ TEST(LineBuffer, ReusesItsFirstChunkIfItIsOneForManyLines) {
     lines.Here(mark);
     EXPECT_EQ(lines.TextSince(mark), "");
     lines.AppendOwned("two");
-    lines.AppendEncoded({1}, EncodingConstants::ASCIIHex);
+    lines.AppendEncoded({1}, EncodingConstants::ASCIIHex, 3);
     lines.Append(std::string(70000, 'y'));
     EXPECT_EQ(lines.TextSince(mark), "two\n" + std::string(70000, 'y') + "\n") << "no encoded ones";
     EXPECT_EQ(lines.ByteCount(), 4 + 4 + 4 + 70001);

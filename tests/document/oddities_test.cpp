@@ -2,7 +2,9 @@
 //
 // What document/oddities.h says of every language, as PDF has it: each classic oddity by its name,
 // and behind it what the conforming output does instead.
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "tests/bmp_file.h"
 #include "tests/document_fixture.h"
@@ -213,6 +215,36 @@ TEST_F(Conforming, ConformingParagraphsOnPagesWithoutRoomAreRefused) {
   Font(kTimes, 30);
   EXPECT_TRUE(doc.WriteMultiText("x")) << "there is room, though only over the footer";
 }
+
+/// Keeps apart what each call writes.
+class CallsApart final : public MemoryPlatform {
+ public:
+  std::vector<std::string> written;
+
+  std::error_code WriteOutput(FileHandle file, std::string_view bytes) override {
+    written.emplace_back(bytes);
+    return MemoryPlatform::WriteOutput(file, bytes);
+  }
+};
+
+std::vector<std::string> CallsOf(bool conforming) {
+  const auto platform = std::make_shared<CallsApart>();
+  PDF doc(platform);
+  doc.Conforming(conforming);
+  doc.Create("doc");
+  doc.NewPage(0, 0, 0, 0, 255, 255, 255);
+  doc.Flush();
+  return platform->written;
+}
+
+TEST_F(Classic, OddityLinesAreWrittenOneByOne) {
+  for (const std::string& line : CallsOf(false)) {
+    EXPECT_EQ(line.find('\n'), line.size() - 1);
+    EXPECT_TRUE(line.ends_with("\r\n")) << line;
+  }
+}
+
+TEST_F(Conforming, ConformingLinesAreWrittenTogether) { EXPECT_EQ(CallsOf(true).size(), 1U); }
 
 }  // namespace
 }  // namespace vellumark::tests

@@ -38,15 +38,19 @@ class SmallSystem final : public OutputFile {
 TEST(OutputFile, CollectsLinesAndContinuesShortWrites) {
   SmallSystem file(40000, 1 << 20);
   std::string expected;
-  for (const std::size_t size : {0U, 1U, 8U, 15U, 31U, 60000U, 5481U, 70000U, 3U}) {
+  for (const std::size_t size :
+       {0U, 1U, 8U, 15U, 31U, 16000U, 16000U, 16000U, 12000U, 5481U, 70000U, 3U}) {
     const std::string line(size, static_cast<char>('a' + size % 26));
     expected += line;
     EXPECT_FALSE(file.Write(line));
   }
   EXPECT_EQ(file.writes, 4) << "64 KiB in two pieces, and the long line in two";
+  const std::string piece(OutputFile::kLong, 'p');
+  EXPECT_FALSE(file.Write(piece));
+  EXPECT_EQ(file.writes, 6) << "what is long is not collected, but keeps its place";
   EXPECT_FALSE(file.Close());
-  EXPECT_EQ(file.taken, expected);
-  EXPECT_EQ(file.writes, 5);
+  EXPECT_EQ(file.taken, expected + piece);
+  EXPECT_EQ(file.writes, 6);
 }
 
 TEST(OutputFile, ASystemThatTakesNothingMoreIsAnErrorThatStays) {
