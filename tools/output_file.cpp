@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kPieceSize = std::size_t{64} << 10U;
+constexpr std::size_t kWriteSize = std::size_t{64} << 10U;
 
 [[noreturn]] void Fail(const std::string& name, const std::string& reason) {
   throw Failure("cannot write " + name + ": " + reason);
@@ -90,7 +90,7 @@ std::streamsize OutputFile::xsputn(const char* bytes, std::streamsize count) {
   if (error_) return 0;
   try {
     kept_.append(bytes, static_cast<std::size_t>(count));
-    if (!direct_ && kept_.size() >= kPieceSize) WriteKept();
+    if (!direct_ && kept_.size() >= kWriteSize) WriteKept();
     return count;
   } catch (const std::system_error& error) {
     error_ = error.code();
