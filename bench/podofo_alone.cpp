@@ -23,9 +23,9 @@ int main(int argc, char** argv) {
   std::ifstream file(argv[1], std::ios::binary);
   const std::vector<char> bytes(std::istreambuf_iterator<char>(file), {});
   const std::vector<std::uint8_t> samples(bytes.begin(), bytes.end());
-  const int width = std::atoi(argv[2]);
-  const auto filter = static_cast<bench::Filter>(std::atoi(argv[3]));
-  const int documents = std::atoi(argv[5]);
+  const int width = static_cast<int>(std::strtol(argv[2], nullptr, 10));
+  const auto filter = static_cast<bench::Filter>(std::strtol(argv[3], nullptr, 10));
+  const long documents = std::strtol(argv[5], nullptr, 10);
   const int height = static_cast<int>(samples.size()) / 3 / width;
   const double seconds = bench::Seconds([&] {
     for (int i = 0; i < documents; ++i) {

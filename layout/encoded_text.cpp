@@ -124,11 +124,6 @@ StandIn StandInFor(char32_t character, const Font& font) {
   return {static_cast<std::uint8_t>(dingbats ? ' ' : '?'), true};
 }
 
-std::int32_t Checked(std::int64_t sum) {
-  if (sum > std::numeric_limits<std::int32_t>::max()) throw RunTimeError(RunTimeError::Overflow);
-  return static_cast<std::int32_t>(sum);
-}
-
 }  // namespace
 
 // Fills an EncodedText. A text never has more codes than bytes.
@@ -178,7 +173,7 @@ class TextEncoder {
     text_.size_ = static_cast<std::size_t>(to_ - text_.storage_.get());
     std::int64_t sum = 0;
     for (const EncodedRun& run : text_.runs_) sum += run.width;
-    text_.width_ = Checked(sum);
+    text_.width_ = CheckedWidth(sum);
   }
 
  private:
@@ -209,7 +204,7 @@ class TextEncoder {
     const auto size = static_cast<std::size_t>(to_ - run_start_);
     if (size == 0) return;
     const bool fits_both = run_fits_both_ && encoding_ <= TextEncoding::Extended;
-    text_.runs_.push_back({{run_start_, size}, Checked(run_width_), encoding_, fits_both});
+    text_.runs_.push_back({{run_start_, size}, CheckedWidth(run_width_), encoding_, fits_both});
     run_start_ = to_;
     run_width_ = 0;
     run_fits_both_ = true;
@@ -241,7 +236,7 @@ bool HasCharacter(char32_t character, const Font& font) {
 
 void EncodeText(std::string_view utf8, const Font& font, EncodedText& text) {
   const PlainText read = utf8.empty() ? PlainText() : ReadPlain(utf8, font);
-  if (read.plain) return text.Borrow(utf8, Checked(read.sum), read.literal);
+  if (read.plain) return text.Borrow(utf8, CheckedWidth(read.sum), read.literal);
   TextEncoder encoder(utf8, font, text);
   ShownCharacters characters(utf8);
   if (IsBuiltIn(font)) {
@@ -256,7 +251,7 @@ void EncodeText(std::string_view utf8, const Font& font, EncodedText& text) {
 }
 
 std::int32_t MeasureText(std::string_view utf8, const Font& font) {
-  if (const PlainText read = ReadPlain(utf8, font); read.plain) return Checked(read.sum);
+  if (const PlainText read = ReadPlain(utf8, font); read.plain) return CheckedWidth(read.sum);
   // A character is as wide in one Latin encoding as in the other.
   const CodeWidths& widths = WidthsOf(font, FirstEncodingOf(font));
   const bool built_in = IsBuiltIn(font);
@@ -275,7 +270,7 @@ std::int32_t MeasureText(std::string_view utf8, const Font& font) {
     }
     sum += codes.win_ansi != 0 ? widths[codes.win_ansi] : extended[codes.extended];
   }
-  return Checked(sum);
+  return CheckedWidth(sum);
 }
 
 }  // namespace vellumark::layout

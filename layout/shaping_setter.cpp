@@ -14,11 +14,6 @@
 namespace vellumark::layout {
 namespace {
 
-std::int32_t CheckedWidth(std::int64_t sum) {
-  if (sum > std::numeric_limits<std::int32_t>::max()) throw RunTimeError(RunTimeError::Overflow);
-  return static_cast<std::int32_t>(sum);
-}
-
 /// Letters up to the Armenian ones, signs of theirs excepted that direct their neighbors: a text of
 /// them runs from left to right.
 bool IsPlain(std::string_view utf8) {

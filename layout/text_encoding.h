@@ -23,7 +23,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <string_view>
+
+#include <vellumark/run_time_error.h>
 
 #include "layout/font.h"
 #include "layout/glyph_rows.h"
@@ -71,6 +74,12 @@ inline std::int64_t SumOfWidths(std::string_view codes, const CodeWidths& widths
   }
   for (; i < codes.size(); ++i) even += widths[static_cast<std::uint8_t>(codes[i])];
   return static_cast<std::int64_t>(even + odd);
+}
+
+/// A sum of widths as measuring returns it. Raises run-time error 6 beyond 32 bits.
+inline std::int32_t CheckedWidth(std::int64_t sum) {
+  if (sum > std::numeric_limits<std::int32_t>::max()) throw RunTimeError(RunTimeError::Overflow);
+  return static_cast<std::int32_t>(sum);
 }
 
 }  // namespace vellumark::layout

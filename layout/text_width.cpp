@@ -17,11 +17,6 @@ constexpr CodeWidths kCourierCodes = [] {
   return widths;
 }();
 
-std::int32_t Checked(std::int64_t sum) {
-  if (sum > std::numeric_limits<std::int32_t>::max()) throw RunTimeError(RunTimeError::Overflow);
-  return static_cast<std::int32_t>(sum);
-}
-
 }  // namespace
 
 FontWidths::FontWidths(Platform& platform) : tables_{} {
@@ -37,9 +32,9 @@ FontWidths::FontWidths(Platform& platform) : tables_{} {
 
 std::int32_t FontWidths::Sum(std::string_view text, const Font& font) const {
   if (font.number == FontNumberConstants::Courier) {
-    return Checked(kCourierWidth * static_cast<std::int64_t>(text.size()));
+    return CheckedWidth(kCourierWidth * static_cast<std::int64_t>(text.size()));
   }
-  return Checked(SumOfWidths(text, Codes(font)));
+  return CheckedWidth(SumOfWidths(text, Codes(font)));
 }
 
 // In whole numbers where that is the same, which spares every text a slow division: all but ties,

@@ -5,8 +5,8 @@
 usage: tidy.py BUILD
 
 Most of the time goes into the headers of the standard library, which every source includes. So sources
-that are compiled alike are checked in groups, each as one source that includes its members; where
-names of two members clash, halves of the group are checked. A group that was clean stays clean
+that are compiled and checked alike are checked in groups, each as one source that includes its
+members; a member whose names clash with those before it is checked apart. A group that was clean stays clean
 until one of its sources, a header of the tree, a .clang-tidy file or the way it is compiled
 changes: a digest of them is kept in the build folder, so that a second run takes seconds.
 """
@@ -21,7 +21,7 @@ import subprocess
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-GROUP_SIZE = 8
+GROUP_SIZE = 24
 
 
 def digest(*paths):
@@ -36,11 +36,16 @@ def how_compiled(command):
     return re.sub(r" -(o|MF|MT|c) \S+", "", command)
 
 
+def checked_by(source):
+    """The nearest folder with a configuration."""
+    return next(folder for folder in source.parents if (folder / ".clang-tidy").exists())
+
+
 def groups(commands):
-    """The sources of a folder that are compiled alike, so many at a time."""
+    """The sources that are compiled and checked alike, so many at a time."""
     alike = {}
     for source, command in sorted(commands.items()):
-        alike.setdefault((source.parent, how_compiled(command)), []).append(source)
+        alike.setdefault((checked_by(source), how_compiled(command)), []).append(source)
     for (_, command), sources in alike.items():
         for start in range(0, len(sources), GROUP_SIZE):
             yield command, sources[start:start + GROUP_SIZE]
@@ -56,13 +61,9 @@ class Tidy:
     def folder(self, room):
         """A folder for what stands for the sources of a room, with the room's configuration."""
         scratch = self.scratch / room.relative_to(ROOT)
-        for there in (room, *room.parents):
-            if there == ROOT:
-                break
-            here = self.scratch / there.relative_to(ROOT)
-            here.mkdir(parents=True, exist_ok=True)
-            if (there / ".clang-tidy").exists():
-                shutil.copy(there / ".clang-tidy", here)
+        scratch.mkdir(parents=True, exist_ok=True)
+        if room != ROOT:
+            shutil.copy(room / ".clang-tidy", scratch)
         name = f"{len(list(scratch.iterdir()))}"
         (scratch / name).mkdir()
         return scratch / name
@@ -70,24 +71,28 @@ class Tidy:
     def run(self, command, sources, folder):
         """What clang-tidy has to say, or an empty text."""
         together = folder / "group.cpp"
-        text = ""
-        for number, source in enumerate(sources):
-            # Programs can be checked together if each has a main of its own.
-            named = f"#undef main\n#define main Main{number}\n" if len(sources) > 1 else ""
-            text += f'{named}#include "{source}"  // NOLINT(bugprone-suspicious-include)\n'
-        together.write_text(text)
+        if len(sources) > 1:  # each may have a main, and names of its own that shadow a neighbor's
+            options = "-Wno-return-type -Wno-shadow"
+            together.write_text("".join(
+                f"#undef main\n#define main Main{number}\n"
+                f'#include "{source}"  // NOLINT(bugprone-suspicious-include)\n'
+                for number, source in enumerate(sources)))
+        else:
+            options = ""
+            together.write_text(f'#include "{sources[0]}"  // NOLINT(bugprone-suspicious-include)\n')
         (folder / "compile_commands.json").write_text(json.dumps(
-            [{"directory": str(self.build), "file": str(together),
-              "command": f"{command} -Wno-return-type -c {together}"}]))  # a main may end without one
+            [{"directory": str(self.build), "file": str(together), "command": f"{command} {options} -c {together}"}]))
         # A file that is included counts as a header.
         done = subprocess.run(["clang-tidy", "--quiet", "-p", str(folder),
                                f"--header-filter=^{ROOT}/({'|'.join(self.rooms)})/", str(together)],
                               capture_output=True, text=True, check=False)
         if done.returncode == 0:
             return ""
-        if len(sources) > 1 and "[clang-diagnostic-error]" in done.stdout:
-            half = len(sources) // 2
-            return "".join(self.run(command, part, folder) for part in (sources[:half], sources[half:]))
+        clash = set(re.findall(r"(\S+?):\d+:\d+: error: .*\[clang-diagnostic-error\]", done.stdout))
+        apart = [source for source in sources if str(source) in clash]
+        if len(sources) > 1 and apart:
+            rest = [source for source in sources if source not in apart] or [apart.pop()]
+            return self.run(command, apart, folder) + self.run(command, rest, folder)
         return done.stdout
 
 
@@ -112,7 +117,7 @@ def main():
             return sources, key, ""
         return sources, key, tidy.run(command, sources, folder)
 
-    work = [(group, tidy.folder(group[1][0].parent)) for group in groups(commands)]
+    work = [(group, tidy.folder(checked_by(group[1][0]))) for group in groups(commands)]
     faults = 0
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         for sources, key, output in pool.map(check, work):

@@ -10,20 +10,20 @@
 namespace vellumark::tools {
 namespace {
 
-constexpr std::size_t kNone = std::string_view::npos;
+constexpr std::size_t kNowhere = std::string_view::npos;
 
-/// How many line ends of a node's text are before the character, which it shows; or kNone.
+/// How many line ends of a node's text are before the character, which it shows; or kNowhere.
 std::size_t LinesBefore(std::string_view character, cmark_node* node, NodeKind kind) {
   const std::string_view literal = LiteralOf(node);
   if (kind == NodeKind::HtmlBlock || kind == NodeKind::HtmlInline) {
     for (const HtmlPiece& piece : ReadHtml(literal)) {
       const bool shown = piece.kind == HtmlPiece::Kind::Text;
-      if (shown && piece.text.find(character) != kNone) return piece.line;
+      if (shown && piece.text.find(character) != kNowhere) return piece.line;
     }
-    return kNone;
+    return kNowhere;
   }
   const std::size_t at = literal.find(character);
-  if (at == kNone) return kNone;
+  if (at == kNowhere) return kNowhere;
   return static_cast<std::size_t>(std::count(literal.begin(), literal.begin() + at, '\n'));
 }
 
@@ -44,7 +44,7 @@ std::optional<Place> PlaceOfCharacter(char32_t character, cmark_node* root,
     if (!walk.entering()) continue;
     const NodeKind kind = KindOf(walk.node());
     std::size_t lines = LinesBefore(bytes, walk.node(), kind);
-    if (lines == kNone) continue;
+    if (lines == kNowhere) continue;
     if (kind == NodeKind::CodeBlock && IsFenced(walk.node())) ++lines;
     SourcePosition position = StartOf(walk.node());
     if (lines > 0) position = {position.line + lines, 1};

@@ -12,7 +12,7 @@ namespace {
 
 using testing::Bytes;
 
-Bytes Encode(const Bytes& input) {
+Bytes Pack(const Bytes& input) {
   const testing::GuardedBytes guarded(input);
   const std::string output = EncodePackedRuns(guarded.Get());
   EXPECT_GE(output.capacity(), output.size() + 2);
@@ -35,14 +35,13 @@ Bytes Decode(const Bytes& data) {
 }
 
 TEST(PackedRuns, RunsAndLiterals) {
-  EXPECT_EQ(Encode({}), (Bytes{128}));
-  EXPECT_EQ(Encode({'A'}), (Bytes{0, 'A', 128}));
-  EXPECT_EQ(Encode({'A', 'A', 'A', 'B'}), (Bytes{254, 'A', 0, 'B', 128}));
-  EXPECT_EQ(Encode({'x', 'y', 'y', 'z'}), (Bytes{3, 'x', 'y', 'y', 'z', 128}));
-  EXPECT_EQ(Encode({'x', 'x', 'y', 'y', 'z', 'z', 'z'}),
-            (Bytes{255, 'x', 255, 'y', 254, 'z', 128}));
-  EXPECT_EQ(Encode(Bytes(128, 5)), (Bytes{129, 5, 128}));
-  EXPECT_EQ(Encode(Bytes(129, 5)), (Bytes{129, 5, 0, 5, 128}));
+  EXPECT_EQ(Pack({}), (Bytes{128}));
+  EXPECT_EQ(Pack({'A'}), (Bytes{0, 'A', 128}));
+  EXPECT_EQ(Pack({'A', 'A', 'A', 'B'}), (Bytes{254, 'A', 0, 'B', 128}));
+  EXPECT_EQ(Pack({'x', 'y', 'y', 'z'}), (Bytes{3, 'x', 'y', 'y', 'z', 128}));
+  EXPECT_EQ(Pack({'x', 'x', 'y', 'y', 'z', 'z', 'z'}), (Bytes{255, 'x', 255, 'y', 254, 'z', 128}));
+  EXPECT_EQ(Pack(Bytes(128, 5)), (Bytes{129, 5, 128}));
+  EXPECT_EQ(Pack(Bytes(129, 5)), (Bytes{129, 5, 0, 5, 128}));
 }
 
 TEST(PackedRuns, AreFoundAtEveryPlaceAndAcrossBlocks) {
@@ -53,7 +52,7 @@ TEST(PackedRuns, AreFoundAtEveryPlaceAndAcrossBlocks) {
       const std::size_t end = std::min(place + length, input.size());
       std::fill(input.begin() + static_cast<std::ptrdiff_t>(place),
                 input.begin() + static_cast<std::ptrdiff_t>(end), std::uint8_t{200});
-      const Bytes output = Encode(input);
+      const Bytes output = Pack(input);
       ASSERT_EQ(Decode(output), input);
       if (end - place >= 3) {
         ASSERT_LE(output.size(), 60 - (end - place) + 2 + 2 + 1);
@@ -65,7 +64,7 @@ TEST(PackedRuns, AreFoundAtEveryPlaceAndAcrossBlocks) {
 TEST(PackedRuns, LongDataComesBackAndGrowsByOneIn128AtMost) {
   for (const Bytes& input : {testing::GeneratedInput(60'000, 3), testing::Noise(60'000),
                              testing::GeneratedInput(60'000, 4, 5), Bytes(60'000, 0)}) {
-    const Bytes output = Encode(input);
+    const Bytes output = Pack(input);
     EXPECT_EQ(Decode(output), input);
     EXPECT_LE(output.size(), input.size() + input.size() / 128 + 2);
   }

@@ -2,21 +2,15 @@
 //
 // Pictures of a conforming document: a file's own bytes, predictors, and each picture once.
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 
 #include "tests/bmp_file.h"
 #include "tests/document_fixture.h"
+#include "tests/sample_picture.h"
 
 namespace vellumark::tests {
 namespace {
 
 using enum EncodingConstants;
-
-std::string Sample(const std::string& name) {
-  std::ifstream file(std::string(VELLUMARK_PICTURES "/") + name, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 class ConformingPictures : public ConformingPdfTest {
  protected:

@@ -3,14 +3,13 @@
 
 #include <cmath>
 #include <cstdlib>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <new>
 
 #include "platform/picture_format.h"
 #include "tests/bmp_file.h"
 #include "tests/platform/decoded_picture.h"
+#include "tests/sample_picture.h"
 
 namespace vellumark::tests {
 namespace {
@@ -18,13 +17,6 @@ namespace {
 using namespace std::string_view_literals;
 
 using Bytes = std::vector<std::uint8_t>;
-
-/// A sample picture of the examples.
-std::string Sample(const std::string& name) {
-  std::ifstream file(std::string(VELLUMARK_PICTURES) + "/" + name, std::ios::binary);
-  EXPECT_TRUE(file) << name;
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 std::vector<std::uint32_t> PaletteOf(const Bitmap& bitmap) {
   std::vector<std::uint32_t> colors;
