@@ -100,6 +100,9 @@ platform = f"manylinux_{major}_{minor}_{machine}"
 facts, = folder.glob("*.dist-info")
 copy_licenses(wanted, facts / "licenses")
 shutil.copy(tree / "LICENSE", facts / "licenses" / "vellumark.txt")
+(facts / "licenses" / "sources.txt").write_text(
+    f"{release.name}-library-sources.tar, which stands beside this wheel, has the sources of the "
+    "libraries under the GNU LGPL.\n", encoding="utf-8")
 for leftover in ("LICENSE", "top_level.txt"):
     (facts / leftover).unlink(missing_ok=True)
 wheel = (facts / "WHEEL").read_text(encoding="utf-8")
