@@ -136,4 +136,14 @@ std::string EmbeddedName(const GlyphUse::Font& font) {
   return name + '+' + font.face->Facts().name;
 }
 
+std::vector<std::uint8_t> GlyphNumbers(const layout::FontProgram& program) {
+  std::vector<std::uint8_t> numbers;
+  numbers.reserve(2 * program.glyph_of_code.size());
+  for (const std::uint16_t glyph : program.glyph_of_code) {
+    numbers.push_back(static_cast<std::uint8_t>(glyph >> 8));
+    numbers.push_back(static_cast<std::uint8_t>(glyph & 0xFF));
+  }
+  return numbers;
+}
+
 }  // namespace vellumark::document

@@ -99,4 +99,7 @@ class GlyphUse {
 /// "ABCDEF+Name": six letters that tell fonts of different glyphs apart.
 [[nodiscard]] std::string EmbeddedName(const GlyphUse::Font& font);
 
+/// The number of each code's glyph in `program`, as two bytes, the high one first.
+[[nodiscard]] std::vector<std::uint8_t> GlyphNumbers(const layout::FontProgram& program);
+
 }  // namespace vellumark::document

@@ -53,15 +53,7 @@ int PdfWriter::WriteEmbeddedFont(const document::GlyphUse::Font& font) {
   const layout::FontProgram program = font.face->Subset(font.glyphs, name);
   const bool true_type = facts.outlines == layout::Outlines::TrueType;
   const int file = WriteFontProgram(program, facts.outlines);
-  int map = 0;
-  if (true_type) {
-    std::string numbers;
-    for (const std::uint16_t glyph : program.glyph_of_code) {
-      numbers += static_cast<char>(glyph >> 8);
-      numbers += static_cast<char>(glyph & 0xFF);
-    }
-    map = WriteStream(numbers);
-  }
+  const int map = true_type ? WriteStream(View(document::GlyphNumbers(program))) : 0;
   const int texts = WriteStream(UnicodeMap(font.texts));
 
   const int descriptor = BeginObject();

@@ -58,8 +58,8 @@ class RunOperators {
     }
     if (!in_string_) *to++ = '(';
     in_string_ = true;
-    to = Escape(static_cast<char>(code >> 8), to);
-    to = Escape(static_cast<char>(code & 0xFF), to);
+    const std::array<char, 2> bytes = {static_cast<char>(code >> 8), static_cast<char>(code)};
+    to = EscapedString::WriteInside({bytes.data(), bytes.size()}, to);
     text_.append(piece.data(), static_cast<std::size_t>(to - piece.data()));
   }
 
@@ -99,11 +99,6 @@ class RunOperators {
   [[nodiscard]] std::int32_t MoveLeft() const noexcept { return move_; }
 
  private:
-  static char* Escape(char c, char* to) noexcept {
-    if (c == '(' || c == ')' || c == '\\' || c == '\r' || c == '\n') *to++ = '\\';
-    *to++ = c == '\r' ? 'r' : c == '\n' ? 'n' : c;
-    return to;
-  }
   void EndString() {
     if (in_string_) text_ += ')';
     in_string_ = false;

@@ -39,13 +39,8 @@ std::string TrueTypeFont(const GlyphUse::Font& font, const std::string& name) {
   text.append("]def\n/Encoding 256 array def\n0 1 255{Encoding exch/.notdef put}for\n");
   text.append("/CharStrings<</.notdef 0>>def\n/CIDCount ");
   text.append(std::to_string(font.glyphs.size())).append(" def\n/GDBytes 2 def\n/CIDMap[\n");
-  // Glyph numbers of two bytes, in strings of less than 64 KiB.
-  std::vector<std::uint8_t> numbers;
-  for (const std::uint16_t glyph : program.glyph_of_code) {
-    numbers.push_back(static_cast<std::uint8_t>(glyph >> 8));
-    numbers.push_back(static_cast<std::uint8_t>(glyph & 0xFF));
-  }
-  constexpr std::size_t kLongest = 65534;
+  const std::vector<std::uint8_t> numbers = document::GlyphNumbers(program);
+  constexpr std::size_t kLongest = 65534;  // a string has less than 64 KiB
   for (std::size_t at = 0; at < numbers.size(); at += kLongest) {
     const std::size_t size = std::min(kLongest, numbers.size() - at);
     text.append(Ascii85String(std::span(numbers).subspan(at, size)));

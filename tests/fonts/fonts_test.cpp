@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Documents with loaded fonts. The widths of the test font are those of make_fonts.py.
+#include "document/glyph_use.h"
 #include "platform/utf8.h"
 #include "tests/document_fixture.h"
 #include "tests/fonts/test_font.h"
@@ -305,6 +306,38 @@ TEST_F(FontsTest, BothKindsOfOutlinesAreEmbedded) {
                                  "/CIDToGIDMap ", "+Boxes-Regular", "/W [ 0 [ 500", "%PDF-1.4\n"}) {
     EXPECT_TRUE(FileHas(part)) << part;
   }
+}
+
+/// 300 letters of a font with many.
+template <class AnyDocument>
+std::string FileOfManyLetters() {
+  const auto memory = std::make_shared<MemoryPlatform>();
+  AnyDocument doc(memory);
+  doc.Conforming(true);
+  if constexpr (std::is_same_v<AnyDocument, PDF>) doc.Compressed(false);
+  doc.Create("doc");
+  doc.NewPage(0, 0, 0, 0, 255, 255, 255);
+  doc.SetFont(doc.LoadFont(TestFont("DejaVuSans.ttf", "/usr/share/fonts/truetype/dejavu/")), 10,
+              FontStyleConstants::Regular, FontEffectConstants::NoFontEffect);
+  for (char32_t letter = 0x100; letter < 0x100 + 300; ++letter) {
+    std::string text;
+    platform::AppendUtf8(letter, text);
+    doc.SetPosition(0, 0);
+    EXPECT_TRUE(doc.WriteText(text)) << doc.LastRefusal().sentence;
+  }
+  doc.Flush();
+  EXPECT_EQ(doc.LostCharacters(), "");
+  return *memory->File("doc");
+}
+
+TEST(ManyGlyphs, CodesAndGlyphNumbersHaveTwoBytes) {
+  EXPECT_EQ(document::GlyphNumbers({.bytes = {}, .glyph_of_code = {0, 1, 0x1FF, 0xABCD}}),
+            (std::vector<std::uint8_t>{0, 0, 0, 1, 1, 0xFF, 0xAB, 0xCD}));
+  const std::string pdf = FileOfManyLetters<PDF>();
+  EXPECT_NE(pdf.find("[(\x01\x2C)]TJ"), std::string::npos) << "the three hundredth";
+  EXPECT_NE(pdf.find("<012C> <022B>"), std::string::npos);
+  const std::string ps = FileOfManyLetters<PS>();
+  EXPECT_NE(ps.find("<012C>"), std::string::npos);
 }
 
 TEST_F(PsFontsTest, TheFontsAreDeclaredInTheSetup) {

@@ -20,8 +20,9 @@ namespace vellumark::tests {
 using FontBytes = std::vector<std::uint8_t>;
 
 /// "boxes.ttf" has TrueType outlines, "boxes.otf" CFF outlines.
-inline FontBytes TestFont(const std::string& name = "boxes.ttf") {
-  std::ifstream file(std::string(VELLUMARK_TEST_FONTS) + "/" + name, std::ios::binary);
+inline FontBytes TestFont(const std::string& name = "boxes.ttf",
+                          const std::string& folder = VELLUMARK_TEST_FONTS "/") {
+  std::ifstream file(folder + name, std::ios::binary);
   EXPECT_TRUE(file) << name;
   return {std::istreambuf_iterator<char>(file), {}};
 }
