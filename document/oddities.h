@@ -69,8 +69,8 @@ class Oddities {
   /// end code, and literal runs.
   [[nodiscard]] constexpr bool RunLengthDataEndOtherwise() const noexcept { return classic_; }
 
-  /// Classic: the platform, or the stream, is handed each line in a call of its own. Files are the
-  /// same; platforms of hosts count lines.
+  /// Classic: the platform, or the stream, is handed each line in a call of its own; only the text
+  /// of a picture comes in several. Readers see no difference; platforms of hosts count lines.
   /// Conforming: lines are handed over as they lie in memory, some 64 KiB at once.
   [[nodiscard]] constexpr bool LinesAreWrittenOneByOne() const noexcept { return classic_; }
 

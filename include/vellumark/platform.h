@@ -59,9 +59,10 @@ class VELLUMARK_API Platform {
   virtual FileHandle CreateOutput(std::string_view name, std::error_code& error) = 0;
 
   /// Writes all of `bytes`: in a classic document one whole line with its line end, in a conforming
-  /// one as many as lie together in memory. The platform may hold them back until CloseOutput. An
-  /// error may be returned by this call or a later one; a file that once failed keeps failing.
-  /// Writing to FileHandle::Invalid returns an error and does nothing else.
+  /// one as many as lie together in memory. The text of a picture comes in several pieces. The
+  /// platform may hold the bytes back until CloseOutput. An error may be returned by this call or a
+  /// later one; a file that once failed keeps failing. Writing to FileHandle::Invalid returns an
+  /// error and does nothing else.
   virtual std::error_code WriteOutput(FileHandle file, std::string_view bytes) = 0;
 
   /// Writes what was held back and closes the file. The handle is gone after an error too.
