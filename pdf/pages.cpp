@@ -17,7 +17,6 @@
 #include <string>
 #include <utility>
 
-#include "encoding/eight_bytes.h"
 #include "encoding/zlib.h"
 #include "pdf/content_stream.h"
 #include "pdf/syntax.h"
@@ -35,12 +34,9 @@ std::string ReferenceArray(std::span<const int> numbers) {
 }
 
 bool HasBytesBeyondAscii(std::string_view bytes) {
-  std::uint64_t all = 0;
-  for (; bytes.size() >= 32; bytes.remove_prefix(32)) {
-    for (std::size_t i = 0; i < 32; i += 8) all |= encoding::LoadEight(bytes.data() + i);
-  }
-  for (const char c : bytes) all |= static_cast<std::uint8_t>(c);
-  return (all & encoding::kHighBits) != 0;
+  std::uint8_t all = 0;
+  for (const char c : bytes) all = static_cast<std::uint8_t>(all | static_cast<std::uint8_t>(c));
+  return all > 0x7F;
 }
 
 /// A node of the page tree: its number and the pages below it.
