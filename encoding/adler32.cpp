@@ -2,6 +2,9 @@
 #include "encoding/adler32.h"
 
 #include <algorithm>
+#include <array>
+#include <cstring>
+#include <numeric>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -48,9 +51,9 @@ void Adler32::Add(std::span<const std::uint8_t> bytes) {
       _mm_set_epi16(25, 26, 27, 28, 29, 30, 31, 32), _mm_set_epi16(17, 18, 19, 20, 21, 22, 23, 24),
       _mm_set_epi16(9, 10, 11, 12, 13, 14, 15, 16), _mm_set_epi16(1, 2, 3, 4, 5, 6, 7, 8)};
   const auto total = [](__m128i lanes) {
-    lanes = _mm_add_epi32(lanes, _mm_shuffle_epi32(lanes, _MM_SHUFFLE(1, 0, 3, 2)));
-    lanes = _mm_add_epi32(lanes, _mm_shuffle_epi32(lanes, _MM_SHUFFLE(2, 3, 0, 1)));
-    return static_cast<std::uint32_t>(_mm_cvtsi128_si32(lanes));
+    std::array<std::uint32_t, 4> numbers{};
+    std::memcpy(numbers.data(), &lanes, sizeof lanes);
+    return std::accumulate(numbers.begin(), numbers.end(), std::uint32_t{0});
   };
   while (bytes.size() >= kRow) {
     const std::size_t rows = std::min(bytes.size() / kRow, kMostRows);

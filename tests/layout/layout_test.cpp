@@ -49,6 +49,22 @@ TEST_F(Widths, AreRoundedToWholePointsTiesToEven) {
   EXPECT_EQ(Of("xxxx", Courier, 25, BoldItalic), 60);
 }
 
+TEST(ShortWidths, OfCodesThatAResourceLacksAreNothing) {
+  class ShortResources final : public MemoryPlatform {
+   public:
+    std::span<const std::uint8_t> WidthResource(int /*id*/) override {
+      static constexpr std::array<std::uint8_t, 512> kWidths = [] {
+        std::array<std::uint8_t, 512> widths{};
+        widths.fill(1);
+        return widths;
+      }();
+      return std::span(kWidths).first(2 * ('A' + 1));
+    }
+  };
+  ShortResources platform;
+  EXPECT_EQ(FontWidths(platform).Sum("AB", {Helvetica, 10, Regular, {}}), 257);
+}
+
 TEST_F(Widths, OfFontsThatDoNotExistAreNothing) {
   EXPECT_EQ(Of("text", Helvetica, 12, FontStyleConstants{0}), 0);
   EXPECT_EQ(Of("text", Times, 12, FontStyleConstants{5}), 0);

@@ -76,6 +76,8 @@ TEST(Dib, TakesNoBitmapThatIsNotWhole) {
   EXPECT_TRUE(takes(1, 1, 8, 256, 4));
   EXPECT_FALSE(takes(0, 1, 24, 0, 0));
   EXPECT_FALSE(takes(1, 0, 24, 0, 0));
+  EXPECT_TRUE(takes(32767, 1, 1, 2, 4096));
+  EXPECT_TRUE(takes(1, 32767, 1, 2, 131068));
   EXPECT_FALSE(takes(32768, 1, 1, 2, 4096));
   EXPECT_FALSE(takes(1, 32768, 1, 2, 131072));
   EXPECT_FALSE(takes(1, 1, 2, 4, 4));
@@ -115,6 +117,23 @@ TEST_F(PictureTest, RowsLoseTheirPaddingAndColorsComeRedFirst) {
             (Bytes{3, 2, 1, 6, 5, 4, 9, 8, 7, 13, 12, 11, 16, 15, 14, 19, 18, 17}));
   ASSERT_TRUE(Load(BmpFile{.width = 2, .bits = 32, .pixels = {1, 2, 3, 4, 5, 6, 7, 8}}.Bytes()));
   EXPECT_EQ(picture.samples, (Bytes{3, 2, 1, 4, 7, 6, 5, 8})) << "the fourth byte stays";
+}
+
+TEST_F(PictureTest, ColorsComeRedFirstInRowsOfEveryLength) {
+  for (const int bits : {24, 32}) {
+    for (int width = 1; width < 24; ++width) {
+      const std::size_t size = static_cast<std::size_t>(width * bits / 8);
+      Bytes stored(size);
+      for (std::size_t i = 0; i < size; ++i) stored[i] = static_cast<std::uint8_t>(i + 1);
+      Bytes expected = stored;
+      for (std::size_t at = 0; at < size; at += static_cast<std::size_t>(bits / 8)) {
+        std::swap(expected[at], expected[at + 2]);
+      }
+      stored.resize((size + 3) / 4 * 4);
+      ASSERT_TRUE(Load(BmpFile{.width = width, .bits = bits, .pixels = stored}.Bytes()));
+      EXPECT_EQ(picture.samples, expected) << bits << ", " << width;
+    }
+  }
 }
 
 TEST_F(PictureTest, IndicesStayPackedAndThePaletteComesRedFirst) {

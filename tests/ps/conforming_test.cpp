@@ -187,6 +187,9 @@ TEST_F(ConformingPs, ConformingNoLineIsLongHoweverManyWordsItHas) {
   std::string text;
   for (int i = 0; i < 500; ++i) text += i % 7 == 0 ? "\xC3\xA9( " : "i ";
   EXPECT_TRUE(doc.WriteMultiText(text, 0, kNoAlignment, true));
+  std::string escaped;
+  for (int i = 0; i < 200; ++i) escaped += "(i) ";
+  EXPECT_TRUE(doc.WriteMultiText(escaped, 0, kNoAlignment, true));
   EXPECT_TRUE(doc.WriteText(std::string(250, '|'), true));
   for (const std::string& line : FlushedLines()) EXPECT_LE(line.size(), 250U) << line;
 }
