@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
-"""What every package is made from: the present commit, as git has it, at the moment of that commit.
+"""What every package is made from: a commit as git has it, the present one or the one that
+VELLUMARK_COMMIT names, at the moment of that commit.
 
     release = Release(pathlib.Path("build/package"))
     folder = release.unpacked("debian")       # a fresh copy of the tree, without changes of the user
@@ -35,8 +36,9 @@ class Release:
         self.version = ".".join(
             re.findall(r"define VELLUMARK_VERSION_(?:MAJOR|MINOR|PATCH) ([0-9]+)", header))
         self.name = f"vellumark-{self.version}"
-        self.commit = git("rev-parse", "HEAD")
-        self.moment = int(git("log", "-1", "--format=%ct"))
+        # One commit for all packages, though somebody commits meanwhile.
+        self.commit = git("rev-parse", os.environ.get("VELLUMARK_COMMIT", "HEAD"))
+        self.moment = int(git("log", "-1", "--format=%ct", self.commit))
         self.environment = dict(os.environ, SOURCE_DATE_EPOCH=str(self.moment), LC_ALL="C.UTF-8",
                                 TZ="UTC", PYTHONDONTWRITEBYTECODE="1")
         self.work = work.resolve()

@@ -15,13 +15,13 @@ import sys
 from release import ROOT, Release, run
 from windows_libraries import windows_libraries
 
-FILES = ROOT / "packaging" / "windows"
 SYSTEMS = {"x64": "64-bit", "x86": "32-bit"}
 
 release = Release(pathlib.Path(sys.argv[1]))
 out = pathlib.Path(sys.argv[2]).resolve()
 libraries = windows_libraries(ROOT / "build" / "windows-libraries")
 tree = release.unpacked("windows")
+files = tree / "packaging" / "windows"
 builds = tree.parent
 
 # Nothing that is built depends on the folder; the linker writes no moment into the files, and the IDL
@@ -65,10 +65,10 @@ shutil.copy(builds / "host/tools/vellumark.exe", folder)
 shutil.copy(builds / "manual.pdf", folder)
 shutil.copytree(libraries / "licenses", folder / "licenses")
 shutil.copy(tree / "LICENSE", folder / "licenses" / "vellumark.txt")
-for path in FILES.rglob("*"):
+for path in files.rglob("*"):
     if path.is_file():
         text = path.read_text(encoding="utf-8").replace("@VERSION@", release.version)
-        target = folder / path.relative_to(FILES)
+        target = folder / path.relative_to(files)
         target.parent.mkdir(exist_ok=True)
         target.write_text(text, encoding="utf-8", newline="\r\n")
 shutil.copy(tree / "examples/pictures/landscape.jpg", folder / "examples")
