@@ -58,7 +58,7 @@ TEST(ShortWidths, OfCodesThatAResourceLacksAreNothing) {
         widths.fill(1);
         return widths;
       }();
-      return std::span(kWidths).first(2 * ('A' + 1));
+      return std::span(kWidths).first(std::size_t{2} * ('A' + 1));
     }
   };
   ShortResources platform;

@@ -122,7 +122,7 @@ TEST_F(PictureTest, RowsLoseTheirPaddingAndColorsComeRedFirst) {
 TEST_F(PictureTest, ColorsComeRedFirstInRowsOfEveryLength) {
   for (const int bits : {24, 32}) {
     for (int width = 1; width < 24; ++width) {
-      const std::size_t size = static_cast<std::size_t>(width * bits / 8);
+      const auto size = static_cast<std::size_t>(width * bits / 8);
       Bytes stored(size);
       for (std::size_t i = 0; i < size; ++i) stored[i] = static_cast<std::uint8_t>(i + 1);
       Bytes expected = stored;
