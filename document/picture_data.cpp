@@ -2,7 +2,6 @@
 #include "document/picture_data.h"
 
 #include <algorithm>
-#include <limits>
 #include <span>
 #include <utility>
 

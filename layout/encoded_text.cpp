@@ -3,9 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
-
-#include <vellumark/run_time_error.h>
 
 #include "layout/glyphs/glyph_tables.h"
 #include "layout/plain_text.h"

@@ -2,10 +2,7 @@
 #include "layout/shaping_setter.h"
 
 #include <algorithm>
-#include <limits>
 #include <string>
-
-#include <vellumark/run_time_error.h>
 
 #include "layout/shown_characters.h"
 #include "layout/text_composer.h"

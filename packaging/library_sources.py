@@ -26,8 +26,9 @@ Windows programs of Vellumark {version}:
 {rows}
 In the wheel each is a file of its own in the folder vellumark.libs: put another build of it there,
 under the same name. The Windows programs have FriBidi, libthai and libdatrie inside, unchanged but for
-the header packaging/thai_dictionary/memory_file.h, which lets libdatrie read from memory:
-packaging/windows_zip.py of {name}.tar.xz builds the programs anew, with the sources that it is given.
+the header packaging/thai_dictionary/memory_file.h, which lets libdatrie read from memory. In
+{name}.tar.xz packaging/windows_font_libraries.py builds these libraries from their sources, and
+packaging/windows_zip.py the programs with them.
 """
 
 # Of HarfBuzz only a macro of its build is under the LGPL.
