@@ -6,60 +6,18 @@
 #include <cstddef>
 #include <cstring>
 
+#include "encoding/base85_groups.h"
 #include "encoding/byte_access.h"
 #include "encoding/encoded_output.h"
 
 namespace vellumark::encoding {
 namespace {
 
-constexpr std::uint32_t kBase = 85;
-constexpr std::uint32_t kPairBase = kBase * kBase;
-
-struct DigitPair {
-  std::uint8_t characters[2];
-};
-
-constexpr std::uint8_t Character(std::uint32_t digit) {
-  return static_cast<std::uint8_t>('!' + digit);
-}
-
-// The two characters of each number below 85 * 85.
-constexpr auto kPairs = [] {
-  std::array<DigitPair, kPairBase> pairs{};
-  for (std::uint32_t i = 0; i < kPairBase; ++i) {
-    pairs[i] = {{Character(i / kBase), Character(i % kBase)}};
-  }
-  return pairs;
-}();
-
-// Writes the five characters of a group: one digit and two pairs.
-void WriteDigits(std::uint32_t value, std::uint8_t* out) {
-  const std::uint32_t upper = value / kPairBase;
-  const DigitPair low = kPairs[value % kPairBase];
-  const DigitPair middle = kPairs[upper % kPairBase];
-  out[0] = Character(upper / kPairBase);
-  std::memcpy(out + 1, middle.characters, 2);
-  std::memcpy(out + 3, low.characters, 2);
-}
-
-std::uint8_t* EncodeGroups(std::span<const std::uint8_t> groups, std::uint8_t* out) {
-  for (std::size_t i = 0; i < groups.size(); i += 4) {
-    const auto value = LoadBigEndian<std::uint32_t>(groups.data() + i);
-    if (value == 0) {
-      *out++ = 'z';
-    } else {
-      WriteDigits(value, out);
-      out += 5;
-    }
-  }
-  return out;
-}
-
 std::uint8_t* EncodeRest(std::span<const std::uint8_t> rest, std::uint8_t* out) {
   std::array<std::uint8_t, 4> group{};
   std::copy(rest.begin(), rest.end(), group.begin());
   std::array<std::uint8_t, 5> digits{};
-  WriteDigits(LoadBigEndian<std::uint32_t>(group.data()), digits.data());
+  WriteBase85Group(LoadBigEndian<std::uint32_t>(group.data()), digits.data());
   return std::copy_n(digits.begin(), rest.size() + 1, out);
 }
 
@@ -98,7 +56,7 @@ void Ascii85::EncodeTo(const PieceSink& sink, std::span<const std::uint8_t> inpu
   constexpr std::size_t kStep = EncodedOutput::kBlockSize / 5 * 4;
   for (std::size_t i = 0; i < whole_groups; i += kStep) {
     const std::size_t step = std::min(kStep, whole_groups - i);
-    out.Append(EncodeGroups(input.subspan(i, step), out.Block()));
+    out.Append(WriteBase85Groups(input.subspan(i, step), out.Block()));
   }
   const auto rest = input.subspan(whole_groups);
   if (!rest.empty()) out.Append(EncodeRest(rest, out.Block()));

@@ -7,7 +7,7 @@
 
 #include <vellumark/run_time_error.h>
 
-#include "encoding/byte_access.h"
+#include "layout/color_order.h"
 #include "layout/dib.h"
 
 namespace vellumark::layout {
@@ -29,26 +29,6 @@ std::size_t RowLength(const Dib& dib) {
   }
   const std::size_t pixels_per_byte = 8U / dib.BitsPerPixel();
   return (width + pixels_per_byte - 1) / pixels_per_byte;
-}
-
-/// Blue, green, red becomes red, green, blue; a fourth byte stays. Eight bytes are two pixels, and
-/// at three bytes a pixel two bytes that stay for now.
-void ExchangeBlueAndRed(std::span<std::uint8_t> row, std::size_t bytes_per_pixel) noexcept {
-  const std::uint64_t blue = bytes_per_pixel == 3 ? 0x00000000FF0000FF : 0x000000FF000000FF;
-  const std::uint64_t red = blue << 16;
-  const std::size_t step = 2 * bytes_per_pixel;
-  const auto load = [&](std::size_t at) {
-    return encoding::LoadLittleEndian<std::uint64_t>(row.data() + at);
-  };
-  std::size_t at = 0;
-  for (std::uint64_t next = row.size() < 8 ? 0 : load(0); at + 8 <= row.size(); at += step) {
-    const std::uint64_t eight = next;
-    // Before this one is stored: a load waits for a store that has a part of its bytes.
-    if (at + step + 8 <= row.size()) next = load(at + step);
-    const std::uint64_t exchanged = (eight & blue) << 16 | (eight & red) >> 16;
-    encoding::StoreLittleEndian(row.data() + at, (eight & ~(blue | red)) | exchanged);
-  }
-  for (; at < row.size(); at += bytes_per_pixel) std::swap(row[at], row[at + 2]);
 }
 
 /// Moves a row up to where it belongs, unless it lies there already.

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <string_view>
 
 #include "encoding/ascii85.h"
 #include "encoding/ascii_hex.h"
+#include "encoding/base85_groups.h"
 #include "encoding/hex_digits.h"
 #include "fuzz/base85_decoder.h"
 #include "tests/encoding/generated_input.h"
@@ -53,6 +55,37 @@ TEST(Ascii85, LongDataComesBack) {
   for (const std::size_t size : {6551U, 6552U, 6553U, 100'003U}) {
     const Bytes input = testing::GeneratedInput(size, 6);
     EXPECT_EQ(fuzz::DecodeBase85(Encode<Ascii85>(input)), input);
+  }
+}
+
+void ExpectSameGroups(const Bytes& groups) {
+  const auto size = groups.size() / 4 * 5;
+  Bytes portable(size);
+  portable.resize(static_cast<std::size_t>(WriteBase85GroupsPortable(groups, portable.data()) -
+                                           portable.data()));
+  Bytes vector(portable.size());  // not a byte more
+  ASSERT_EQ(WriteBase85Groups(groups, vector.data()), vector.data() + vector.size());
+  ASSERT_EQ(vector, portable);
+}
+
+// Where a digit changes: beside the multiples of 7225, which is 85 x 85.
+TEST(Ascii85, VectorAndPortableGroupsAgree) {
+  Bytes groups;
+  for (std::uint64_t value = 1; value <= UINT32_MAX; value += 7225) {
+    for (const std::uint64_t group : {value - 1, value, value + 84}) {
+      for (int shift = 24; shift >= 0; shift -= 8) {
+        groups.push_back(static_cast<std::uint8_t>(group >> shift));
+      }
+    }
+  }
+  ExpectSameGroups(groups);
+  for (std::size_t count = 0; count < 20; ++count) {
+    Bytes noise = testing::Noise(4 * count);
+    ExpectSameGroups(noise);
+    for (std::size_t zero = 0; zero < count; ++zero) {
+      std::fill_n(noise.begin() + static_cast<std::ptrdiff_t>(4 * zero), 4, std::uint8_t{0});
+      ExpectSameGroups(noise);
+    }
   }
 }
 

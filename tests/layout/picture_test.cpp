@@ -121,7 +121,7 @@ TEST_F(PictureTest, RowsLoseTheirPaddingAndColorsComeRedFirst) {
 
 TEST_F(PictureTest, ColorsComeRedFirstInRowsOfEveryLength) {
   for (const int bits : {24, 32}) {
-    for (int width = 1; width < 24; ++width) {
+    for (int width = 1; width < 40; ++width) {
       const auto size = static_cast<std::size_t>(width * bits / 8);
       Bytes stored(size);
       for (std::size_t i = 0; i < size; ++i) stored[i] = static_cast<std::uint8_t>(i + 1);
