@@ -6,11 +6,7 @@
 #include <cstring>
 
 #include "encoding/byte_access.h"
-
-#if defined(__GNUC__) && (defined(__x86_64__) || defined(__i386__))
-#define VELLUMARK_ASKS_FOR_AVX2 1
-#include <immintrin.h>
-#endif
+#include "encoding/processor.h"
 
 namespace vellumark::encoding {
 namespace {
@@ -60,7 +56,7 @@ std::uint8_t* WriteBase85GroupsPortable(std::span<const std::uint8_t> groups, st
   return out;
 }
 
-#if defined(VELLUMARK_ASKS_FOR_AVX2)
+#if defined(VELLUMARK_ASKS_PROCESSOR)
 
 namespace {
 
@@ -81,7 +77,6 @@ void Store(std::uint8_t* to, __m128i bytes) {
   _mm_storeu_si128(reinterpret_cast<__m128i*>(to), bytes);
 }
 
-// Compiled for processors that have AVX2, whatever the build is for, and called on them only.
 __attribute__((target("avx2"))) std::uint8_t* WriteGroupsAvx2(std::span<const std::uint8_t> groups,
                                                               std::uint8_t* out) {
   const __m256i zero = _mm256_setzero_si256();
@@ -142,7 +137,7 @@ __attribute__((target("avx2"))) std::uint8_t* WriteGroupsAvx2(std::span<const st
 }  // namespace
 
 std::uint8_t* WriteBase85Groups(std::span<const std::uint8_t> groups, std::uint8_t* out) {
-  if (__builtin_cpu_supports("avx2")) return WriteGroupsAvx2(groups, out);
+  if (HasVectorsOf32()) return WriteGroupsAvx2(groups, out);
   return WriteBase85GroupsPortable(groups, out);
 }
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 
+#include "encoding/processor.h"
 #include "layout/glyphs/glyph_tables.h"
 #include "layout/text_encoding.h"
 
@@ -67,7 +68,7 @@ Entry Sum(std::string_view text, const Entries& entries) noexcept {
 
 }  // namespace
 
-PlainText ReadPlain(std::string_view text, const Font& font) noexcept {
+PlainText ReadPlainPortable(std::string_view text, const Font& font) noexcept {
   const std::size_t face = LatinFaceOf(font);
   if (face == kLatinFaces) return {};
   PlainText read{.plain = true, .literal = true};
@@ -79,5 +80,81 @@ PlainText ReadPlain(std::string_view text, const Font& font) noexcept {
   }
   return read;
 }
+
+#if defined(VELLUMARK_ASKS_PROCESSOR)
+
+namespace {
+
+// The widths of ASCII in bytes, as vectors look them up.
+struct WidthBytes {
+  alignas(64) std::array<std::uint8_t, 128> low{};
+  alignas(64) std::array<std::uint8_t, 128> high{};
+};
+
+constexpr std::array<WidthBytes, kLatinFaces> kWidthBytes = [] {
+  std::array<WidthBytes, kLatinFaces> tables{};
+  for (std::size_t face = 0; face < kLatinFaces; ++face) {
+    for (std::size_t code = ' '; code <= '~'; ++code) {
+      const Entry width = kEntries[face][code] % kEscaped;
+      tables[face].low[code] = static_cast<std::uint8_t>(width % 256);
+      tables[face].high[code] = static_cast<std::uint8_t>(width / 256);
+    }
+  }
+  return tables;
+}();
+
+// 64 bytes at a time; at the end of the text only those that are left, which needs no loop.
+__attribute__((target("avx512bw,avx512vbmi"))) PlainText ReadByTables(
+    std::string_view text, const WidthBytes& widths) noexcept {
+  const __m512i low = _mm512_load_si512(widths.low.data());
+  const __m512i low_of_letters = _mm512_load_si512(widths.low.data() + 64);
+  const __m512i high = _mm512_load_si512(widths.high.data());
+  const __m512i high_of_letters = _mm512_load_si512(widths.high.data() + 64);
+  const __m512i zero = _mm512_setzero_si512();
+  __m512i low_sum = zero;
+  __m512i high_sum = zero;
+  std::uint64_t not_plain = 0;
+  std::uint64_t escaped = 0;
+  const char* from = text.data();
+  for (std::size_t left = text.size();; left -= 64, from += 64) {
+    const __mmask64 given = left < 64 ? (std::uint64_t{1} << left) - 1 : ~std::uint64_t{0};
+    const __m512i bytes = _mm512_maskz_loadu_epi8(given, from);
+    not_plain |= _mm512_mask_cmplt_epu8_mask(given, bytes, _mm512_set1_epi8(' ')) |
+                 _mm512_mask_cmpgt_epu8_mask(given, bytes, _mm512_set1_epi8('~'));
+    escaped |=
+        _mm512_cmpeq_epi8_mask(bytes, _mm512_set1_epi8('\\')) |
+        _mm512_cmpeq_epi8_mask(_mm512_or_si512(bytes, _mm512_set1_epi8(1)), _mm512_set1_epi8(')'));
+    const __m512i low_bytes = _mm512_permutex2var_epi8(low, bytes, low_of_letters);
+    const __m512i high_bytes = _mm512_permutex2var_epi8(high, bytes, high_of_letters);
+    low_sum += _mm512_sad_epu8(low_bytes, zero);
+    high_sum += _mm512_sad_epu8(high_bytes, zero);
+    if (left <= 64) break;
+  }
+  if (not_plain != 0) return {};
+  // Each eighth of a vector has counted its own bytes.
+  std::array<std::int64_t, 8> low_sums{};
+  std::array<std::int64_t, 8> high_sums{};
+  _mm512_storeu_si512(low_sums.data(), low_sum);
+  _mm512_storeu_si512(high_sums.data(), high_sum);
+  PlainText read{.plain = true, .literal = escaped == 0};
+  for (std::size_t i = 0; i < 8; ++i) read.sum += low_sums[i] + 256 * high_sums[i];
+  return read;
+}
+
+}  // namespace
+
+PlainText ReadPlain(std::string_view text, const Font& font) noexcept {
+  if (!encoding::HasByteTables()) return ReadPlainPortable(text, font);
+  const std::size_t face = LatinFaceOf(font);
+  return face == kLatinFaces ? PlainText() : ReadByTables(text, kWidthBytes[face]);
+}
+
+#else
+
+PlainText ReadPlain(std::string_view text, const Font& font) noexcept {
+  return ReadPlainPortable(text, font);
+}
+
+#endif
 
 }  // namespace vellumark::layout

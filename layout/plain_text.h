@@ -7,7 +7,8 @@
 //     text.sum;       // the width in 1/1000 em
 //     text.literal;   // false: a string of PDF or PostScript escapes the parentheses
 //
-// A byte has one entry of 64 bits, in which its width and what it is are counted at once.
+// A byte has one entry of 64 bits, in which its width and what it is are counted at once. Some
+// processors look up 64 bytes at once instead.
 #pragma once
 
 #include <cstdint>
@@ -24,5 +25,8 @@ struct PlainText {
 };
 
 [[nodiscard]] PlainText ReadPlain(std::string_view text, const Font& font) noexcept;
+
+/// The same on any processor.
+[[nodiscard]] PlainText ReadPlainPortable(std::string_view text, const Font& font) noexcept;
 
 }  // namespace vellumark::layout
