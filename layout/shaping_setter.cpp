@@ -114,9 +114,9 @@ class ShapingSetter::LineEncoder {
     if (blanks == 0) {
       for (std::size_t i = begin + 1; i < end; ++i) left += text_.EndsBefore(i) ? 1 : 0;
     }
-    // What a division leaves over goes to the gaps behind.
+    // What a division leaves over goes to the gaps behind. None is left at the last character.
     for (std::size_t i = begin; i < end && left > 0; ++i) {
-      const bool gap = blanks > 0 ? is_blank(i) : i + 1 < end && text_.EndsBefore(i + 1);
+      const bool gap = blanks > 0 ? is_blank(i) : text_.EndsBefore(i + 1);
       if (!gap) continue;
       const std::int64_t part = spare / left--;
       // Between two characters that run from right to left, the second one is shown first.

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "layout/lost_characters.h"
+#include "tests/encoding/guarded_bytes.h"
 
 namespace vellumark::layout {
 namespace {
@@ -145,6 +146,18 @@ TEST(EncodedText, AnyCharacterAtAnyPlace) {
         ASSERT_EQ(encoded.Lost().size(), 1U);
       }
     }
+  }
+}
+
+TEST(EncodedText, ACharacterThatIsCutOffIsNotReadBeyondTheText) {
+  for (const std::string_view cut :
+       {"\xC3", "\xDF", "\xE0\xA0", "\xE2", "\xE2\x82", "\xF0\x9F\x98", "\xF1", "\xF4\x8F"}) {
+    const std::vector<std::uint8_t> bytes(cut.begin(), cut.end());
+    const encoding::testing::GuardedBytes guarded(bytes);
+    const auto* const at = reinterpret_cast<const char*>(guarded.Get().data());
+    EncodedText encoded;
+    EncodeText({at, cut.size()}, kTimes, encoded);
+    EXPECT_FALSE(encoded.Lost().empty()) << cut.size();
   }
 }
 
