@@ -308,6 +308,40 @@ TEST_F(FontsTest, BothKindsOfOutlinesAreEmbedded) {
   }
 }
 
+TEST_F(FontsTest, TheDescriptorSaysWhatTheFontSays) {
+  struct Change {
+    std::string_view table;
+    std::size_t at;
+    int value;  // 16 bits
+    const char* expected;
+  };
+  for (const Change& change : {
+           Change{"post", 12, 0,
+                  "/Flags 4\n/FontBBox [ 50 0 950 839 ]\n/ItalicAngle 0\n/Ascent 800\n"},
+           Change{"post", 12, 1, "/Flags 5\n"},
+           Change{"post", 4, -12, "/Flags 68\n"},
+           Change{"post", 4, 1, "/Flags 68\n"},
+           Change{"post", 4, -12, "/ItalicAngle -12\n"},
+           Change{"post", 4, -46, "/ItalicAngle -45\n"},
+           Change{"hhea", 6, -250, "/Ascent 800\n/Descent -250\n/CapHeight 700\n/StemV 87\n"},
+           Change{"OS/2", 0, 1, "/CapHeight 600\n"},
+           Change{"OS/2", 88, 0, "/CapHeight 600\n"},
+           Change{"OS/2", 4, 700, "/StemV 165\n"},
+           Change{"OS/2", 4, 1, "/StemV 52\n"},
+       }) {
+    FontBytes font = TestFont();
+    const std::size_t at = TableAt(font, change.table) + change.at;
+    font[at] = static_cast<std::uint8_t>(change.value >> 8);
+    font[at + 1] = static_cast<std::uint8_t>(change.value);
+    const FontNumberConstants number = Load(font);
+    Start();
+    Font(number, 12);
+    EXPECT_TRUE(doc.WriteText("BOX"));
+    doc.Flush();
+    EXPECT_TRUE(FileHas(change.expected)) << change.expected;
+  }
+}
+
 /// 300 letters of a font with many.
 template <class AnyDocument>
 std::string FileOfManyLetters() {

@@ -161,6 +161,12 @@ TEST(PictureDecoder, RefusesWhatIsNotAWholePictureAndSaysWhy) {
   EXPECT_EQ(Decode(PlainBmp(10, 10), bitmap, 100),
             "decoding its 10 x 10 pixels takes 320 bytes, but the limit is 100 bytes")
       << "a host may set a lower limit";
+  const std::string photo = Sample("landscape.jpg");
+  ASSERT_EQ(Decode(photo, bitmap), "");
+  const auto size = static_cast<std::int64_t>(bitmap.pixels.size());
+  EXPECT_EQ(Decode(photo, bitmap, size), "") << "one scan keeps no coefficients";
+  EXPECT_NE(Decode(photo, bitmap, size - 1), "");
+  EXPECT_NE(Decode(Sample("landscape_progressive.jpg"), bitmap, size), "");
 }
 
 TEST(PictureDecoder, EveryPrefixOfAFileIsRefusedOrWhole) {
