@@ -27,5 +27,6 @@ endif()
 
 if(VELLUMARK_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_compile_definitions(_GLIBCXX_ASSERTIONS)  # beyond a view or a span, not only beyond memory
   add_link_options(-fsanitize=address,undefined)
 endif()

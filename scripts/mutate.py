@@ -87,7 +87,7 @@ def prepare():
             target.parent.mkdir(parents=True, exist_ok=True)
             shutil.copy(source, target)
     configured = run("cmake", "--preset", "release", "-B", BUILD, "-DCMAKE_BUILD_TYPE=Debug",
-                     "-DCMAKE_CXX_FLAGS=-O1 -g0", "-DVELLUMARK_WERROR=OFF", "-DVELLUMARK_PYTHON=OFF",
+                     "-DCMAKE_CXX_FLAGS=-O1 -g0 -D_GLIBCXX_ASSERTIONS", "-DVELLUMARK_WERROR=OFF", "-DVELLUMARK_PYTHON=OFF",
                      "-DVELLUMARK_TOOLS=OFF", "-DVELLUMARK_EXAMPLES=OFF")
     if configured != 0 or build() != 0 or seen():
         sys.exit("mutate: the tests fail without a change, or do not build")

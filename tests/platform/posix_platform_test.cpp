@@ -127,6 +127,10 @@ TEST(PosixClock, HonorsSourceDateEpochInUtc) {
   EXPECT_EQ(std::tuple(fixed.year, fixed.month, fixed.day, fixed.hour, fixed.minute, fixed.second,
                        fixed.weekday),
             std::tuple(2023, 11, 14, 22, 13, 20, 2));
+  ::setenv("SOURCE_DATE_EPOCH", "0", 1);
+  EXPECT_EQ(PosixPlatform().Now().year, 1970);
+  ::setenv("SOURCE_DATE_EPOCH", "253402300799", 1);
+  EXPECT_EQ(PosixPlatform().Now().year, 9999);
   for (const char* const invalid :
        {"soon", "", "-1700000000", "1700000000.5", "253402300800", "99999999999999999999"}) {
     ::setenv("SOURCE_DATE_EPOCH", invalid, 1);
