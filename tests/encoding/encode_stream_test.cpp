@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 #include <string_view>
+#include <utility>
 #include <zlib.h>
 
 #include <vellumark/run_time_error.h>
@@ -37,10 +38,12 @@ TEST(Zlib, HeaderEmptyBlockAndChecksum) {
 }
 
 TEST(Zlib, RefusesWhatDeflateRefuses) {
-  for (const std::uint8_t level : {std::uint8_t{0}, std::uint8_t{10}}) {
+  for (const auto& [input_size, level] :
+       {std::pair(10, 0), std::pair(10, 10), std::pair(-1, 6), std::pair(11, 6)}) {
     std::string output = "left over";
     std::int32_t size = 99;
-    EXPECT_FALSE(Zlib::Encode(10, Bytes(10), size, output, level));
+    EXPECT_FALSE(
+        Zlib::Encode(input_size, Bytes(10), size, output, static_cast<std::uint8_t>(level)));
     EXPECT_EQ(size, 0);
     EXPECT_EQ(output, "");
   }

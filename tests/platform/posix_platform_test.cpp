@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <array>
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -119,6 +121,28 @@ TEST_F(PosixFiles, AFileDoesNotTakeThePlaceOfAClosedStandardError) {
   ASSERT_NE(file, FileHandle::Invalid);
   platform.CloseOutput(file);
   EXPECT_EQ(Content(Path("a.pdf")), "");
+}
+
+TEST_F(PosixFiles, ANoticeGoesToAStandardErrorThatTakesItAtOnce) {
+  int ends[2] = {};
+  ASSERT_EQ(::pipe2(ends, O_NONBLOCK), 0);
+  const int kept = ::dup(STDERR_FILENO);
+  ::dup2(ends[1], STDERR_FILENO);
+  const auto shown = [&] {
+    platform.ShowNotice("hello", "Vellumark");
+    std::array<char, 64> text{};
+    const ssize_t count = ::read(ends[0], text.data(), text.size());
+    return std::string(text.data(), count > 0 ? static_cast<std::size_t>(count) : 0);
+  };
+  EXPECT_EQ(shown(), "Vellumark: hello\n");
+  ::setenv("VELLUMARK_NOTICE", "OFF", 1);
+  EXPECT_EQ(shown(), "");
+  ::unsetenv("VELLUMARK_NOTICE");
+  ::close(ends[0]);
+  platform.ShowNotice("to nobody, which would end the process", "Vellumark");
+  ::dup2(kept, STDERR_FILENO);
+  ::close(kept);
+  ::close(ends[1]);
 }
 
 TEST(PosixClock, HonorsSourceDateEpochInUtc) {

@@ -142,6 +142,7 @@ TEST_F(ConformingPs, ConformingAnArcTurnsOnceMoreAtMost) {
   };
   EXPECT_EQ(angles(0, 90), "100 742 50 0 90 A");
   EXPECT_EQ(angles(90, 0), "100 742 50 90 360 A");
+  EXPECT_EQ(angles(90.5F, 90), "100 742 50 90.5 450 A");
   EXPECT_EQ(angles(0, 360), "100 742 50 0 360 A");
   EXPECT_EQ(angles(360, 0), "100 742 50 0 0 A");
   EXPECT_EQ(angles(-22.25F, 45.5F), "100 742 50 337.75 405.5 A");

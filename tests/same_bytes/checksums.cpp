@@ -6,13 +6,18 @@
 //
 //     checksums              one line a document: number, size, checksum
 //                            one line a kind of input and encoder: names, size, checksum
+//                            one line a document in every font: class, whether conforming
 #include <clocale>
 #include <cstdint>
 #include <cstdio>
 #include <locale>
+#include <memory>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
+
+#include <vellumark/vellumark.h>
 
 #include "encoding/encode_stream.h"
 #include "encoding/zlib.h"
@@ -121,6 +126,35 @@ void PrintEncoders() {
   }
 }
 
+/// A line in each face of each font, with letters beyond the first encoding.
+template <class AnyDocument>
+std::string EveryFont(bool conforming) {
+  const auto memory = std::make_shared<vellumark::MemoryPlatform>();
+  memory->SetTime({2026, 11, 22, 13, 5, 9, 0});
+  AnyDocument document(memory);
+  document.Conforming(conforming);
+  if constexpr (std::is_same_v<AnyDocument, vellumark::PDF>) document.Compressed(false);
+  document.Create("doc");
+  document.NewPage(10, 10, 10, 10, 255, 255, 255);
+  for (std::int32_t number = 1; number <= 5; ++number) {
+    for (std::int32_t style = 1; style <= 4; ++style) {
+      document.SetFont(static_cast<vellumark::FontNumberConstants>(number), 9,
+                       static_cast<vellumark::FontStyleConstants>(style),
+                       vellumark::FontEffectConstants::NoFontEffect);
+      document.WriteText("Type (1) in \\each face: Ä é Ž ş Ω ✓", true);
+    }
+  }
+  document.Flush();
+  return *memory->File("doc");
+}
+
+void PrintFonts() {
+  for (const bool conforming : {false, true}) {
+    Print("every font", "pdf", conforming ? 1 : 0, EveryFont<vellumark::PDF>(conforming));
+    Print("every font", "ps", conforming ? 1 : 0, EveryFont<vellumark::PS>(conforming));
+  }
+}
+
 }  // namespace
 
 int main() {  // NOLINT(bugprone-exception-escape): the test fails
@@ -136,4 +170,5 @@ int main() {  // NOLINT(bugprone-exception-escape): the test fails
                 static_cast<unsigned long long>(vellumark::tests::Checksum(document.file)));
   }
   PrintEncoders();
+  PrintFonts();
 }
