@@ -67,4 +67,15 @@ inline std::string PlainBmp(int width, int height, std::uint32_t color = 0x10203
   return file.Bytes();
 }
 
+/// A square that compresses well as differences of its 24 or 8 bits; `side` is a multiple of 4.
+inline BmpFile SlopedBmp(int side, int bits) {
+  BmpFile slope{.width = side, .height = side, .bits = bits};
+  for (int y = 0; y < side; ++y) {
+    for (int x = 0; x < side * bits / 8; ++x) {
+      slope.pixels.push_back(static_cast<std::uint8_t>(x * x / 100 + 7 * y));
+    }
+  }
+  return slope;
+}
+
 }  // namespace vellumark::tests

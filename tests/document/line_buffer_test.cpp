@@ -121,8 +121,13 @@ TEST(LineBuffer, ReusesItsFirstChunkIfItIsOneForManyLines) {
     EXPECT_EQ(lines.TextSince(mark), "two\n" + std::string(70000, 'y') + "\n") << "no encoded ones";
     EXPECT_EQ(lines.ByteCount(), 4 + 4 + 4 + 70001);
   }
+  LineBuffer empty(LineEnd::Lf);
+  LineBuffer::Mark start;
+  empty.Here(start);
   std::string storage;
-  EXPECT_EQ(LineBuffer().Text(storage), "");
+  EXPECT_EQ(empty.Text(storage), "");
+  empty.Append("one");
+  EXPECT_EQ(empty.TextSince(start), "one\n");
 }
 
 TEST(LineBuffer, HasNoLineOf2GiB) {

@@ -29,7 +29,7 @@ TYPED_TEST(LostCharacters, OfAClassicTextAreThoseThatReadersShowOtherwise) {
   EXPECT_EQ(this->LostOf("\u00FC, \u00E9, \u00FC and \u0434", false), "\u00FC\u00E9\u0434");
   EXPECT_EQ(this->LostOf("\u00A1\u00A2\u00A3\u00A5\u00A7\u00AB\u00B6\u00BB\u00BF", false), "")
       << "codes that the fonts have in common with the code page";
-  EXPECT_EQ(this->LostOf("a\tb", false), "\t");
+  EXPECT_EQ(this->LostOf("a\tb\x7F\u0080", false), "\t\x7F\u0080");
   EXPECT_EQ(this->LostOf("\u00E9\u0434", false, FontNumberConstants::Symbol), "\u0434");
 }
 

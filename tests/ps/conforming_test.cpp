@@ -211,6 +211,15 @@ TEST_F(ConformingPs, ConformingPictureDataAreLinesOfTextReadToTheirEnd) {
   EXPECT_TRUE(Has(FlushedLines(), "%%LanguageLevel: 2"));
   EXPECT_EQ(end_of(Flate).front(), ">>{/FlateDecode filter}/ASCII85Decode I");
   EXPECT_TRUE(Has(SplitLines(*memory->File("doc"), "\n"), "%%LanguageLevel: 3"));
+  for (const int bits : {8, 24}) {
+    memory->PutFile("picture", SlopedBmp(64, bits).Bytes());
+    Start(20);
+    EXPECT_TRUE(doc.DrawPicture("picture", kNoAlignment, Flate));
+    EXPECT_TRUE(Has(Marks(), ">>{<</Predictor 15/Colors " + std::to_string(bits / 8) +
+                                 "/BitsPerComponent 8/Columns 64>>/FlateDecode filter}"
+                                 "/ASCII85Decode I"))
+        << bits;
+  }
   memory->PutFile("deep", BmpFile{.bits = 32, .pixels = {1, 2, 3, 4}}.Bytes());
   Start(20);
   EXPECT_TRUE(doc.DrawPicture("deep", kNoAlignment, ASCIIHex));
