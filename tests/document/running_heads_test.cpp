@@ -40,12 +40,18 @@ TEST_F(RunningHeads, PlacesThatWaitedStandWhereTheTableSays) {
   for (const bool conforming : {false, true}) {
     doc.Conforming(conforming);
     doc.Header("{page} of {pages}");
+    doc.Compressed(false);
     Start();
+    doc.SetColor(255, 0, 0);
     doc.DrawLine(0, 0, 10, 10);
     doc.NewPage(50, 50, 50, 50, 255, 255, 255);
     doc.Flush();
     const std::string file = *memory->File("doc");
     EXPECT_EQ(conforming ? fuzz::FaultOfPdf(file) : fuzz::FaultOfClassicPdf(file), "");
+    for (std::size_t at = 0; (at = file.find(" rg", at)) != std::string::npos; ++at) {
+      EXPECT_TRUE(file.substr(0, at).ends_with("0 0 0") || file.substr(0, at).ends_with("1 1 1"))
+          << "heads are black, whatever the pen; the page is white";
+    }
   }
 }
 

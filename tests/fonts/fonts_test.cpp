@@ -370,6 +370,8 @@ TEST(ManyGlyphs, CodesAndGlyphNumbersHaveTwoBytes) {
   const std::string pdf = FileOfManyLetters<PDF>();
   EXPECT_NE(pdf.find("[(\x01\x2C)]TJ"), std::string::npos) << "the three hundredth";
   EXPECT_NE(pdf.find("<012C> <022B>"), std::string::npos);
+  EXPECT_NE(pdf.find(std::string("\nstream\n\0\0\0", 11)), std::string::npos)
+      << "code 0 is the glyph of no character, 0";
   const std::string ps = FileOfManyLetters<PS>();
   EXPECT_NE(ps.find("<012C>"), std::string::npos);
 }
