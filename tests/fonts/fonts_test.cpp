@@ -206,6 +206,8 @@ TEST_F(FontsTest, InvisibleCharactersBelongToTheLettersBeforeThem) {
   EXPECT_EQ(ShownAs("A\u00ADB"), "[(\0\1\0\2)]TJ\n"sv);
   EXPECT_EQ(doc.LostCharacters(), "");
   BeginAt(10);
+  EXPECT_EQ(ShownAs("A\u200B A"), "[(\0\1\0\2\0\1)]TJ\n"sv) << "both are the text A";
+  BeginAt(10);
   EXPECT_EQ(ShownAs("A\u200B A\u200CB \u044B\u200D"),
             "[(\0\1\0\2)]TJ\n/Span<</ActualText(\xFE\xFF\0A\x20\x0C\0B)>>BDC\n[(\0\1\0\3)]TJ\nEMC\n"
             "[(\0\2)]TJ\n[(\0\4)]TJ\n"sv);

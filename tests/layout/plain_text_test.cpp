@@ -49,6 +49,7 @@ TEST(PlainText, TheSameWithAndWithoutVectors) {
         ExpectRead(text, font);
         text += static_cast<char>('*' + size * 7 % 50);
       }
+      ExpectRead(std::string(70'000, '('), font);
       // Each byte at some place of 200, the others without anything to escape.
       for (int byte = 0; byte < 256; ++byte) {
         std::string other = text;

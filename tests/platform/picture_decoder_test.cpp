@@ -59,6 +59,12 @@ TEST(BmpDecoder, EveryDepthAndOrderKeepsItsPixels) {
       {"red first becomes blue first, without alpha",
        {.bits = 32, .compression = 3, .masks = {0xFF, 0xFF00, 0xFF0000}, .pixels = {1, 2, 3, 4}},
        {3, 2, 1, 0}},
+      {"the same with alpha, by its compression",
+       {.bits = 32,
+        .compression = 6,
+        .masks = {0xFF, 0xFF00, 0xFF0000, 0xFF000000},
+        .pixels = {1, 2, 3, 4}},
+       {3, 2, 1, 4}},
       {"ten bits a color, and alpha",
        {.bits = 32,
         .compression = 3,
@@ -295,9 +301,13 @@ TEST(JpegDecoder, AHoleOrAScanTooManyRefusesThePicture) {
   const std::string file = Sample("landscape_progressive.jpg");
   const std::size_t scan = file.find("\xFF\xDA");
   const std::size_t scan_end = file.find("\xFF\xC4", scan);
+  int scans = 0;
+  for (std::size_t at = scan; at != std::string::npos; at = file.find("\xFF\xDA", at + 1)) ++scans;
   std::string many = file;
-  for (int i = 0; i < 100; ++i) many.insert(scan_end, file, scan, scan_end - scan);
   Bitmap bitmap;
+  for (; scans < 100; ++scans) many.insert(scan_end, file, scan, scan_end - scan);
+  EXPECT_EQ(Decode(many, bitmap), "");
+  many.insert(scan_end, file, scan, scan_end - scan);
   EXPECT_EQ(Decode(many, bitmap), "the JPG file has more than 100 scans");
 
   std::string hole = Sample("landscape.jpg");

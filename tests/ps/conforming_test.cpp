@@ -5,6 +5,7 @@
 #include "tests/bmp_file.h"
 #include "tests/document_fixture.h"
 #include "tests/png_file.h"
+#include "tests/sample_picture.h"
 
 namespace vellumark::tests {
 namespace {
@@ -90,14 +91,14 @@ TEST_F(ConformingPs, ConformingEveryPageTurnsItselfOnPaperThatFits) {
 }
 
 TEST_F(ConformingPs, ConformingTextAndPropertiesAreLiteralAndADashIsNumbers) {
-  doc.Title("a (b \\ é");
+  doc.Title("a (b \\ éÿ");
 
   Start(0);
   EXPECT_TRUE(doc.WriteText(R"(\(x) \101)"));
   doc.SetDash("] 0 setdash quit");
   doc.DrawLine(0, 0, 10, 0);
   const Lines lines = FlushedLines();
-  EXPECT_TRUE(Has(lines, R"(%%Title: (a \(b \\ \351))"));
+  EXPECT_TRUE(Has(lines, R"(%%Title: (a \(b \\ \351\377))"));
 
   EXPECT_FALSE(Has(lines, "%%For: "));
   EXPECT_TRUE(Has(lines, R"((\\\(x\) \\101)0 834 T)"));
@@ -219,6 +220,14 @@ TEST_F(ConformingPs, ConformingPictureDataAreLinesOfTextReadToTheirEnd) {
                                  "/BitsPerComponent 8/Columns 64>>/FlateDecode filter}"
                                  "/ASCII85Decode I"))
         << bits;
+  }
+  for (const auto& [name, decode] :
+       {std::pair("landscape_cmyk.jpg", "[1 0 1 0 1 0 1 0]"),
+        std::pair("landscape_gray.jpg", "[0 1]"), std::pair("landscape.jpg", "[0 1 0 1 0 1]")}) {
+    memory->PutFile("picture", Sample(name));
+    Start(20);
+    EXPECT_TRUE(doc.DrawPicture("picture", kNoAlignment, Original));
+    EXPECT_TRUE(Has(Marks(), std::string("  /Decode ") + decode)) << name;
   }
   memory->PutFile("deep", BmpFile{.bits = 32, .pixels = {1, 2, 3, 4}}.Bytes());
   Start(20);
