@@ -93,6 +93,42 @@ TEST_F(Paragraph, IsRefusedWholeForOneWordTooWide) {
   EXPECT_TRUE(MarksOfOnlyPage().empty());
 }
 
+TEST_F(Paragraph, AWordFitsAColumnOfItsOwnWidthAndNoneThatIsNarrower) {
+  for (const bool conforming : {false, true}) {
+    doc.Conforming(conforming);
+    Start(0);
+    std::uint32_t random = 1;
+    for (int round = 0; round < 200; ++round) {
+      random = random * 1664525 + 1013904223;
+      Font(Times, static_cast<std::uint8_t>(20 + (random >> 24) % 50));
+      const std::string word = {static_cast<char>('a' + (random >> 8) % 26),
+                                static_cast<char>('a' + (random >> 16) % 26)};
+      const auto width = static_cast<std::int16_t>(doc.TextWidth(word));
+      doc.SetPosition(0, 0);
+      EXPECT_TRUE(doc.WriteMultiText(word, 0, kNoAlignment, false, width)) << word;
+      doc.SetPosition(0, 0);
+      EXPECT_FALSE(
+          doc.WriteMultiText(word, 0, kNoAlignment, false, static_cast<std::int16_t>(width - 1)))
+          << word;
+      EXPECT_EQ(Why(), RefusalReason::WordTooWide) << word;
+    }
+    doc.Flush();
+  }
+}
+
+TEST_F(Paragraph, ALineEndOfTwoCharactersIsOneBlank) {
+  doc.Conforming(true);
+  const auto file_of = [&](std::string_view text) {
+    Start(0);
+    EXPECT_TRUE(doc.WriteMultiText(text));
+    doc.Flush();
+    return *memory->File("doc");
+  };
+  const std::string file = file_of("one two  three ");
+  EXPECT_EQ(file_of("one\r\ntwo\r\rthree\n"), file);
+  EXPECT_EQ(file_of("one\ttwo\n\nthree\r"), file);
+}
+
 TEST_F(Paragraph, AnAlignmentMovesTheColumn) {
   Start(0);
   Font(Courier, 10);
