@@ -112,6 +112,7 @@ TEST(LineBuffer, ReusesItsFirstChunkIfItIsOneForManyLines) {
     lines.Append("one");
     std::string storage;
     EXPECT_EQ(lines.Text(storage), "one\n") << owned;
+    EXPECT_EQ(lines.LineCount(), 1U);
     LineBuffer::Mark mark;
     lines.Here(mark);
     EXPECT_EQ(lines.TextSince(mark), "");

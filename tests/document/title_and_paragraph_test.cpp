@@ -127,6 +127,7 @@ TEST_F(Paragraph, ALineEndOfTwoCharactersIsOneBlank) {
   const std::string file = file_of("one two  three ");
   EXPECT_EQ(file_of("one\r\ntwo\r\rthree\n"), file);
   EXPECT_EQ(file_of("one\ttwo\n\nthree\r"), file);
+  EXPECT_EQ(file_of("   "), file_of(" ")) << "those at the end are not shown";
 }
 
 TEST_F(Paragraph, AnAlignmentMovesTheColumn) {

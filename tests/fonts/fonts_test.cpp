@@ -201,6 +201,9 @@ TEST_F(FontsTest, ALetterOfEachScriptFromRightToLeftDecidesTheDirection) {
 }
 
 TEST_F(FontsTest, InvisibleCharactersBelongToTheLettersBeforeThem) {
+  BeginAt(11);
+  EXPECT_EQ(doc.TextWidth("A"), 6) << "5.5 points, to even";
+  doc.Flush();
   BeginAt(10);
   EXPECT_EQ(doc.TextWidth("\u200DA\u00ADB\u200C\u044B"), 15);
   EXPECT_EQ(ShownAs("A\u00ADB"), "[(\0\1\0\2)]TJ\n"sv);
@@ -341,6 +344,9 @@ TEST_F(FontsTest, TheDescriptorSaysWhatTheFontSays) {
     EXPECT_TRUE(doc.WriteText("BOX"));
     doc.Flush();
     EXPECT_TRUE(FileHas(change.expected)) << change.expected;
+    const std::string& file = *memory->File("doc");
+    const std::size_t tag_end = file.find("+Boxes-Regular");
+    EXPECT_EQ(tag_end - file.rfind('/', tag_end), 1U + 6) << "a tag has six letters";
   }
 }
 

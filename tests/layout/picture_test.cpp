@@ -219,6 +219,9 @@ TEST_F(PictureTest, PaperShowsThroughWhatIsNotOpaque) {
             (Bytes{255, 100, 0, 200, 100, 0, 227, 100, 0}));
   EXPECT_EQ(composed({.width = 3, .bits = 1, .palette = {0, 0xC86400}, .pixels = {0xC0, 0, 0, 0}}),
             (Bytes{255, 100, 0, 200, 100, 0, 127, 50, 0}));
+  const Bytes column = {0x80, 0, 0, 0, 0x80, 0, 0, 0, 0, 0, 0, 0};
+  EXPECT_EQ(composed({.height = 3, .bits = 1, .palette = {0, 0xC86400}, .pixels = column}),
+            (Bytes{255, 100, 0, 200, 100, 0, 127, 50, 0}));
   EXPECT_EQ(composed({.width = 3, .bits = 16, .pixels = {0xFF, 0x7F, 0, 0x7C, 0, 0, 0, 0}}),
             (Bytes{255, 100, 0, 255, 0, 0, 127, 50, 0}))
       << "deep samples become true color for it";

@@ -89,6 +89,12 @@ TEST_F(ConformingPictures, AJpgThatReadersMayNotTakeIsDecodedOrRefused) {
   EXPECT_TRUE(Holds(FileWith(named), "/Filter /FlateDecode\n"));
 }
 
+TEST_F(ConformingPictures, AnOriginalThatIsNotThereIsRefused) {
+  Start();
+  EXPECT_FALSE(Draw("missing.jpg"));
+  EXPECT_NE(Why(), RefusalReason::None);
+}
+
 TEST_F(ConformingPictures, OriginalIsForConformingDocumentsOnly) {
   doc.Conforming(false);
   Start();
