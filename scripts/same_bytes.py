@@ -17,7 +17,7 @@ BUILDS = [
     ("clang, -O3", "clang++", "-O3"),
     ("clang, -O0, unsigned char", "clang++", "-O0 -funsigned-char"),
 ]
-# Debian has the picture libraries for one width at a time: both are built without them, and compared.
+# The picture and font libraries are installed for this machine's own width: the widths are compared without.
 NO_LIBRARIES = ["-DVELLUMARK_PICTURE_DECODERS=OFF", "-DVELLUMARK_FONTS=OFF"]
 WIDTHS = [("gcc, 64 bits", "-O2 -m64"), ("gcc, 32 bits", "-O2 -m32 -msse2 -mfpmath=sse")]
 

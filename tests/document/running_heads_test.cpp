@@ -48,9 +48,11 @@ TEST_F(RunningHeads, PlacesThatWaitedStandWhereTheTableSays) {
     doc.Flush();
     const std::string file = *memory->File("doc");
     EXPECT_EQ(conforming ? fuzz::FaultOfPdf(file) : fuzz::FaultOfClassicPdf(file), "");
+    EXPECT_NE(file.find("(1 of 2)"), std::string::npos);
+    EXPECT_NE(file.find("(2 of 2)"), std::string::npos);
     for (std::size_t at = 0; (at = file.find(" rg", at)) != std::string::npos; ++at) {
       EXPECT_TRUE(file.substr(0, at).ends_with("0 0 0") || file.substr(0, at).ends_with("1 1 1"))
-          << "heads are black, whatever the pen; the page is white";
+          << "heads are black, whatever the pen; the page is white: " << at;
     }
   }
 }
