@@ -129,6 +129,13 @@ TEST(LineBuffer, ReusesItsFirstChunkIfItIsOneForManyLines) {
   EXPECT_EQ(empty.Text(storage), "");
   empty.Append("one");
   EXPECT_EQ(empty.TextSince(start), "one\n");
+  LineBuffer::Mark behind_owned;
+  empty.AppendOwned("two");
+  empty.Here(behind_owned);
+  empty.Append("three");
+  EXPECT_EQ(empty.TextSince(behind_owned), "three\n");
+  empty.Reuse();
+  empty.ForEachPiece([](std::string_view piece) { ADD_FAILURE() << piece; });
 }
 
 TEST(LineBuffer, HasNoLineOf2GiB) {
