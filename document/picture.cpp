@@ -17,9 +17,9 @@ EncodingConstants LastEncoding(const State& state) {
                                                    : EncodingConstants::Original;
 }
 
-/// White before Create, when the page has no color.
+/// Before Create the page has no color, and nothing that is drawn there is ever shown.
 layout::Rgb PaperColor(const State& state) {
-  layout::Rgb color = {255, 255, 255};
+  layout::Rgb color{};
   if (!state.page_color.view().empty()) layout::ParseColor(state.page_color.view(), color);
   return color;
 }

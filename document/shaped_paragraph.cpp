@@ -79,9 +79,7 @@ RefusalNote DocumentModel::WriteShapedLine(const Paragraph& paragraph, const Col
   if (shaped_paragraph_.RunsRightToLeft()) {
     state_.position_x = column.left + (column.width - width);
   }
-  const RefusalNote refused =
-      PlaceText({.text = {}, .carriage_return = true, .dy = paragraph.dy}, width, Numbers::Free);
-  return refused.reason == RefusalReason::NoObjectNumbersLeft ? refused : RefusalNote{};
+  return PlaceText({.text = {}, .carriage_return = true, .dy = paragraph.dy}, width, Numbers::Free);
 }
 
 }  // namespace vellumark::document

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cstring>
 
 #include "encoding/base85_groups.h"
 #include "encoding/byte_access.h"
@@ -42,9 +41,7 @@ std::uint64_t Ascii85::TextSize(std::span<const std::uint8_t> input) noexcept {
   const std::size_t groups = input.size() / 4;
   std::size_t zero_groups = 0;
   for (std::size_t i = 0; i < groups; ++i) {
-    std::uint32_t group = 0;
-    std::memcpy(&group, input.data() + 4 * i, 4);  // zero in either byte order
-    zero_groups += group == 0 ? 1 : 0;
+    if (LoadLittleEndian<std::uint32_t>(input.data() + 4 * i) == 0) ++zero_groups;
   }
   const std::size_t rest = input.size() % 4;
   return std::uint64_t{5} * groups - 4 * zero_groups + (rest == 0 ? 0 : rest + 1) + 2;

@@ -4,16 +4,11 @@
 namespace vellumark::encoding {
 
 void LazyMatchFinder::Insert(Position first, Position end) {
-  const Position end_of_fours =
-      window_.Holds(end, 3) ? end : std::min(end, static_cast<Position>(window_.End()) - 3);
-  while (first < end_of_fours) {
+  if (!window_.Holds(end, 3)) end = static_cast<Position>(window_.End()) - 3;
+  while (first < end) {
     InsertOne(first);
     ++first;
-    if (first + 8 <= end_of_fours && IsRun(first)) first = InsertRun(first, end_of_fours);
-  }
-  for (; first < end; ++first) {
-    const std::uint8_t* const at = window_.At(first);
-    chain_.Insert(first, HashChain::Hash(at[0], at[1], at[2]));
+    if (first + 8 <= end && IsRun(first)) first = InsertRun(first, end);
   }
 }
 

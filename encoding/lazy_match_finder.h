@@ -41,7 +41,8 @@ class LazyMatchFinder {
     return FindOnSecondChain(position, newest, best_length);
   }
 
-  /// Adds the positions from `first` to `end` - 1; at least three bytes remain from each.
+  /// Adds the positions from `first` to `end` - 1 from which more than three bytes remain: no
+  /// string begins behind the others that could be found there.
   void Insert(Position first, Position end);
 
   void MoveWindow();

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "encoding/lazy_parser.h"
 
-#include <algorithm>
-
 namespace vellumark::encoding {
 
 void LazyParser::Run() {
@@ -36,9 +34,7 @@ inline LazyParser::State LazyParser::SendPrevious(const State& state, Match prev
   const bool full =
       symbols_.AddMatch(previous.length, start - previous.start, BlockBytes(state.position));
   const Position end = start + previous.length;
-  const auto last_string = static_cast<Position>(
-      std::min<std::ptrdiff_t>(end, finder_.Bytes().End() - (format::kMinMatch - 1)));
-  finder_.Insert(state.position + 1, last_string);
+  finder_.Insert(state.position + 1, end);
   if (full) WriteBlock(end, false);
   return {end, kNoMatch, false};
 }

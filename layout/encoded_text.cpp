@@ -133,8 +133,6 @@ class TextEncoder {
       text.storage_.reset(new char[capacity]);
       text.capacity_ = capacity;
     }
-    text.size_ = 0;
-    text.width_ = 0;
     text.runs_.clear();
     text.lost_.clear();
     to_ = run_start_ = text.storage_.get();

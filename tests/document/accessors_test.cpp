@@ -95,7 +95,7 @@ TEST_F(Accessors, AColorComesBackByteForByte) {
 }
 
 TEST_F(Accessors, BeforeCreateThereIsNoColorToRead) {
-  std::uint8_t byte = 0;
+  std::uint8_t byte = 9;
   for (const auto read : {&Document::GetColor, &Document::GetFillColor, &Document::GetPageColor}) {
     try {
       (doc.*read)(byte, byte, byte);
@@ -104,6 +104,12 @@ TEST_F(Accessors, BeforeCreateThereIsNoColorToRead) {
       EXPECT_EQ(error.number(), RunTimeError::SubscriptOutOfRange);
     }
   }
+  doc.NewPage(0, 0, 0, 0, 255, 255, 255);
+  doc.NewPage(0, 0, 0, 0, 255, 255, 255);
+  std::uint8_t green = 9;
+  std::uint8_t blue = 9;
+  doc.GetColor(byte, green, blue);
+  EXPECT_TRUE(byte == 0 && green == 0 && blue == 0) << "the end of a page leaves a color: black";
 }
 
 TEST_F(Accessors, CreateResetsThePenButNotTheProperties) {

@@ -57,6 +57,27 @@ TEST_F(RunningHeads, PlacesThatWaitedStandWhereTheTableSays) {
   }
 }
 
+TEST_F(RunningHeads, OnesThatWaitedStandWhereOthersDo) {
+  const auto marks_of = [&](const char* header, const char* footer) {
+    doc.Header(header);
+    doc.Footer(footer);
+    Start();
+    doc.NewPage(20, 30, 40, 60, 255, 255, 255);
+    Lines marks;
+    std::string place;
+    for (const std::string& line : FlushedLines()) {
+      if (line.ends_with(" Tm")) place = line;
+      if (line.find(" of 2)") != std::string::npos) marks.push_back(place + ' ' + line);
+    }
+    return marks;
+  };
+  const Lines waited = marks_of("{page} of {pages}", "{page} of {pages}");
+  ASSERT_EQ(waited.size(), 4U);
+  const Lines first = marks_of("1 of 2", "1 of 2");
+  const Lines second = marks_of("2 of 2", "2 of 2");
+  EXPECT_EQ(waited, (Lines{first[0], first[1], second[2], second[3]}));
+}
+
 TEST_F(RunningHeads, OneThatIsTooWideIsToldAndTheLegalNoticeIsNot) {
   doc.PaperSize(PaperSizeConstants::A5);
   Start();

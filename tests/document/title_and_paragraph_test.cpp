@@ -130,6 +130,20 @@ TEST_F(Paragraph, ALineEndOfTwoCharactersIsOneBlank) {
   EXPECT_EQ(file_of("   "), file_of(" ")) << "those at the end are not shown";
 }
 
+TEST_F(Paragraph, SpacesThatKeepWordsTogetherDoNotEndALine) {
+  doc.Conforming(true);
+  Start(0);
+  const auto fits = [&](FontNumberConstants font, std::string_view blank) {
+    Font(font, 10);
+    const std::string text = "1234" + std::string(blank) + "5678";
+    return doc.WriteMultiText(text, 0, kNoAlignment, false, 45);
+  };
+  for (const char* const blank : {"\u2003", "\u0085", "\t"}) EXPECT_TRUE(fits(Courier, blank));
+  for (const char* const blank : {"\u2007", "\u202F"}) EXPECT_FALSE(fits(Courier, blank)) << blank;
+  EXPECT_TRUE(fits(FontNumberConstants::ZapfDingbats, " "));
+  EXPECT_FALSE(fits(FontNumberConstants::ZapfDingbats, "\u0085")) << "a sign of this font";
+}
+
 TEST_F(Paragraph, AnAlignmentMovesTheColumn) {
   Start(0);
   Font(Courier, 10);

@@ -131,6 +131,24 @@ TEST(Deflate, TheBytesAreTheSameEverywhere) {
   }
 }
 
+// Where one byte more or less decides, which kind of block is chosen for one.
+TEST(Deflate, SmallInputsAreTheSameEverywhereToo) {
+  testing::Random random(1);
+  unsigned long crc = 0;
+  std::size_t sum = 0;
+  for (std::uint32_t seed = 0; seed < 4000; ++seed) {
+    const std::size_t size = random.Next() % (seed % 20 == 0 ? 20000 : 400);
+    const Bytes input = testing::GeneratedInput(size, seed, 1 + random.Next() % 100);
+    const std::string output = Compress(input, 1 + static_cast<int>(seed % 9));
+    sum += output.size();
+    crc =
+        crc32(crc, reinterpret_cast<const Bytef*>(output.data()), static_cast<uInt>(output.size()));
+  }
+  // By a second model of the same decisions, as above.
+  EXPECT_EQ(sum, 1044198U);
+  EXPECT_EQ(crc, 0xE38CA79C);
+}
+
 // A full symbol buffer, a stored block's limit and the window's moves.
 TEST(Deflate, SizesAroundTheLimitsInflateBack) {
   for (const std::size_t size : {1U, 2U, 3U, 4U, 258U, 259U, 8192U, 16383U, 16384U, 32766U, 32767U,

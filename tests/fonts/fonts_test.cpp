@@ -159,6 +159,16 @@ TEST_F(FontsTest, RightToLeftTextIsShownFromItsEndAndStandsAtTheRight) {
   EXPECT_TRUE(Has(marks, "55 782 TD")) << marks.back();
 }
 
+TEST_F(FontsTest, WordsOfBothDirectionsStandInTheirOrder) {
+  BeginAt(10);
+  // From the left: A, bet alef, alef, B.
+  EXPECT_EQ(ShownAs("A \u05D0 \u05D0\u05D1 B "),
+            "[(\0\1\0\2)]TJ\n[(\0\3\0\4\0\2\0\4)]TJ\n[(\0\2)]TJ\n[(\0\5\0\2)]TJ\n"sv);
+  BeginAt(10);
+  // The first letter is one from right to left: A, alef, bet alef.
+  EXPECT_EQ(ShownAs("\u05D0\u05D1 \u05D0 A"), "[(\0\1)]TJ\n[(\0\2\0\3\0\2\0\4\0\3)]TJ\n"sv);
+}
+
 TEST_F(FontsTest, SignsThatOnlyAStandardFontHasAreTurnedAroundToo) {
   const FontNumberConstants boxes = Load();
   Start();

@@ -234,6 +234,17 @@ TEST(PictureDecoder, EveryFormatShowsTheSamePicture) {
   for (std::size_t x = 0; x < 94; ++x) EXPECT_EQ(gray.pixels[3 * x], gray.pixels[3 * x + 2]);
 }
 
+TEST(PictureDecoder, TheLimitHoldsToTheByte) {
+  for (const char* const name : {"landscape_8.bmp", "landscape_24.bmp", "landscape.gif",
+                                 "landscape.jpg", "landscape_gray.jpg"}) {
+    Bitmap bitmap;
+    ASSERT_EQ(Decode(Sample(name), bitmap), "") << name;
+    const auto size = static_cast<std::int64_t>(bitmap.pixels.size());
+    EXPECT_EQ(Decode(Sample(name), bitmap, size), "") << name;
+    EXPECT_NE(Decode(Sample(name), bitmap, size - 1), "") << name;
+  }
+}
+
 TEST(GifDecoder, TheFrameIsClippedToItsScreenOnTheBackground) {
   const std::string screen("GIF89a\x03\0\x02\0\x80\x01\0",
                            13);  // 3 by 2, two colors, background 1
@@ -295,6 +306,59 @@ TEST(JpegDecoder, FourInksWithoutAMarkerAreNotComplements) {
     return sum;
   };
   EXPECT_LT(light(bitmap), light(marked) / 4);
+}
+
+/// A gray JPG of so many pixels a side, at most 65,535, up to its first scan. Its codes have one
+/// bit: no difference to the block before, and the end of a block, or of a run of 16,384 blocks.
+std::string GrayJpg(char kind, int side) {
+  const auto segment = [](char mark, const std::string& content) {
+    return std::string("\xFF") + mark + '\0' + static_cast<char>(content.size() + 2) + content;
+  };
+  const char high = static_cast<char>(side / 256);
+  const char low = static_cast<char>(side % 256);
+  const std::string one_code = '\x01' + std::string(15, '\0');
+  const char end = kind == '\xC2' ? '\xE0' : '\0';
+  return "\xFF\xD8" + segment('\xDB', '\0' + std::string(64, '\x01')) +
+         segment(kind, {8, high, low, high, low, 1, 1, 0x11, 0}) +
+         segment('\xC4', '\0' + one_code + '\0' + '\x10' + one_code + end);
+}
+
+/// A scan of the coefficients from `first` to `last`.
+std::string JpgScan(char first, char last, const std::string& bits) {
+  return std::string("\xFF\xDA\0\x08\x01\x01\0", 7) + first + last + '\0' + bits;
+}
+
+constexpr char kEndOfJpg[] = "\xFF\xD9";
+
+TEST(JpegDecoder, APlainPictureMayBeSmall) {
+  const std::string file = GrayJpg('\xC0', 1024);
+  const std::size_t blocks = (1024 / 8) * (1024 / 8);
+  Bitmap bitmap;
+  const std::string bits(blocks * 2 / 8, '\0');
+  EXPECT_EQ(Decode(file + JpgScan(0, 63, bits) + kEndOfJpg, bitmap), "");
+  EXPECT_EQ(std::count(bitmap.pixels.begin(), bitmap.pixels.end(), 128), 3 * 1024 * 1024);
+  EXPECT_EQ(Decode(file + JpgScan(0, 63, bits.substr(200)) + kEndOfJpg, bitmap),
+            "the pixel data is cut off");
+  EXPECT_NE(Decode(GrayJpg('\xC9', 20000) + JpgScan(0, 63, bits) + kEndOfJpg, bitmap)
+                .find("cannot fill the 20,000 x 20,000 pixels that it states"),
+            std::string::npos)
+      << "arithmetic coding";
+}
+
+TEST(JpegDecoder, ManyScansOverALargePictureAreRefused) {
+  // 65,536 blocks: 2^22 are free, and 16 for each.
+  const std::string file = GrayJpg('\xC2', 2048) + JpgScan(0, 0, std::string(65536 / 8, '\0'));
+  // Four times the code and 14 bits for the length of the run, and ones up to the next byte.
+  const std::string again = JpgScan(1, 63, std::string(7, '\0') + '\x0F');
+  const auto with_scans = [&](int count) {
+    std::string whole = file;
+    for (int scan = 1; scan < count; ++scan) whole += again;
+    return whole + kEndOfJpg;
+  };
+  Bitmap bitmap;
+  EXPECT_EQ(Decode(with_scans(80), bitmap), "");
+  EXPECT_EQ(Decode(with_scans(81), bitmap),
+            "the scans of the JPG file go over the picture more than 16 times");
 }
 
 TEST(JpegDecoder, AHoleOrAScanTooManyRefusesThePicture) {

@@ -66,6 +66,19 @@ class SystemCalls : public testing::Test {
   std::ptrdiff_t open_before_ = 0;
 };
 
+TEST_F(SystemCalls, OnlyAFileWithBytesIsTruncated) {
+  PosixPlatform platform;
+  for (const bool old : {true, false}) {
+    if (!old) std::filesystem::resize_file(name, 0);
+    FailingSystemCalls failing({.call = Truncate, .error = EIO});
+    std::error_code error;
+    const FileHandle file = platform.CreateOutput(name, error);
+    EXPECT_EQ(failing.Count(Truncate), old ? 1 : 0);
+    EXPECT_EQ(static_cast<bool>(error), old);
+    EXPECT_EQ(static_cast<bool>(platform.CloseOutput(file)), old);
+  }
+}
+
 TEST_F(SystemCalls, AnInterruptedWriteIsRepeated) {
   EXPECT_EQ(Write({.call = SystemCall::Write, .times = 3, .error = EINTR}).second,
             std::error_code());

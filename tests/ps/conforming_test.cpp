@@ -157,6 +157,7 @@ TEST_F(ConformingPs, ConformingFontsAreDeclaredWithTheCodesThatAreUsed) {
   Font(FontNumberConstants::Helvetica, 9, FontStyleConstants::Bold);
   EXPECT_TRUE(doc.WriteText("été Größe", true));
   EXPECT_TRUE(doc.WriteText("Łódź", true));
+  EXPECT_TRUE(doc.WriteMultiText("a (\u00FC) a", 0, kNoAlignment, true, 25));  // two lines
   Font(FontNumberConstants::Symbol, 9);
   EXPECT_TRUE(doc.WriteText("abc", true));
   const Lines lines = FlushedLines();
@@ -169,7 +170,8 @@ TEST_F(ConformingPs, ConformingFontsAreDeclaredWithTheCodesThatAreUsed) {
       (Lines{"Vellumark begin", "%%IncludeResource: font Helvetica-Bold",
              "/F5/Vellumark-F5/Helvetica-Bold StandardEncoding",
              "{39/quotesingle 238 96/grave 333 223/germandbls 611 233/eacute 556",
-             "246/odieresis 611}N", "/F19/Vellumark-F19/Helvetica-Bold StandardEncoding",
+             "246/odieresis 611 252/udieresis 611}N",
+             "/F19/Vellumark-F19/Helvetica-Bold StandardEncoding",
              "{39/quotesingle 238 96/grave 333 159/zacute 500 163/Lslash 611 243/oacute 611}N",
              "%%IncludeResource: font Times-Roman", "/F8/Vellumark-F8/Times-Roman StandardEncoding",
              "{39/quotesingle 180 96/grave 333}N", "%%IncludeResource: font Symbol",
@@ -194,6 +196,28 @@ TEST_F(ConformingPs, ConformingNoLineIsLongHoweverManyWordsItHas) {
   EXPECT_TRUE(doc.WriteMultiText(escaped, 0, kNoAlignment, true));
   EXPECT_TRUE(doc.WriteText(std::string(250, '|'), true));
   for (const std::string& line : FlushedLines()) EXPECT_LE(line.size(), 250U) << line;
+}
+
+TEST_F(ConformingPs, ConformingALineOfWordsIsAsLongAsItMayBe) {
+  Start(0);
+  Font(FontNumberConstants::Times, 8);
+  std::string text;
+  for (int i = 0; i < 2000; ++i) text += std::string(1 + i * i % 3, 'i') + " ";
+  EXPECT_TRUE(doc.WriteMultiText(text, 0, kNoAlignment, true));
+  const auto string_size = [](const std::string& line, std::size_t at) {
+    return line.find(')', at) + 1 - line.find('(', at);
+  };
+  const Lines lines = Marks();
+  int ends = 0;
+  for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
+    if (lines[i].ends_with('T') || lines[i].ends_with('J') || !lines[i].ends_with(')')) continue;
+    ++ends;
+    // A place may take 6 bytes.
+    EXPECT_GT(lines[i].size() + 6 + string_size(lines[i + 1], 0), 240U) << lines[i];
+    const std::size_t last = lines[i].find_last_of(')', lines[i].size() - 2) + 1;
+    EXPECT_LE(last + 6 + string_size(lines[i], last), 240U) << lines[i];
+  }
+  EXPECT_GT(ends, 20);
 }
 
 TEST_F(ConformingPs, ConformingPictureDataAreLinesOfTextReadToTheirEnd) {

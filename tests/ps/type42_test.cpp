@@ -68,12 +68,15 @@ TEST(Type42, AStringHasLessThan64KiBAndBeginsWithAGlyph) {
   EXPECT_EQ(SizesOf(FontOf({40000, 10001, 9999, 30000}, true)),
             (std::vector<std::size_t>{136 + 20 + 60000, 30000}))
       << "a string of an odd size cannot be padded";
+  EXPECT_EQ(SizesOf(FontOf({30000, 65534, 100}, true)),
+            (std::vector<std::size_t>{136 + 16 + 30000, 65534, 100}));
 }
 
 TEST(Type42, AFontThatCannotBeCutIsAFault) {
   EXPECT_THROW(SizesOf(FontOf({100, 65536, 100}, true)), RunTimeError);
-  EXPECT_THROW(SizesOf(FontOf({60000, 65536}, true)), RunTimeError);
+  EXPECT_THROW(SizesOf(FontOf({60000, 65535}, true)), RunTimeError);
   EXPECT_THROW(SizesOf(Bytes(5)), RunTimeError);
+  EXPECT_THROW(SizesOf(Bytes(65535)), RunTimeError) << "nothing to cut at";
   Bytes beyond = FontOf({100}, true);
   Put(beyond, 12 + 8, beyond.size() + 1, 4);
   EXPECT_THROW(SizesOf(beyond), RunTimeError);
