@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <limits>
 #include <vector>
 
 namespace vellumark::encoding {
@@ -102,7 +103,7 @@ PredictedRows::PredictedRows(std::span<const std::uint8_t> samples, std::size_t 
   std::vector<std::uint8_t> best(row_size);
   Row row = {samples.data(), nothing.data(), row_size, pixel_size};
   for (std::uint8_t* to = bytes_.get(); to != bytes_.get() + size_; to += row_size + 1) {
-    std::uint64_t smallest = ~std::uint64_t{0};
+    std::uint64_t smallest = std::numeric_limits<std::uint64_t>::max();
     for (std::size_t number = 0; number < kWriters.size(); ++number) {
       kWriters[number](row, attempt.data());
       const std::uint64_t sum = SumOf(attempt.data(), row_size);

@@ -108,6 +108,32 @@ class PictureTest : public testing::Test {
   std::string reason;
 };
 
+TEST_F(PictureTest, DeepRowsBecome24BitsInTheirOrder) {
+  const std::uint32_t colors[] = {0xFF8400, 0x00FF84, 0x8400FF, 0x840000, 0x008400, 0x000084};
+  const auto samples_of = [&](int bits) {
+    BmpFile file{.width = 3, .height = 2, .bits = bits};
+    const auto put = [&](std::uint32_t number) {
+      for (int i = 0; i < bits / 8; ++i) file.pixels.push_back((number >> 8 * i) & 0xFFU);
+    };
+    for (std::size_t i = 0; i < std::size(colors); ++i) {
+      const std::uint32_t color = colors[i];
+      put(bits > 16 ? color | 0x77000000U
+                    : (color >> 19 & 31U) << 10 | (color >> 11 & 31U) << 5 | (color >> 3 & 31U));
+      while (i % 3 == 2 && file.pixels.size() % 4 != 0) file.pixels.push_back(0x55);
+    }
+    memory.PutFile("picture", file.Bytes());
+    EXPECT_TRUE(
+        layout::LoadPicture(memory, "picture", layout::DeepSamples::TrueColor, picture, reason));
+    EXPECT_EQ(picture.bits_per_pixel, 24);
+    return picture.samples;
+  };
+  Bytes expected;
+  for (const std::uint32_t color : colors) {
+    for (const int shift : {16, 8, 0}) expected.push_back(color >> shift & 0xFFU);
+  }
+  for (const int bits : {16, 24, 32}) EXPECT_EQ(samples_of(bits), expected) << bits;
+}
+
 TEST_F(PictureTest, RowsLoseTheirPaddingAndColorsComeRedFirst) {
   ASSERT_TRUE(Load(
       BmpFile{.width = 3, .height = 2, .pixels = {1,  2,  3,  4,  5,  6,  7,  8,  9,  0, 0, 0,  //

@@ -72,6 +72,13 @@ TEST(Type42, AStringHasLessThan64KiBAndBeginsWithAGlyph) {
             (std::vector<std::size_t>{136 + 16 + 30000, 65534, 100}));
 }
 
+TEST(Type42, AFontWithoutGlyphsIsCutBetweenItsTables) {
+  Bytes font(100'000);
+  Put(font, 4, 1, 2);
+  Put(font, 12 + 8, 50'000, 4);
+  EXPECT_EQ(SizesOf(font), (std::vector<std::size_t>{50'000, 50'000}));
+}
+
 TEST(Type42, AFontThatCannotBeCutIsAFault) {
   EXPECT_THROW(SizesOf(FontOf({100, 65536, 100}, true)), RunTimeError);
   EXPECT_THROW(SizesOf(FontOf({60000, 65535}, true)), RunTimeError);
