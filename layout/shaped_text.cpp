@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "layout/character_ranges.h"
 #include "layout/encoded_text.h"
 #include "layout/shown_characters.h"
 #include "platform/utf8.h"
@@ -14,12 +15,10 @@ constexpr char32_t kJoiner = 0x200D;
 
 bool IsInvisible(char32_t character) { return AppearanceOf(character) == Appearance::Nothing; }
 
-bool RunsOrTurns(char32_t c) {
-  return (c >= 0x0590 && c <= 0x08FF) || (c >= 0x200E && c <= 0x200F) ||
-         (c >= 0x202A && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069) ||
-         (c >= 0xFB1D && c <= 0xFDFF) || (c >= 0xFE70 && c <= 0xFEFC) ||
-         (c >= 0x10800 && c <= 0x10FFF) || (c >= 0x1E800 && c <= 0x1EFFF);
-}
+// Scripts from right to left, and the signs that turn text around.
+constexpr CharacterRange kRunsOrTurns[] = {{0x0590, 0x08FF},   {0x200E, 0x200F},  {0x202A, 0x202E},
+                                           {0x2066, 0x2069},   {0xFB1D, 0xFDFF},  {0xFE70, 0xFEFC},
+                                           {0x10800, 0x10FFF}, {0x1E800, 0x1EFFF}};
 
 /// Rule L2 of the bidirectional algorithm: from the highest level down, what has at least it is
 /// turned around.
@@ -40,7 +39,7 @@ void Reorder(std::vector<TextItem>& items) {
 }  // namespace
 
 bool MayRunRightToLeft(std::u32string_view text) noexcept {
-  return std::any_of(text.begin(), text.end(), RunsOrTurns);
+  return std::any_of(text.begin(), text.end(), [](char32_t c) { return IsIn(kRunsOrTurns, c); });
 }
 
 void ShapedText::Decode(std::string_view utf8) {

@@ -7,32 +7,22 @@
 #include <iterator>
 #include <utility>
 
+#include "layout/character_ranges.h"
 #include "layout/glyphs/glyph_tables.h"
 #include "platform/utf8.h"
 
 namespace vellumark::layout {
 namespace {
 
-struct Range {
-  char32_t first;
-  char32_t last;
-};
-
-template <std::size_t kCount>
-bool IsIn(const Range (&ranges)[kCount], char32_t c) {
-  return std::any_of(std::begin(ranges), std::end(ranges),
-                     [c](const Range& range) { return c >= range.first && c <= range.last; });
-}
-
 // Line ends, tabs and Unicode's spaces but the no-break space.
-constexpr Range kBlanks[] = {{0x09, 0x0D},     {0x85, 0x85},     {0x1680, 0x1680},
-                             {0x2000, 0x200A}, {0x2028, 0x2029}, {0x202F, 0x202F},
-                             {0x205F, 0x205F}, {0x3000, 0x3000}};
+constexpr CharacterRange kBlanks[] = {{0x09, 0x0D},     {0x85, 0x85},     {0x1680, 0x1680},
+                                      {0x2000, 0x200A}, {0x2028, 0x2029}, {0x202F, 0x202F},
+                                      {0x205F, 0x205F}, {0x3000, 0x3000}};
 
 // Invisible by nature: they direct how their neighbors are shown.
-constexpr Range kInvisible[] = {{0x034F, 0x034F}, {0x061C, 0x061C}, {0x180B, 0x180F},
-                                {0x200B, 0x200F}, {0x202A, 0x202E}, {0x2060, 0x206F},
-                                {0xFE00, 0xFE0F}, {0xFEFF, 0xFEFF}, {0xE0000, 0xE0FFF}};
+constexpr CharacterRange kInvisible[] = {{0x034F, 0x034F}, {0x061C, 0x061C}, {0x180B, 0x180F},
+                                         {0x200B, 0x200F}, {0x202A, 0x202E}, {0x2060, 0x206F},
+                                         {0xFE00, 0xFE0F}, {0xFEFF, 0xFEFF}, {0xE0000, 0xE0FFF}};
 
 // The letter that `base` and `mark` are together; 0 where the fonts have none.
 char32_t Compose(char32_t base, char32_t mark) {

@@ -164,10 +164,11 @@ def main():
     with concurrent.futures.ThreadPoolExecutor(arguments.jobs) as pool:
         for (path, at, before, after), became in zip(chosen, pool.map(fate, chosen)):
             count[became] += 1
+            print(f"\r{sum(count.values())} of {len(chosen)}", end="", file=sys.stderr, flush=True)
             if became == "lives":
                 text = (ROOT / path).read_text(encoding="utf-8")
                 line = text.count("\n", 0, at) + 1
-                print(f"{path}:{line}: \"{before.strip()}\" as \"{after.strip()}\": "
+                print(f"\n{path}:{line}: \"{before.strip()}\" as \"{after.strip()}\": "
                       f"{text.splitlines()[line - 1].strip()}", flush=True)
     print(f"mutate: {count['dies'] + count['lives']} changes, {count['lives']} survive; "
           f"{count['same program']} more make the same program, {count['invalid']} do not compile")

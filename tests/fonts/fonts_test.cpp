@@ -136,6 +136,10 @@ TEST_F(FontsTest, FallbacksShowWhatTheCurrentFontLacks) {
   ASSERT_TRUE(doc.AddFallbackFont(boxes));
   EXPECT_EQ(doc.TextWidth("\u0431\u0431"), 10);
   EXPECT_TRUE(doc.WriteText("a \u0431\u044B"));
+  for (const FontNumberConstants built_in : {Symbol, ZapfDingbats}) {
+    Font(built_in, 10);
+    EXPECT_TRUE(doc.WriteText("\u0431\u2660"));
+  }
   EXPECT_EQ(doc.LostCharacters(), "\u0431\u044B");  // the second one nobody has
   doc.Footer("\u0431 {page}");
   doc.Flush();

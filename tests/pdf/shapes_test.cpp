@@ -77,6 +77,19 @@ TEST_F(Shapes, ArcsOfStrangeAnglesEndAndAreBounded) {
   EXPECT_LE(marks[1].size(), 3U + 3 + 8);
 }
 
+TEST_F(Shapes, AnArcTurnsTwiceAtMost) {
+  const auto curves_of = [&](float from) {
+    Start(0);
+    EXPECT_TRUE(doc.DrawArc(300, 400, 100, from, 360));
+    const Lines mark = MarksOfOnlyPage().front();
+    return std::count_if(mark.begin(), mark.end(),
+                         [](const std::string& line) { return line.ends_with(" c"); });
+  };
+  EXPECT_EQ(curves_of(0), 4);
+  EXPECT_EQ(curves_of(-360), 8) << "twice is twice";
+  EXPECT_EQ(curves_of(-361), 5) << "more is one turn and the rest";
+}
+
 TEST_F(Shapes, TouchTheMarginsButDoNotCrossThem) {
   Start();  // 495 x 742
   EXPECT_TRUE(doc.DrawLine(0, 0, 495, 742));

@@ -245,6 +245,27 @@ TEST(PictureDecoder, TheLimitHoldsToTheByte) {
   }
 }
 
+TEST(PictureDecoder, WhatAFileCannotFillIsRefused) {
+  EXPECT_EQ(platform::CheckClaim(4096, 4096, 0, 1), "") << "so many are believed";
+  EXPECT_EQ(platform::CheckClaim(4096, 4097, 4096 * 4097, 1), "");
+  EXPECT_EQ(platform::CheckClaim(4096, 4097, 4096 * 4097 - 1, 1234),
+            "a file of 1,234 bytes cannot fill the 4,096 x 4,097 pixels that it states");
+  // 8,000 x 4,000 pixels: 128 for each byte of a BMP's runs, 2,731 for each of a GIF.
+  for (const std::size_t size : {249'999, 250'000}) {
+    BmpFile runs{.width = 8000, .height = 4000, .bits = 8, .compression = 1, .pixels = {0, 1}};
+    runs.pixels.resize(size);
+    Bitmap bitmap;
+    EXPECT_EQ(Decode(runs.Bytes(), bitmap).empty(), size == 250'000);
+  }
+  for (const std::size_t size : {11'717, 11'718}) {
+    std::string gif("GIF89a\x40\x1F\xA0\x0F\0\0\0,\0\0\0\0\x02\0\x02\0\0\x02\x03\x44\x02\x05\0;",
+                    30);
+    gif.resize(size);
+    Bitmap bitmap;
+    EXPECT_EQ(Decode(gif, bitmap).empty(), size == 11'718);
+  }
+}
+
 TEST(GifDecoder, TheFrameIsClippedToItsScreenOnTheBackground) {
   const std::string screen("GIF89a\x03\0\x02\0\x80\x01\0",
                            13);  // 3 by 2, two colors, background 1

@@ -131,6 +131,7 @@ TEST_F(SystemCalls, AFileThatCannotBeOpenedLockedOrEmptiedKeepsItsContent) {
     {
       const FailingSystemCalls failing(fault);
       EXPECT_EQ(platform.CreateOutput(name, error), FileHandle::Invalid);
+      EXPECT_EQ(failing.Count(Close), fault.call == Open ? 0 : 1);
     }
     EXPECT_EQ(error.value(), fault.error == EWOULDBLOCK ? EBUSY : fault.error);
     EXPECT_EQ(Content(), "old");
