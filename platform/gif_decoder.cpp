@@ -83,7 +83,7 @@ void TakePalette(const GifFileType& gif, Bitmap& bitmap) {
       std::min(bitmap.palette.size(), static_cast<std::size_t>(table->ColorCount));
   for (std::size_t i = 0; i < count; ++i) {
     const GifColorType& color = table->Colors[i];
-    bitmap.palette[i] = {color.Blue, color.Green, color.Red, 0};
+    bitmap.palette[i] = {.blue = color.Blue, .green = color.Green, .red = color.Red};
   }
 }
 

@@ -124,7 +124,7 @@ class PngReader {
     png_get_PLTE(png_, info_, &colors, &count);
     const std::size_t most = std::min(bitmap.palette.size(), static_cast<std::size_t>(count));
     for (std::size_t i = 0; i < most; ++i) {
-      bitmap.palette[i] = {colors[i].blue, colors[i].green, colors[i].red, 0};
+      bitmap.palette[i] = {.blue = colors[i].blue, .green = colors[i].green, .red = colors[i].red};
     }
   }
 
