@@ -125,7 +125,7 @@ RefusalNote DocumentModel::WriteFinishedLine(const Paragraph& paragraph, const L
   if (const RefusalNote refused = BreakPageIfFull()) return refused;
   // Blanks at the end are not written, and the words between them are empty.
   std::size_t end = line.end;
-  while (end > line.first + 1 && words_[end - 1].begin == words_[end - 1].end) --end;
+  while (end > line.first && words_[end - 1].begin == words_[end - 1].end) --end;
   const std::size_t begins_at = end > line.first ? words_[line.first].begin : 0;
   const std::size_t ends_at = end > line.first ? words_[end - 1].end : 0;
   if (!paragraph.justified || end - line.first < 2) {
@@ -177,8 +177,7 @@ RefusalNote DocumentModel::WriteWordsTogether(const Paragraph& paragraph, const 
     plain_runs_.clear();
     plain_runs_.reserve(count);
     for (std::size_t i = 0; i < count; ++i) {
-      plain_runs_.push_back(
-          {.bytes = TextOfWord(paragraph.text, words, i), .width = sums_[i], .fits_both = true});
+      plain_runs_.push_back({.bytes = TextOfWord(paragraph.text, words, i), .width = sums_[i]});
       placed_words_.push_back({std::span(&plain_runs_[i], 1), positions_[i]});
     }
   } else {

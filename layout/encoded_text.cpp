@@ -198,8 +198,7 @@ class TextEncoder {
   void EndRun() {
     const auto size = static_cast<std::size_t>(to_ - run_start_);
     if (size == 0) return;
-    const bool fits_both = run_fits_both_ && encoding_ <= TextEncoding::Extended;
-    text_.runs_.push_back({{run_start_, size}, CheckedWidth(run_width_), encoding_, fits_both});
+    text_.runs_.push_back({{run_start_, size}, CheckedWidth(run_width_), encoding_});
     run_start_ = to_;
     run_width_ = 0;
     run_fits_both_ = true;

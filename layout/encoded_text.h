@@ -51,7 +51,6 @@ struct EncodedRun {
   std::string_view bytes;  ///< valid until the next text is encoded
   std::int32_t width = 0;  ///< 1/1000 em
   TextEncoding encoding = TextEncoding::WinAnsi;
-  bool fits_both = false;             ///< the same bytes are right in WinAnsi and in Extended
   bool literal = false;               ///< known to be printable ASCII without ( ) and backslash
   const ShapedRun* shaped = nullptr;  ///< null in all runs of a text, or in none
 };
@@ -62,7 +61,7 @@ class EncodedText {
   void Borrow(std::string_view codes, std::int32_t width, bool literal = false) {
     lost_.clear();
     runs_.resize(1);
-    runs_[0] = {.bytes = codes, .width = width, .fits_both = true, .literal = literal};
+    runs_[0] = {.bytes = codes, .width = width, .literal = literal};
     width_ = width;
     size_ = codes.size();
   }

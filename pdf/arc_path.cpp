@@ -56,10 +56,9 @@ ArcPath BuildArc(document::PagePoint center, layout::Points radius, float th1, f
   const auto r = static_cast<double>(radius.value());
   path.start_x = center.x.value() + r * std::cos(start);
   path.start_y = center.y.value() + r * std::sin(start);
-  AppendPart(path, center, radius, th1, std::min(span, kLargestPart));
-  if (span > kLargestPart) {
-    AppendPart(path, center, radius, th1 + kLargestPart, span - kLargestPart);
-  }
+  const double first = std::min(span, kLargestPart);
+  AppendPart(path, center, radius, th1, first);
+  AppendPart(path, center, radius, th1 + first, span - first);
   return path;
 }
 

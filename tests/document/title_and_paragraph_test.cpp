@@ -65,6 +65,11 @@ TEST_F(Paragraph, BreaksWhereAWordAndItsBlankNoLongerFit) {
   EXPECT_TRUE(doc.WriteMultiText("aaa bbb  cc d", 2, kNoAlignment, false, 48));
   EXPECT_EQ(Shown(MarksOfOnlyPage()), (Lines{"0 832 (aaa bbb)", "0 820 ( cc d )"}))
       << "the empty word goes to the next line; only the last line keeps its trailing blank";
+  Start(0);
+  Font(Courier, 10);
+  EXPECT_TRUE(doc.WriteMultiText("aaa bbb ccc ddd eee", 0, kNoAlignment, false, 48));
+  EXPECT_EQ(Shown(MarksOfOnlyPage()),
+            (Lines{"0 832 (aaa bbb)", "0 822 (ccc ddd)", "0 812 (eee )"}));
 }
 
 TEST_F(Paragraph, AWordThatFillsTheLineExactlyLeavesAnEmptyLineBeforeIt) {
@@ -88,8 +93,10 @@ TEST_F(Paragraph, JustifiedLinesEndAtTheRightEdgeToThePoint) {
 TEST_F(Paragraph, IsRefusedWholeForOneWordTooWide) {
   Start(0);
   Font(Courier, 10);
-  EXPECT_FALSE(doc.WriteMultiText("aa bb aaaaaa", 0, kNoAlignment, false, 35));
-  EXPECT_EQ(doc.LastRefusal().sentence, "a word is 36 points wide, but a line has only 35 points");
+  EXPECT_FALSE(doc.WriteMultiText("aa bb aaaaaaaa", 0, kNoAlignment, false, 35));
+  EXPECT_EQ(doc.LastRefusal().sentence, "a word is 48 points wide, but a line has only 35 points");
+  EXPECT_FALSE(doc.WriteMultiText("a", 0, kNoAlignment, false, 1));
+  EXPECT_FALSE(doc.WriteMultiText("a", 0, AlignmentConstants::Center, false, 1));
   EXPECT_TRUE(MarksOfOnlyPage().empty());
 }
 
@@ -148,6 +155,9 @@ TEST_F(Paragraph, AnAlignmentMovesTheColumn) {
   Start(0);
   Font(Courier, 10);
   EXPECT_FALSE(doc.WriteMultiText("a", 0, kNoAlignment, false, 596));
+  EXPECT_EQ(doc.LastRefusal().sentence,
+            "lines would be 596 points wide, but only 595 points are free up to the right margin");
+  EXPECT_FALSE(doc.WriteMultiText("a", 0, AlignmentConstants::Center, false, 596));
   EXPECT_EQ(doc.LastRefusal().sentence,
             "lines would be 596 points wide, but only 595 points are free up to the right margin");
   EXPECT_FALSE(doc.WriteMultiText("a", 0, static_cast<AlignmentConstants>(4)));

@@ -139,6 +139,11 @@ TEST_F(PdfPictures, APixelIsAPointUnlessTheBoxIsSmaller) {
   Start();
   doc.SetPictureDimensions(40, 40);
   EXPECT_EQ(Placed("wide.bmp", AlignmentConstants::NoAlignment), "40 0 0 -20 50 792 cm");
+  for (const auto& [width, height] : {std::pair(0, 40), std::pair(40, 0), std::pair(-1, 40)}) {
+    Start();
+    doc.SetPictureDimensions(static_cast<std::int16_t>(width), static_cast<std::int16_t>(height));
+    EXPECT_EQ(Placed("wide.bmp", AlignmentConstants::NoAlignment), "100 0 0 -50 50 792 cm");
+  }
   Start();
   EXPECT_EQ(Placed("wide.bmp", AlignmentConstants::Center), "100 0 0 -50 247 792 cm");
   Start();

@@ -282,6 +282,7 @@ TEST(PictureDecoder, WhatAFileCannotFillIsRefused) {
     gif.resize(size);
     Bitmap bitmap;
     EXPECT_EQ(Decode(gif, bitmap).empty(), size == 11'718);
+    EXPECT_NE(Decode(gif, bitmap, 8000 * 4000 - 1), "");
   }
 }
 
