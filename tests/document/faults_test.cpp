@@ -289,6 +289,25 @@ TYPED_TEST(Faults, EveryAllocationFailsInTurn) {
   }
 }
 
+TYPED_TEST(Faults, ACreateThatFailsLeavesTheDocumentThatIsOpen) {
+  using Writes = typename TypeParam::Writes;
+  if (std::is_same_v<Writes, PS>) return;  // classic PostScript forgets it
+  bool reached = true;
+  for (int number = 1; reached; ++number) {
+    const auto platform = std::make_shared<FailingPlatform<typename TypeParam::Base>>();
+    Writes doc(platform);
+    ASSERT_TRUE(doc.Create("doc"));
+    doc.NewPage(50, 50, 50, 50, 255, 255, 255);
+    FailAllocation(number);
+    EXPECT_FALSE(doc.Create("doc")) << "it is open";
+    reached = !FailAllocation(0);
+    EXPECT_TRUE(doc.WriteText("whole"));
+    doc.Flush();
+    EXPECT_EQ(doc.LastRefusal().sentence, "") << number;
+    EXPECT_NE(platform->TakeFile("doc").find("(whole)"), std::string::npos) << number;
+  }
+}
+
 TYPED_TEST(Faults, EveryPlatformOperationFailsAndThrowsInTurn) {
   for (const bool throws : {false, true}) {
     for (int number = 1; number < 60; ++number) {
