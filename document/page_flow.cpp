@@ -179,7 +179,7 @@ RefusalNote DocumentModel::StartPage(const Margins& margins,
 
 RefusalNote DocumentModel::TakeMargins(const Margins& margins) {
   for (const Points margin : {margins.left, margins.top, margins.right, margins.bottom}) {
-    if (margin < 0) return {RefusalReason::MarginsNotTaken, margin.value(), 0};
+    if (margin < 0) return {RefusalReason::MarginsNotTaken, margin.value()};
   }
   // Sums are taken in `int`: one beyond 16 bits leaves no room either.
   const int across = margins.left.value() + margins.right.value();

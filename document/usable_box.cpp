@@ -8,7 +8,7 @@ using layout::Points;
 
 RefusalNote CheckNotNegative(std::initializer_list<Points> values) {
   for (const Points value : values) {
-    if (value < 0) return {RefusalReason::NegativeCoordinate, value.value(), 0};
+    if (value < 0) return {RefusalReason::NegativeCoordinate, value.value()};
   }
   return {};
 }

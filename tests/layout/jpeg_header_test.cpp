@@ -78,6 +78,7 @@ TEST(JpegHeader, SaysWhatAReaderMustKnow) {
                a_scan,
                end_of_file}),
        1, false, false},
+      {"an empty comment", File(Segment(0xC0, Frame(1)), Segment(0xFE, {})), 1, false, false},
       {"two scans", Joined({start_of_file, Segment(0xC2, Frame(3)), a_scan, a_scan, end_of_file}),
        3, true, false},
   };
@@ -119,6 +120,8 @@ TEST(JpegHeader, RefusesWhatReadersWouldNotShow) {
       {"no scan", Joined({start_of_file, Segment(0xC0, Frame(1)), end_of_file})},
       {"the scan before the frame",
        Joined({start_of_file, a_scan, Segment(0xC0, Frame(1)), end_of_file})},
+      {"a length beyond the end that looks like an end",
+       Joined({start_of_file, Segment(0xC0, Frame(1)), a_scan, {0xFF, 0xE1, 0xFF, 0xD9}})},
       {"no end", Joined({start_of_file, Segment(0xC0, Frame(1)), a_scan})},
       {"two frames", File(Segment(0xC0, Frame(1)), Segment(0xC0, Frame(1)))},
       {"lossless", File(Segment(0xC3, Frame(3)))},
