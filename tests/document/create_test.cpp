@@ -159,6 +159,8 @@ TEST_F(Create, MarginsThatLeaveNoRoomAreNotTaken) {
   EXPECT_EQ(margins_after(0, 411, 0, 411), std::tuple(10, 10, 10, 10)) << "only together";
   EXPECT_EQ(margins_after(274, 0, 300, 821), std::tuple(274, 0, 300, 821));
   EXPECT_EQ(Why(), RefusalReason::None);
+  doc.Flush();
+  EXPECT_EQ(doc.LastRefusal().sentence, "") << "the document is whole all the same";
 }
 
 TEST_F(Create, ContentBeforeTheFirstPageIsDroppedFromIt) {

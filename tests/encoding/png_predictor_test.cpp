@@ -59,6 +59,9 @@ TEST(PngPredictor, AnyRowsComeBack) {
       }
       ASSERT_EQ(Decode(Predicted(samples, row_size, pixel), row_size, pixel), samples)
           << pixel << ' ' << row_size;
+      Bytes few = testing::Noise(row_size * 200);
+      for (std::uint8_t& sample : few) sample %= 4;
+      ASSERT_EQ(Decode(Predicted(few, row_size, pixel), row_size, pixel), few) << row_size;
     }
   }
   EXPECT_EQ(Predicted({}, 7, 3), Bytes());

@@ -106,6 +106,8 @@ TEST_F(FontsTest, WidthsAreThoseOfTheShapedText) {
   EXPECT_EQ(Why(), RefusalReason::TextTooWide);
   // From the current position, lower by the heights of three lines.
   EXPECT_EQ(doc.TextHeight("A B A B A B", 0, 25), 60);
+  Font(static_cast<FontNumberConstants>(101), 10);
+  EXPECT_EQ(doc.TextHeight("A A A A A A", 0, 12), 30) << "12.5 points are rounded to even";
 }
 
 TEST_F(FontsTest, KerningMarksAndLigaturesAreCodesAndMoves) {
@@ -321,8 +323,9 @@ TEST_F(FontsTest, BothKindsOfOutlinesAreEmbedded) {
     if (round == 0) first = *memory->File("doc");
   }
   EXPECT_EQ(*memory->File("doc"), first);
-  for (const char* const part : {"/FontFile2 ", "/FontFile3 ", "/Subtype /CIDFontType0C",
-                                 "/CIDToGIDMap ", "+Boxes-Regular", "/W [ 0 [ 500", "%PDF-1.4\n"}) {
+  for (const char* const part :
+       {"/FontFile2 ", "/FontFile3 ", "/Length1 ", "/Subtype /CIDFontType0C", "/CIDToGIDMap ",
+        "+Boxes-Regular", "/W [ 0 [ 500", "%PDF-1.4\n"}) {
     EXPECT_TRUE(FileHas(part)) << part;
   }
 }
@@ -405,10 +408,16 @@ TEST_F(PsFontsTest, TheFontsAreDeclaredInTheSetup) {
   Start();
   Font(number, 10);
   EXPECT_TRUE(doc.WriteText("AV", true));
+  EXPECT_TRUE(doc.WriteText("A\u0301 fi", true));
   doc.Flush();
   const Lines lines = SplitLines(*memory->File("doc"), "\n");
   EXPECT_TRUE(Has(lines, "%%LanguageLevel: 3"));
-  EXPECT_TRUE(Has(lines, "[<0001>-1<0002>]K"));
+  const auto kerned = std::find(lines.begin(), lines.end(), "[<0001>-1<0002>]K");
+  ASSERT_NE(kerned, lines.end());
+  // The mark is 200 to the left of where its letter ends, and 100 higher.
+  EXPECT_EQ(Lines(kerned + 1, kerned + 7),
+            (Lines{"50 772 moveto", "[<0001>]K", "0 1 rmoveto", "[-5<0003>]K", "0 -1 rmoveto",
+                   "[5<00040005>]K"}));
   EXPECT_EQ(
       std::count_if(lines.begin(), lines.end(),
                     [](const std::string& line) { return line.starts_with("%%BeginResource: "); }),

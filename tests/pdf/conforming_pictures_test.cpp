@@ -5,6 +5,7 @@
 
 #include "tests/bmp_file.h"
 #include "tests/document_fixture.h"
+#include "tests/png_file.h"
 #include "tests/sample_picture.h"
 
 namespace vellumark::tests {
@@ -149,6 +150,16 @@ TEST_F(ConformingPictures, APredictorIsTakenWhereItMakesThemSmaller) {
     }
     EXPECT_FALSE(Holds(FileWith(noise.Bytes(), Flate), "/Predictor"));
   }
+  PngFile glass{.width = 64, .height = 64, .colors = 6};
+  for (int y = 0; y < 64; ++y) {
+    for (int x = 0; x < 64; ++x) {
+      const int alpha = 2 * x + y % 8 * x + 3 * y;
+      for (const int part : {9, 9, 9, alpha}) glass.rows.push_back(static_cast<std::uint8_t>(part));
+    }
+  }
+  EXPECT_TRUE(Holds(FileWith(glass.Bytes(), Flate),
+                    "/DecodeParms << /Predictor 15 /Colors 1 /BitsPerComponent 8 /Columns 64 >>"))
+      << "the mask";
 }
 
 }  // namespace

@@ -100,6 +100,9 @@ TEST(LongDocumentsAtTheLimit, PicturesTitlesAndParagraphsAreWholeOrRefused) {
       {"24 bits, linked", 5,
        [&](PDF& doc) { return doc.DrawPicture(bytes(colors), kNoAlignment, "http://x"); }},
       {"8 bits", 6, [&](PDF& doc) { return doc.DrawPicture(bytes(gray)); }},
+      {"a text", 2, [](PDF& doc) { return doc.WriteText("x"); }},
+      {"a text, linked", 3,
+       [](PDF& doc) { return doc.WriteText("x", false, 0, kNoAlignment, "http://x"); }},
       {"a title", 4, [](PDF& doc) { return doc.WriteTitle("x"); }},
       {"two lines", 4,
        [](PDF& doc) { return doc.WriteMultiText("a b", 0, kNoAlignment, false, 11); }},
@@ -107,7 +110,7 @@ TEST(LongDocumentsAtTheLimit, PicturesTitlesAndParagraphsAreWholeOrRefused) {
        [](PDF& doc) { return doc.WriteMultiText("a b c d", 0, kNoAlignment, true, 28); }},
   };
   for (const Case& c : cases) {
-    for (int left = 2; left <= 6; ++left) {
+    for (int left = c.needs - 1; left <= c.needs; ++left) {
       const auto memory = std::make_shared<MemoryPlatform>();
       PDF doc(memory);
       doc.Create("doc");

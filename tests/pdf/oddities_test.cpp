@@ -150,6 +150,14 @@ TEST_F(ConformingPdf, ConformingPagesAreCompressedIfTheyAreToBe) {
   const std::string file = File();
   EXPECT_EQ(file.find("(text)Tj"), file.npos);
   EXPECT_NE(file.find("(more)Tj"), file.npos) << "read when a page ends";
+  // A page with moved words, which repeat little, is compressed at level 3, as its header tells.
+  for (const bool justified : {false, true}) {
+    doc.Compressed(true);
+    Start();
+    EXPECT_TRUE(doc.WriteMultiText("words to be justified", 0, kNoAlignment, justified, 50));
+    const std::string header = justified ? "stream\n\x78\x5E" : "stream\n\x78\x9C";
+    EXPECT_NE(File().find(header), std::string::npos) << justified;
+  }
 }
 
 TEST_F(PdfOddities, OddityFontsNameABaseEncoding) {

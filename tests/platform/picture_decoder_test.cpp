@@ -65,6 +65,13 @@ TEST(BmpDecoder, EveryDepthAndOrderKeepsItsPixels) {
         .masks = {0xFF, 0xFF00, 0xFF0000, 0xFF000000},
         .pixels = {1, 2, 3, 4}},
        {3, 2, 1, 4}},
+      {"masks in a header of 52 bytes",
+       {.bits = 32,
+        .compression = 3,
+        .header_size = 52,
+        .masks = {0xFF, 0xFF00, 0xFF0000},
+        .pixels = {1, 2, 3, 4}},
+       {3, 2, 1, 0}},
       {"ten bits a color, and alpha",
        {.bits = 32,
         .compression = 3,
@@ -266,17 +273,18 @@ TEST(PictureDecoder, TheLimitHoldsToTheByte) {
 
 TEST(PictureDecoder, WhatAFileCannotFillIsRefused) {
   EXPECT_EQ(platform::CheckClaim(4096, 4096, 0, 1), "") << "so many are believed";
-  EXPECT_EQ(platform::CheckClaim(4096, 4097, 4096 * 4097, 1), "");
-  EXPECT_EQ(platform::CheckClaim(4096, 4097, 4096 * 4097 - 1, 1234),
+  constexpr std::uint64_t kMore = std::uint64_t{4096} * 4097;
+  EXPECT_EQ(platform::CheckClaim(4096, 4097, kMore, 1), "");
+  EXPECT_EQ(platform::CheckClaim(4096, 4097, kMore - 1, 1234),
             "a file of 1,234 bytes cannot fill the 4,096 x 4,097 pixels that it states");
   // 8,000 x 4,000 pixels: 128 for each byte of a BMP's runs, 2,731 for each of a GIF.
-  for (const std::size_t size : {249'999, 250'000}) {
+  for (const std::size_t size : {249'999U, 250'000U}) {
     BmpFile runs{.width = 8000, .height = 4000, .bits = 8, .compression = 1, .pixels = {0, 1}};
     runs.pixels.resize(size);
     Bitmap bitmap;
     EXPECT_EQ(Decode(runs.Bytes(), bitmap).empty(), size == 250'000);
   }
-  for (const std::size_t size : {11'717, 11'718}) {
+  for (const std::size_t size : {11'717U, 11'718U}) {
     std::string gif("GIF89a\x40\x1F\xA0\x0F\0\0\0,\0\0\0\0\x02\0\x02\0\0\x02\x03\x44\x02\x05\0;",
                     30);
     gif.resize(size);
@@ -373,7 +381,7 @@ constexpr char kEndOfJpg[] = "\xFF\xD9";
 
 TEST(JpegDecoder, APlainPictureMayBeSmall) {
   const std::string file = GrayJpg('\xC0', 1024);
-  const std::size_t blocks = (1024 / 8) * (1024 / 8);
+  const std::size_t blocks = 128U * 128;
   Bitmap bitmap;
   const std::string bits(blocks * 2 / 8, '\0');
   EXPECT_EQ(Decode(file + JpgScan(0, 63, bits) + kEndOfJpg, bitmap), "");
