@@ -418,6 +418,9 @@ TEST_F(PsFontsTest, TheFontsAreDeclaredInTheSetup) {
   EXPECT_EQ(Lines(kerned + 1, kerned + 7),
             (Lines{"50 772 moveto", "[<0001>]K", "0 1 rmoveto", "[-5<0003>]K", "0 -1 rmoveto",
                    "[5<00040005>]K"}));
+  const auto map = std::find(lines.begin(), lines.end(), "/CIDMap[");
+  ASSERT_NE(map, lines.end());
+  EXPECT_EQ(Lines(map + 1, map + 3), (Lines{"<~!!!!\"!!3-%!\"8i0~>", "]def"})) << "0 to 5";
   EXPECT_EQ(
       std::count_if(lines.begin(), lines.end(),
                     [](const std::string& line) { return line.starts_with("%%BeginResource: "); }),

@@ -381,7 +381,7 @@ constexpr char kEndOfJpg[] = "\xFF\xD9";
 
 TEST(JpegDecoder, APlainPictureMayBeSmall) {
   const std::string file = GrayJpg('\xC0', 1024);
-  const std::size_t blocks = 128U * 128;
+  const std::size_t blocks = std::size_t{128} * 128;
   Bitmap bitmap;
   const std::string bits(blocks * 2 / 8, '\0');
   EXPECT_EQ(Decode(file + JpgScan(0, 63, bits) + kEndOfJpg, bitmap), "");
