@@ -206,6 +206,11 @@ TEST(PngDecoder, RefusesWhatIsNotAWholePictureAndSaysWhy) {
             "decoding its 2 x 1 pixels takes 8 bytes, but the limit is 7 bytes")
       << "alpha counts too";
   EXPECT_EQ(Decode(plain.Bytes(), bitmap, 8), "");
+  for (const std::size_t field : {26U, 27U, 28U}) {  // compression, filters, interlacing
+    std::string unknown = plain.Bytes();
+    unknown[field] = 2;
+    EXPECT_EQ(Decode(unknown, bitmap, 1), damaged) << "before anything is made of it: " << field;
+  }
 }
 
 TEST(PngDecoder, EveryPrefixIsRefusedAndASurplusIsNot) {
