@@ -4,6 +4,9 @@
 #include <stdexcept>
 #include <tuple>
 
+#include <vellumark/run_time_error.h>
+
+#include "document/resume_next.h"
 #include "tests/document_fixture.h"
 
 namespace vellumark::tests {
@@ -192,6 +195,40 @@ TEST_F(Create, FlushTellsWhetherTheFileWasWritten) {
   unlucky.Flush();
   EXPECT_EQ(unlucky.LastRefusal().sentence, "the file cannot be written: No space left on device");
 
+  class BadDisk : public MemoryPlatform {
+   public:
+    std::errc at_write{};
+    std::errc at_close{};
+    std::error_code WriteOutput(FileHandle, std::string_view) override {
+      return std::make_error_code(at_write);
+    }
+    std::error_code CloseOutput(FileHandle) override { return std::make_error_code(at_close); }
+  };
+  for (const auto& [at_write, at_close, told] :
+       {std::tuple(std::errc::io_error, std::errc::no_space_on_device, "Input/output error"),
+        std::tuple(std::errc{}, std::errc::no_space_on_device, "No space left on device")}) {
+    const auto disk = std::make_shared<BadDisk>();
+    disk->at_write = at_write;
+    disk->at_close = at_close;
+    PDF doc_on_it(disk);
+    ASSERT_TRUE(doc_on_it.Create("bad.pdf"));
+    doc_on_it.Flush();
+    EXPECT_EQ(doc_on_it.LastRefusal().sentence, std::string("the file cannot be written: ") + told);
+  }
+  class GetsWorse : public MemoryPlatform {
+    std::error_code WriteOutput(FileHandle, std::string_view) override {
+      const std::error_code error = std::make_error_code(next_);
+      next_ = std::errc::broken_pipe;
+      return error;
+    }
+    std::errc next_ = std::errc::io_error;
+  };
+  PDF worse(std::make_shared<GetsWorse>());
+  ASSERT_TRUE(worse.Create("bad.pdf"));
+  worse.Flush();
+  EXPECT_EQ(worse.LastRefusal().sentence, "the file cannot be written: Input/output error")
+      << "the first of several errors";
+
   class Throwing : public MemoryPlatform {
     std::error_code WriteOutput(FileHandle, std::string_view) override { throw std::bad_alloc(); }
   };
@@ -200,6 +237,28 @@ TEST_F(Create, FlushTellsWhetherTheFileWasWritten) {
   short_of_memory.Flush();
   EXPECT_EQ(short_of_memory.LastRefusal().reason, RefusalReason::FileNotWritten);
   EXPECT_TRUE(short_of_memory.Create("a.pdf")) << "the file was closed all the same";
+}
+
+TEST(ResumeNext, RunsAllStepsAndReturnsTheFirstFailure) {
+  int steps = 0;
+  const document::RefusalNote first =
+      document::ResumeNext([&] { ++steps; },
+                           [&] {
+                             ++steps;
+                             throw RunTimeError(RunTimeError::Overflow);
+                           },
+                           [&]() -> document::RefusalNote {
+                             ++steps;
+                             return {RefusalReason::NoPage};
+                           },
+                           [&] {
+                             ++steps;
+                             throw std::bad_alloc();
+                           });
+  EXPECT_EQ(steps, 4);
+  EXPECT_EQ(first.reason, RefusalReason::RunTimeFault);
+  EXPECT_EQ(first.got, RunTimeError::Overflow);
+  EXPECT_FALSE(document::ResumeNext([] {}, []() -> document::RefusalNote { return {}; }));
 }
 
 /// Not even an exception.

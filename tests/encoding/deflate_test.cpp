@@ -149,6 +149,61 @@ TEST(Deflate, SmallInputsAreTheSameEverywhereToo) {
   EXPECT_EQ(crc, 0xE38CA79C);
 }
 
+// A string that occurs twice, and between them `others` that share its first three bytes.
+Bytes BehindOthers(std::size_t others) {
+  testing::Random random(1);
+  Bytes bytes = {'-', 'a', 'b', 'c', 'd', 'e', 'f', 'g', 'h'};
+  for (std::size_t i = 0; i < others; ++i) {
+    bytes.insert(bytes.end(), {'a', 'b', 'c'});
+    for (int n = 0; n < 3; ++n) {
+      bytes.push_back(static_cast<std::uint8_t>(128 + random.Next() % 128));
+    }
+  }
+  bytes.insert(bytes.end(), {'a', 'b', 'c', 'd', 'e', 'f', 'g', 'h'});
+  return bytes;
+}
+
+// A string that has a match of `length` bytes, and from its second byte on one of `longer`, before
+// which `others` share its first three bytes.
+Bytes LongerFromTheNext(std::size_t length, std::size_t longer, std::size_t others) {
+  const Bytes text = testing::Noise(320, 9);
+  Bytes bytes = {0};
+  const auto add = [&](std::ptrdiff_t from, std::size_t size) {
+    bytes.insert(bytes.end(), text.begin() + from,
+                 text.begin() + from + static_cast<std::ptrdiff_t>(size));
+  };
+  add(1, longer);
+  bytes.push_back(1);
+  testing::Random random(3);
+  for (std::size_t i = 0; i < others; ++i) {
+    add(1, 3);
+    for (int n = 0; n < 3; ++n) bytes.push_back(static_cast<std::uint8_t>(random.Next() % 256));
+  }
+  add(0, length);
+  bytes.push_back(2);
+  add(0, 310);
+  return bytes;
+}
+
+TEST(Deflate, TheHighestLevelLooksAtAllItMayAndNoMore) {
+  const auto expect = [](const char* what, const Bytes& input, std::size_t size,
+                         unsigned long crc) {
+    const std::string output = Compress(input, 9);
+    EXPECT_EQ(output.size(), size) << what;
+    EXPECT_EQ(
+        crc32(0, reinterpret_cast<const Bytef*>(output.data()), static_cast<uInt>(output.size())),
+        crc)
+        << what;
+  };
+  // By a second model of the same decisions, as above.
+  expect("the last of 4,096 candidates", BehindOthers(4095), 14492, 0x2628655E);
+  expect("one too many", BehindOthers(4096), 14494, 0x50CD0D4B);
+  expect("31 bytes are not good enough", LongerFromTheNext(31, 100, 3000), 12108, 0x66EEF1F2);
+  expect("32 are: a quarter is looked at", LongerFromTheNext(32, 100, 3000), 12109, 0xAC4A47F7);
+  expect("257 bytes can be bettered", LongerFromTheNext(257, 300, 0), 342, 0x55EBFBD5);
+  expect("258 cannot", LongerFromTheNext(258, 300, 0), 341, 0x55A03289);
+}
+
 // A full symbol buffer, a stored block's limit and the window's moves.
 TEST(Deflate, SizesAroundTheLimitsInflateBack) {
   for (const std::size_t size : {1U, 2U, 3U, 4U, 258U, 259U, 8192U, 16383U, 16384U, 32766U, 32767U,

@@ -72,6 +72,23 @@ TEST(OutputFile, AFailedCloseIsTold) {
   EXPECT_EQ(file.Close(), std::errc::no_space_on_device);
 }
 
+TEST(OutputFiles, AHandleThatWasClosedIsNoFile) {
+  OutputFiles files;
+  std::error_code error;
+  const auto opens = [](std::string_view, std::error_code&) -> std::unique_ptr<OutputFile> {
+    return std::make_unique<SmallSystem>(100, 100);
+  };
+  const FileHandle first = files.Create(opens, "a", error);
+  const FileHandle second = files.Create(opens, "b", error);
+  EXPECT_FALSE(files.Close(first));
+  for (const FileHandle stale : {first, static_cast<FileHandle>(7), FileHandle::Invalid}) {
+    EXPECT_EQ(files.Close(stale), std::errc::bad_file_descriptor);
+    EXPECT_EQ(files.Write(stale, "x"), std::errc::bad_file_descriptor);
+  }
+  EXPECT_FALSE(files.Write(second, "x"));
+  EXPECT_FALSE(files.Close(second));
+}
+
 TEST(OutputFiles, MemoryShortageIsToldAndTakesNoHandle) {
   OutputFiles files;
   std::error_code error;
