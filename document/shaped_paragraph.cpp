@@ -43,9 +43,7 @@ void DocumentModel::BreakPieces(Points width, const Line& line) {
     solid = sum + pieces[i].solid_width;
     sum = solid + pieces[i].blank_width;
   }
-  if (first < pieces.size()) {
-    line(layout::LineOfPieces{first, pieces.size(), target - solid});
-  }
+  line(layout::LineOfPieces{first, pieces.size(), target - solid});
 }
 
 std::int32_t DocumentModel::CountShapedLines(Points width) {
@@ -54,7 +52,7 @@ std::int32_t DocumentModel::CountShapedLines(Points width) {
     ++lines;
     return {};
   });
-  return std::max(lines, 1);
+  return lines;
 }
 
 RefusalNote DocumentModel::WriteShapedLines(const Paragraph& paragraph, const Column& column) {

@@ -136,6 +136,7 @@ void ShapedText::FindPieces(const FontCollection& fonts) {
     pieces_.push_back(piece);
     begin = i + 1;
   }
+  if (pieces_.empty()) pieces_.emplace_back();
 }
 
 void ShapedText::ItemsOf(std::size_t begin, std::size_t end, std::vector<TextItem>& items) const {

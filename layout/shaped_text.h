@@ -49,7 +49,7 @@ class ShapedText {
 
   void Analyze(std::string_view utf8, const Font& font, const FontCollection& fonts);
 
-  /// Finds the pieces of a text that was analyzed.
+  /// Finds the pieces of a text that was analyzed; one without characters is one empty piece.
   void FindPieces(const FontCollection& fonts);
   [[nodiscard]] std::vector<TextPiece>& Pieces() noexcept { return pieces_; }
   [[nodiscard]] const std::vector<TextPiece>& Pieces() const noexcept { return pieces_; }

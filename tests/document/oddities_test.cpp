@@ -125,6 +125,12 @@ TEST_F(Conforming, ConformingJustifiedWordsAreOneText) {
   // 1,500/1000 em.
   EXPECT_EQ(Marks(), (Lines{"BT", "50 782 TD", "/F0 10 Tf", "[(a )-1500(b )]TJ", "/F14 10 Tf",
                             "[-1500(\xF8)]TJ", "/F0 10 Tf", "0 -10 TD(ddddd)Tj"}));
+  Start();
+  Font(kCourier, 10);
+  ASSERT_TRUE(doc.WriteMultiText("a \u0159\u00D0 ddddddd", 0, kNoAlignment, true, 60));
+  EXPECT_EQ(Marks(), (Lines{"BT", "50 782 TD", "/F0 10 Tf", "[(a )]TJ", "/F14 10 Tf",
+                            "[-3600(\xF8)]TJ", "/F0 10 Tf", "[(\xD0)]TJ", "0 -10 TD(ddddddd)Tj"}))
+      << "a word in two encodings";
 }
 
 /// 57 words "T" of 6.108 points, each 8.608 with its blank: 491 points, and rounded 516.

@@ -150,6 +150,16 @@ TEST_F(FontsTest, FallbacksShowWhatTheCurrentFontLacks) {
   EXPECT_TRUE(FileHas("[( 1)]TJ"));
 }
 
+TEST_F(FontsTest, AnEmptyParagraphIsALine) {
+  BeginAt(10);
+  for (const char* const text : {"", " ", "A"}) {
+    const int before = At().y;
+    EXPECT_EQ(doc.TextHeight(text), 10) << text;
+    EXPECT_TRUE(doc.WriteMultiText(text));
+    EXPECT_EQ(At().y, before + 10) << text;
+  }
+}
+
 TEST_F(FontsTest, WhatNoFontHasIsAQuestionMark) {
   BeginAt(10);
   EXPECT_EQ(ShownAs("\u044B?"), "[(\0\1)]TJ\n[(\0\1)]TJ\n"sv);

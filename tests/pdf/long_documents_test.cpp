@@ -103,6 +103,7 @@ TEST(LongDocumentsAtTheLimit, PicturesTitlesAndParagraphsAreWholeOrRefused) {
       {"a text", 2, [](PDF& doc) { return doc.WriteText("x"); }},
       {"a text, linked", 3,
        [](PDF& doc) { return doc.WriteText("x", false, 0, kNoAlignment, "http://x"); }},
+      {"a bookmark", 2, [](PDF& doc) { return doc.WriteBookmark("x"); }},
       {"a title", 4, [](PDF& doc) { return doc.WriteTitle("x"); }},
       {"two lines", 4,
        [](PDF& doc) { return doc.WriteMultiText("a b", 0, kNoAlignment, false, 11); }},

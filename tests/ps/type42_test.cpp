@@ -68,6 +68,8 @@ TEST(Type42, AStringHasLessThan64KiBAndBeginsWithAGlyph) {
   EXPECT_EQ(SizesOf(FontOf({40000, 10001, 9999, 30000}, true)),
             (std::vector<std::size_t>{136 + 20 + 60000, 30000}))
       << "a string of an odd size cannot be padded";
+  EXPECT_EQ(SizesOf(FontOf({40000, 20001, 9999, 30000}, true)),
+            (std::vector<std::size_t>{136 + 20 + 40000, 60000}));
   EXPECT_EQ(SizesOf(FontOf({30000, 65534, 100}, true)),
             (std::vector<std::size_t>{136 + 16 + 30000, 65534, 100}));
 }
