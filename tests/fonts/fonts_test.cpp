@@ -118,6 +118,13 @@ TEST_F(FontsTest, KerningMarksAndLigaturesAreCodesAndMoves) {
             "[500(\0\4)]TJ\nEMC\n0 Ts\n[-500(\0\3\0\5)]TJ\n"sv);
 }
 
+TEST_F(FontsTest, AGlyphOfSeveralGivesBackItsOwnCharacter) {
+  BeginAt(10);
+  ShownAs("A\u0301");
+  EXPECT_TRUE(FileHas("<0001> <0041>"));
+  EXPECT_TRUE(FileHas("<0002> <0301>"));
+}
+
 TEST_F(FontsTest, TextIsGivenBackByCodesOrBySpans) {
   BeginAt(10);
   const std::string shown = ShownAs("fi A\u00A0B A B");

@@ -57,6 +57,7 @@ TEST(UriString, EncodesWhatAUriHasNoPlaceFor) {
       {"https://a.b/Bücher und \"mehr\"", "(https://a.b/B%C3%BCcher%20und%20%22mehr%22)"},
       {"a%20b%2fc%2", "(a%20b%2fc%252)"},
       {"100%", "(100%25)"},
+      {"%09%AF%af%0/%:0%@0%G0%`0%g0", "(%09%AF%af%250/%25:0%25@0%25G0%25%600%25g0)"},
       {"50%zz<>\\^`{|}\n\x7F", "(50%25zz%3C%3E%5C%5E%60%7B%7C%7D%0A%7F)"},
       {"mailto:a@b.c,[::1]!$'*+;=~", "(mailto:a@b.c,[::1]!$'*+;=~)"},
   };
