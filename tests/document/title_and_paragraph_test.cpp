@@ -123,6 +123,14 @@ TEST_F(Paragraph, AWordFitsAColumnOfItsOwnWidthAndNoneThatIsNarrower) {
   }
 }
 
+TEST_F(Paragraph, OnAPageLowerThanItsFontEveryLineStartsAPage) {
+  ASSERT_TRUE(doc.Create("doc"));
+  doc.NewPage(0, 400, 0, 420, 255, 255, 255);  // 22 points
+  Font(Courier, 40);
+  EXPECT_TRUE(doc.WriteMultiText("aa bb cc", 0, kNoAlignment, false, 80));
+  EXPECT_TRUE(Has(FlushedLines(), "/Count 4"));
+}
+
 TEST_F(Paragraph, ALineEndOfTwoCharactersIsOneBlank) {
   doc.Conforming(true);
   const auto file_of = [&](std::string_view text) {

@@ -251,10 +251,12 @@ TEST_F(PictureTest, PaperShowsThroughWhatIsNotOpaque) {
   EXPECT_EQ(composed({.width = 3, .bits = 16, .pixels = {0xFF, 0x7F, 0, 0x7C, 0, 0, 0, 0}}),
             (Bytes{255, 100, 0, 255, 0, 0, 127, 50, 0}))
       << "deep samples become true color for it";
-  glass.alpha = {1};
-  EXPECT_EQ(composed({.pixels = {127, 0, 0, 0}}), (Bytes{254, 100, 0})) << "to the nearest";
+  glass.alpha = {1, 1};
+  EXPECT_EQ(composed({.width = 2, .pixels = {127, 0, 0, 128, 0, 0, 0, 0}}),
+            (Bytes{254, 100, 0, 254, 100, 1}))
+      << "to the nearest";
 
-  glass.alpha = {0, 255};
+  glass.alpha = {0, 255, 0};
   EXPECT_FALSE(
       layout::LoadPicture(glass, "picture", layout::DeepSamples::AsTheyAre, picture, reason))
       << "one byte a pixel, or none";
