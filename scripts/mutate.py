@@ -20,6 +20,7 @@ import re
 import shutil
 import subprocess
 import sys
+import threading
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 PLACE = ROOT / "build" / "mutate"
@@ -142,8 +143,7 @@ def main():
     copies = queue.Queue()
     for number in range(arguments.jobs):
         copies.put(optimized(f"optimized{number}"))
-    last = queue.Queue()
-    last.put(sanitized())
+    last, one_at_a_time = sanitized(), threading.Lock()
 
     def fate(change):
         copy = copies.get()
@@ -152,11 +152,8 @@ def main():
         finally:
             copies.put(copy)
         if became == "lives":
-            copy = last.get()
-            try:
-                became = "dies" if copy.tried(*change) == "dies" else "lives"
-            finally:
-                last.put(copy)
+            with one_at_a_time:
+                became = "dies" if last.tried(*change) == "dies" else "lives"
         return became
 
     count = {"invalid": 0, "same program": 0, "dies": 0, "lives": 0}

@@ -131,7 +131,7 @@ TEST(Deflate, TheBytesAreTheSameEverywhere) {
   }
 }
 
-// Where one byte more or less decides, which kind of block is chosen for one.
+// Among many small inputs are some for which a bit more or less decides the kind of their block.
 TEST(Deflate, SmallInputsAreTheSameEverywhereToo) {
   testing::Random random(1);
   unsigned long crc = 0;
