@@ -10,8 +10,8 @@
 //     std::string reason;
 //     const std::unique_ptr<FontFace> face = engine.Load(std::move(bytes), 0, reason);
 //     std::vector<PlacedGlyph> glyphs;
-//     face->Shape("fi", {}, glyphs);                       // one glyph, if the face has the
-//     ligature face->Subset({0, glyphs[0].id}, "ABCDEF+Name");      // a font of these two
+//     face->Shape("fi", {}, glyphs);                       // perhaps one glyph, a ligature
+//     face->Subset({0, glyphs[0].id}, "ABCDEF+Name");      // a font of these two
 //
 // Lengths are 1/1000 em, rounded. An object belongs to one thread at a time; nothing is shared.
 // All members raise std::bad_alloc for short memory.

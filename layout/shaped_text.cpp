@@ -112,17 +112,16 @@ void ShapedText::FindFonts(const Font& font, const FontCollection& fonts) {
     return IsInvisible(characters_[i]) || characters_[i - 1] == kJoiner ||
            engine.IsMark(characters_[i]);
   };
-  for (std::size_t begin = 0, end = 0; begin < characters_.size(); begin = end) {
-    end = begin + 1;
+  // Invisible characters that begin the text belong to the letter behind them.
+  const auto first_visible = std::find_if_not(characters_.begin(), characters_.end(), IsInvisible);
+  std::size_t begin = 0;
+  auto letter = static_cast<std::size_t>(first_visible - characters_.begin());
+  while (letter < characters_.size()) {
+    std::size_t end = letter + 1;
     while (end < characters_.size() && belongs_before(end)) ++end;
-    int number = first_font;
-    if (!IsInvisible(characters_[begin])) {
-      number = FontOf(begin, end, font, fonts);
-    } else if (begin > 0) {
-      number = fonts_[begin - 1];
-    }
     std::fill(fonts_.begin() + static_cast<std::ptrdiff_t>(begin),
-              fonts_.begin() + static_cast<std::ptrdiff_t>(end), number);
+              fonts_.begin() + static_cast<std::ptrdiff_t>(end), FontOf(letter, end, font, fonts));
+    begin = letter = end;
   }
 }
 

@@ -59,7 +59,7 @@ struct EscapedString {
 struct TextString {
   std::string_view utf8;
 
-  [[nodiscard]] std::size_t MaxSize() const noexcept { return 4 * utf8.size() + 4; }
+  [[nodiscard]] std::size_t MaxSize() const noexcept { return 3 * utf8.size() + 4; }
   char* Write(char* to) const noexcept;
 };
 

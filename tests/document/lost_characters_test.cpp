@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "layout/lost_characters.h"
+
+#include "platform/utf8.h"
 #include "tests/document_fixture.h"
 
 namespace vellumark::tests {
@@ -57,6 +60,26 @@ TYPED_TEST(LostCharacters, AreThoseOfWhatWasWritten) {
     EXPECT_EQ(this->doc.LostCharacters(), "") << "of a new document";
     this->doc.Flush();
   }
+}
+
+TEST(LostCharactersOfAllPlaces, AreEachListedOnceAndTakenBackAlone) {
+  layout::LostCharacters lost;
+  std::string expected;
+  std::string half;
+  const auto add_all = [&] {
+    for (char32_t character = 0x100; character < 0x400; ++character) lost.Add(character);
+  };
+  for (char32_t character = 0x100; character < 0x400; ++character) {
+    if (character == 0x2A0) half = expected;
+    platform::AppendUtf8(character, expected);
+  }
+  add_all();
+  add_all();
+  EXPECT_EQ(lost.Text(), expected);
+  lost.RollBack(half.size());
+  EXPECT_EQ(lost.Text(), half);
+  add_all();
+  EXPECT_EQ(lost.Text(), expected);
 }
 
 }  // namespace

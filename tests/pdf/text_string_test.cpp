@@ -64,6 +64,16 @@ TEST(UriString, EncodesWhatAUriHasNoPlaceFor) {
   for (const Case& one : kCases) EXPECT_EQ(WrittenString(UriString{one.address}), one.written);
 }
 
+TEST(TextParts, TheirRoomIsWhatTheWorstTextNeeds) {
+  const std::string worst(20, '(');
+  const auto expect_full = [](const auto& part) {
+    EXPECT_EQ(WrittenString(part).size(), part.MaxSize());
+  };
+  expect_full(EscapedString{worst});
+  expect_full(TextString{"\n" + worst});
+  expect_full(UriString{std::string(20, '\n')});
+}
+
 TEST(FontEncoding, DifferencesNameWhatWinAnsiLacks) {
   const std::string differences = DifferencesOf(layout::TextEncoding::Extended);
   EXPECT_EQ(differences.find("[ 1 /omacron /Rcommaaccent "), 0U);

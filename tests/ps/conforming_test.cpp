@@ -2,6 +2,7 @@
 //
 // What a conforming PostScript document does where a classic one has an oddity
 // (oddities_test.cpp).
+#include "platform/utf8.h"
 #include "tests/bmp_file.h"
 #include "tests/document_fixture.h"
 #include "tests/png_file.h"
@@ -176,6 +177,23 @@ TEST_F(ConformingPs, ConformingFontsAreDeclaredWithTheCodesThatAreUsed) {
              "%%IncludeResource: font Times-Roman", "/F8/Vellumark-F8/Times-Roman StandardEncoding",
              "{39/quotesingle 180 96/grave 333}N", "%%IncludeResource: font Symbol",
              "/F12/Vellumark-F12/Symbol null", "{}N", "end"}));
+}
+
+TEST_F(ConformingPs, ConformingTheCodesOfAFontFillLinesOf80Characters) {
+  Start(0);
+  Font(FontNumberConstants::Helvetica, 9);
+  std::string letters;
+  for (char32_t letter = 0xA1; letter < 0x100; ++letter) platform::AppendUtf8(letter, letters);
+  EXPECT_TRUE(doc.WriteText(letters, true));
+  const Lines setup = Between(FlushedLines(), "/F4/Vellumark-F4/Helvetica StandardEncoding",
+                              "/F18/Vellumark-F18/Helvetica StandardEncoding");
+  ASSERT_GT(setup.size(), 15U);
+  for (std::size_t i = 0; i + 1 < setup.size(); ++i) {
+    const std::string& next = setup[i + 1];
+    const std::size_t word = next.find_first_of(" }", next.find(' ') + 1);  // "161/exclamdown 333"
+    EXPECT_LE(setup[i].size(), 80U);
+    EXPECT_GT(setup[i].size() + 1 + word, 80U) << setup[i];
+  }
 }
 
 TEST_F(ConformingPs, ConformingTheWordsOfAJustifiedLineAreOneCall) {

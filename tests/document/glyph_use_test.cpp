@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "document/glyph_use.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/stub_font.h"
+
+namespace vellumark::document {
+namespace {
+
+TEST(GlyphUse, AGlyphMeansItsFirstTextHoweverLong) {
+  layout::FontCollection fonts;
+  const int number = fonts.Add(std::make_unique<tests::StubFace>(U"A"));
+  for (const std::string first : {"A", "A\u0301", "A\u0301\u0301\u0301"}) {
+    GlyphUse use(fonts);
+    GlyphUse::Font& font = use.Of(number);
+    EXPECT_TRUE(use.Means(font, 0, "\u200B"));
+    EXPECT_FALSE(use.Means(font, 0, first)) << "the glyph of no character";
+    const std::uint16_t code = use.CodeOf(font, 7);
+    const std::size_t unknown = use.Here();
+    for (int round = 0; round < 2; ++round) {
+      EXPECT_TRUE(use.Means(font, code, "\u200B")) << "of nothing to see";
+      EXPECT_EQ(use.Here(), unknown);
+      EXPECT_TRUE(use.Means(font, code, first));
+      EXPECT_TRUE(use.Means(font, code, first)) << "again";
+      EXPECT_TRUE(use.Means(font, code, "\u200B" + first)) << "the same to who reads it";
+      EXPECT_TRUE(use.Means(font, code, "\u200B"));
+      EXPECT_FALSE(use.Means(font, code, "A\u0302"));
+      EXPECT_EQ(font.texts[code], first);
+      use.RollBack(unknown);
+      EXPECT_EQ(font.texts[code], "");
+    }
+    use.RollBack(0);
+    EXPECT_TRUE(use.Used().empty());
+    EXPECT_EQ(font.code_of[7], 0);
+  }
+}
+
+TEST(GlyphUse, PartsAreTheGlyphsOwnCharacters) {
+  layout::FontCollection fonts;
+  const int number = fonts.Add(std::make_unique<tests::StubFace>(U"ABC"));
+  GlyphUse use(fonts);
+  GlyphUse::Font& font = use.Of(number);
+  const std::uint16_t third = use.CodeOf(font, 3);
+  use.LearnPart(font, third, "AB");
+  EXPECT_EQ(font.texts[third], "");
+  use.LearnPart(font, third, "ABC");
+  EXPECT_EQ(font.texts[third], "C");
+}
+
+}  // namespace
+}  // namespace vellumark::document
