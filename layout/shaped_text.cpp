@@ -13,6 +13,14 @@ namespace {
 
 constexpr char32_t kJoiner = 0x200D;
 
+/// Whether a standard font shows a text: letters with their marks composed.
+bool ShowsAll(const Font& font, std::string_view utf8) {
+  for (ShownCharacters characters(utf8); !characters.AtEnd();) {
+    if (!HasCharacter(characters.Next(), font)) return false;
+  }
+  return true;
+}
+
 bool IsInvisible(char32_t character) { return AppearanceOf(character) == Appearance::Nothing; }
 
 // Scripts from right to left, and the signs that turn text around.
@@ -86,10 +94,9 @@ int ShapedText::FontOf(std::size_t begin, std::size_t end, const Font& font,
   const FontFace* const current = fonts.Face(font);
   // What a standard font shows of a text that runs from right to left are signs between its words;
   // they belong to the words' font.
-  const bool standard = current == nullptr && levels_[begin] % 2 == 0 && HasCharacter(first, font);
-  if (current != nullptr ? has_all(*current) : standard && marks.empty()) {
-    return current != nullptr ? static_cast<int>(font.number) : 0;
-  }
+  const bool standard = current == nullptr && levels_[begin] % 2 == 0;
+  if (standard && ShowsAll(font, Utf8(begin, end))) return 0;
+  if (current != nullptr && has_all(*current)) return static_cast<int>(font.number);
   const FontFace* const before =
       current == nullptr && begin > 0 ? fonts.Face(fonts_[begin - 1]) : nullptr;
   if (before != nullptr && HasCharacter(first, font) && has_all(*before)) return fonts_[begin - 1];

@@ -228,13 +228,15 @@ class ShapingSetter::LineEncoder {
   }
 
   void EncodeLost(const TextItem& item, TextComposer& composer) {
+    composer.BeginGlyphs(static_cast<int>(font_.number), std::string(CountLost(item), '?'));
+    std::size_t lost = 0;
     for (std::size_t i = item.begin; i < item.end; ++i) {
-      if (AppearanceOf(text_.At(i)) == Appearance::Glyph) composer.AddLost(text_.At(i));
+      if (AppearanceOf(text_.At(i)) == Appearance::Glyph) {
+        composer.AddLost(text_.At(i));
+        composer.AddGlyphs(LostWord().glyphs, lost++);
+      }
+      composer.AddGlyphGap(GapBehind(i));
     }
-    const std::size_t count = CountLost(item);
-    composer.BeginGlyphs(static_cast<int>(font_.number), std::string(count, '?'));
-    for (std::size_t i = 0; i < count; ++i) composer.AddGlyphs(LostWord().glyphs, i);
-    composer.AddGlyphGap(GapBehind(item.end - 1));
     composer.EndGlyphs();
   }
 

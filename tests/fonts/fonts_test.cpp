@@ -307,6 +307,11 @@ TEST_F(FontsTest, JustifiedLinesWithoutABlankGrowBetweenCharacters) {
   ASSERT_TRUE(doc.WriteMultiText("\u6F22\u5B57\u6F22\u5B57", 0, kNoAlignment, true, 36));
   // Three characters are 3,000 of 3,600 thousandths, with two gaps between them.
   EXPECT_TRUE(Has(Marks(), "[(\0\1)-300(\0\2)-300(\0\1)]TJ"sv)) << Marks().back();
+  doc.Flush();
+  BeginAt(10);
+  ASSERT_TRUE(doc.WriteMultiText("\u6F23\u6F24\u6F25\u6F26", 0, kNoAlignment, true, 17));
+  EXPECT_EQ(doc.LostCharacters(), "\u6F23\u6F24\u6F25\u6F26");
+  EXPECT_TRUE(Has(Marks(), "[(\0\1)-100(\0\1)-100(\0\1)]TJ"sv)) << "what is lost, too";
 }
 
 TEST_F(FontsTest, ARefusedTextLeavesNoGlyph) {

@@ -16,8 +16,8 @@ class ShapedTextTest : public testing::Test {
   ShapedTextTest() {
     fonts_.UseEngine(std::make_unique<tests::StubEngine>());
     fonts_.Add(std::make_unique<tests::StubFace>(U" abc1"));
-    fonts_.Add(std::make_unique<tests::StubFace>(U" ab\u0431\u05D0\u05D1", U"\u0301"));
-    fonts_.Add(std::make_unique<tests::StubFace>(U"ab\u0431\u0436", U"\u0301"));
+    fonts_.Add(std::make_unique<tests::StubFace>(U" ab\u0431\u05D0\u05D1", U"\u0301\u0323"));
+    fonts_.Add(std::make_unique<tests::StubFace>(U"ab\u0431\u0436", U"\u0301\u0323"));
     fonts_.AddFallback(102);
     fonts_.AddFallback(103);
   }
@@ -49,9 +49,10 @@ TEST_F(ShapedTextTest, ACharacterIsShownByTheCurrentFontOrTheFirstThatHasItWithI
   const Case cases[] = {
       {kHelvetica, "ab", "0:ab"},
       {kHelvetica, "a\u0431\u0436", "0:a 102:\u0431 103:\u0436"},
-      {kHelvetica, "a\u0301c", "102:a\u0301 0:c"},
-      {kHelvetica, "\u0436a\u0301", "103:\u0436 103:a\u0301"},  // as the letter before it
-      {kHelvetica, "\u0436c\u0301", "103:\u0436 0:c\u0301"},    // which lacks this one
+      {kHelvetica, "a\u0323c", "102:a\u0323 0:c"},
+      {kHelvetica, "\u0431a\u0301\u200Bc", "102:\u0431 0:a\u0301\u200Bc"},
+      {kHelvetica, "\u0436a\u0323", "103:\u0436 103:a\u0323"},  // as the letter before it
+      {kHelvetica, "\u0436c\u0323", "103:\u0436 0:c\u0323"},    // which lacks this one
       {kHelvetica, "\u0436\u0431\u0301", "103:\u0436 102:\u0431\u0301"},
       {kHelvetica, "a\u0302", "0:a\u0302"},  // the mark that nobody has
       {kHelvetica, "\u0431\u0302", "102:\u0431\u0302"},
