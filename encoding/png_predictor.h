@@ -10,8 +10,8 @@
 // predictor makes of the byte to the left (one pixel back), the one above and the one above to the
 // left, where there are none 0:
 //
-//     0 None   1 Sub: left   2 Up: above   3 Average: (left + above) / 2   4 Paeth: the nearest of
-//     the three to left + above - above_left
+//     0 None   1 Sub: left   2 Up: above   3 Average: (left + above) / 2
+//     4 Paeth: which of left, above and above_left is nearest to left + above - above_left
 //
 // A row takes the predictor that gives the smallest sum of absolute differences, the first of
 // several. Photos and drawings with shades gain; a picture with a palette or of one bit mostly does

@@ -3,8 +3,8 @@
 // Any sequence of calls of any members, of both classes and both outputs, with pictures from
 // memory. Whatever was called, the file keeps the rules that it states itself.
 //
-//     input = kind:1 { member:1 arguments }          kind: bit 0 PS, bit 1 classic, bit 2 plain,
-//     bit 3 not created
+//     input = kind:1 { member:1 arguments }
+//     kind  = bit 0: PS   bit 1: classic   bit 2: plain   bit 3: not created
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>

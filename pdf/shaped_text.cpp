@@ -7,8 +7,7 @@
 //     72 700 TD
 //     [(...)-20(...)]TJ
 //     2.5 Ts                                              a glyph that stands higher
-//     /Span<</ActualText<FEFF0041>>>BDC [(...)]TJ EMC     glyphs whose codes do not give back the
-//     text
+//     /Span<</ActualText<FEFF0041>>>BDC [(...)]TJ EMC     a text that its codes do not give back
 //
 // The writer puts the operators of a run together in one piece.
 #include <algorithm>
