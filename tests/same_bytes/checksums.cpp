@@ -7,6 +7,7 @@
 //     checksums              one line a document: number, size, checksum
 //                            one line a kind of input and encoder: names, size, checksum
 //                            one line a document in every font: class, whether conforming
+//                            one line a plausible document: number, class, whether conforming
 #include <clocale>
 #include <cstdint>
 #include <cstdio>
@@ -23,6 +24,7 @@
 #include "encoding/zlib.h"
 #include "tests/encoding/generated_input.h"
 #include "tests/random_documents.h"
+#include "tests/same_bytes/plausible_document.h"
 
 namespace {
 
@@ -148,6 +150,17 @@ std::string EveryFont(bool conforming) {
   return *memory->File("doc");
 }
 
+template <class AnyDocument>
+void PrintPlausible(const char* class_name) {
+  for (const bool conforming : {false, true}) {
+    for (std::uint32_t number = 0; number < 30; ++number) {
+      const vellumark::tests::PlausibleDocument<AnyDocument> document(number, conforming);
+      const std::string name = "plausible " + std::to_string(number);
+      Print(name.c_str(), class_name, conforming ? 1 : 0, document.Bytes());
+    }
+  }
+}
+
 void PrintFonts() {
   for (const bool conforming : {false, true}) {
     Print("every font", "pdf", conforming ? 1 : 0, EveryFont<vellumark::PDF>(conforming));
@@ -171,4 +184,6 @@ int main() {  // NOLINT(bugprone-exception-escape): the test fails
   }
   PrintEncoders();
   PrintFonts();
+  PrintPlausible<vellumark::PDF>("pdf");
+  PrintPlausible<vellumark::PS>("ps");
 }
