@@ -138,7 +138,7 @@ class PlausibleDocument {
       case 1: return doc_.SetFillColor(color[0], color[1], color[2]);
       case 2: return doc_.SetFillStyle(Seldom());
       case 3: return doc_.SetThickness(Byte(Between(0, 9)));
-      case 4: return doc_.SetDash(Seldom() ? "[3 1] 2" : Seldom() ? "4 2 1" : "");
+      case 4: return doc_.SetDash(Seldom() ? "3 1" : Seldom() ? "4 2 1" : "");
       default: {
         const int number = loaded_ != 0 && Between(0, 1) == 0 ? loaded_ : Between(1, 5);
         const int size = Seldom() ? Between(8, 72) : Between(8, 14);
