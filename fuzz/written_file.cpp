@@ -174,6 +174,44 @@ std::map<std::int64_t, std::int64_t> ReadTable(Reader& reader, std::string_view 
   return offsets;
 }
 
+/// The nodes and pages of a tree, by object number.
+class PageTree {
+ public:
+  void Add(std::int64_t number, const Value& value) {
+    const bool page = IsOfType(value, "/Page");
+    if (!page && !IsOfType(value, "/Pages")) return;
+    Node& node = nodes_[number];
+    node.count = page ? 1 : NumberIn(value, "/Count");
+    node.kids = value.kids;
+    if (value.entries.contains("/Parent")) node.parent = NumberIn(value, "/Parent");
+    pages_ += page ? 1 : 0;
+  }
+
+  /// Every node has the children that name it as their parent, and one that has none all pages.
+  void Check() const {
+    std::map<std::int64_t, Node> found;
+    for (const auto& [number, node] : nodes_) {
+      found[node.parent].count += node.count;
+      ++found[node.parent].kids;
+    }
+    Require(found[0].kids == 1 && found[0].count == pages_, "/Count is not the number of pages");
+    for (const auto& [number, node] : nodes_) {
+      const bool whole =
+          node.kids == found[number].kids && (node.kids == 0 || node.count == found[number].count);
+      Require(whole, "node " + std::to_string(number) + " does not have the pages that name it");
+    }
+  }
+
+ private:
+  struct Node {
+    std::int64_t parent = 0;
+    std::int64_t count = 0;
+    std::int64_t kids = 0;
+  };
+  std::map<std::int64_t, Node> nodes_;
+  std::int64_t pages_ = 0;
+};
+
 void ReadConforming(std::string_view file) {
   Reader reader(file);
   reader.Expect("%PDF-1.");
@@ -181,8 +219,7 @@ void ReadConforming(std::string_view file) {
   reader.Expect("\n%\xE2\xE3\xCF\xD3\n");
   std::map<std::int64_t, std::int64_t> found;
   std::set<std::int64_t> references;
-  std::int64_t pages = 0;
-  std::int64_t count = 0;
+  PageTree tree;
   while (!reader.StartsWith("xref\n")) {
     const auto offset = static_cast<std::int64_t>(reader.at());
     const std::int64_t number = reader.Number();
@@ -198,11 +235,9 @@ void ReadConforming(std::string_view file) {
     }
     reader.Expect("\nendobj\n");
     references.insert(value.references.begin(), value.references.end());
-    pages += IsOfType(value, "/Page") ? 1 : 0;
-    const bool root = IsOfType(value, "/Pages") && !value.entries.contains("/Parent");
-    if (root) count += NumberIn(value, "/Count");
+    tree.Add(number, value);
   }
-  Require(pages == count, "/Count is not the number of pages");
+  tree.Check();
   const auto table = static_cast<std::int64_t>(reader.at());
   reader.Expect("xref\n");
   Require(ReadTable(reader, "\n") == found, "the cross-reference table is not that of the objects");

@@ -138,6 +138,9 @@ TEST_F(PosixFiles, ANoticeGoesToAStandardErrorThatTakesItAtOnce) {
   ::setenv("VELLUMARK_NOTICE", "OFF", 1);
   EXPECT_EQ(shown(), "");
   ::unsetenv("VELLUMARK_NOTICE");
+  while (::write(ends[1], "", 1) == 1) {
+  }
+  platform.ShowNotice("to a full pipe, which nobody waits for", "Vellumark");
   ::close(ends[0]);
   platform.ShowNotice("to nobody, which would end the process", "Vellumark");
   ::dup2(kept, STDERR_FILENO);
