@@ -130,10 +130,10 @@ class PngReader {
 
   /// How opaque each color of the palette is; empty if all are.
   [[nodiscard]] std::span<const std::uint8_t> PaletteAlpha() const {
+    if (format_.has_alpha) return {};
     png_bytep alpha = nullptr;
     int count = 0;
-    if (format_.has_alpha || png_get_valid(png_, info_, PNG_INFO_tRNS) == 0) return {};
-    png_get_tRNS(png_, info_, &alpha, &count, nullptr);
+    png_get_tRNS(png_, info_, &alpha, &count, nullptr);  // changes neither if the file has none
     return {alpha, static_cast<std::size_t>(count)};
   }
 
