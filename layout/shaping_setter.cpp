@@ -115,7 +115,7 @@ class ShapingSetter::LineEncoder {
       for (std::size_t i = begin + 1; i < end; ++i) left += text_.EndsBefore(i) ? 1 : 0;
     }
     // What a division leaves over goes to the gaps behind. None is left at the last character.
-    for (std::size_t i = begin; i < end && left > 0; ++i) {
+    for (std::size_t i = begin; left > 0; ++i) {
       const bool gap = blanks > 0 ? is_blank(i) : text_.EndsBefore(i + 1);
       if (!gap) continue;
       const std::int64_t part = spare / left--;

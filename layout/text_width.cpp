@@ -52,7 +52,7 @@ Points FontWidths::InPoints(std::uint8_t height, std::int32_t sum) {
 std::int32_t FontWidths::LargestSum(std::uint8_t height, Points width) {
   if (height == 0) return width < 0 ? -1 : std::numeric_limits<std::int32_t>::max();
   // Starts half a point above the width, and goes back until the sum no longer rounds up.
-  std::int32_t sum = (2 * width.value() + 1) * 500 / height + 1;
+  std::int32_t sum = (2 * width.value() + 1) * 500 / height;
   while (InPoints(height, sum) > width) --sum;
   return sum;
 }

@@ -53,7 +53,7 @@ class RunOperators {
     if (move_ != 0) {
       if (in_string_) *to++ = ')';
       in_string_ = false;
-      to = std::to_chars(to, to + 12, -std::exchange(move_, 0)).ptr;
+      to = std::to_chars(to, piece.data() + piece.size(), -std::exchange(move_, 0)).ptr;
     }
     if (!in_string_) *to++ = '(';
     in_string_ = true;

@@ -15,7 +15,10 @@ TEST(GlyphUse, AGlyphMeansItsFirstTextHoweverLong) {
     GlyphUse use(fonts);
     GlyphUse::Font& font = use.Of(number);
     EXPECT_TRUE(use.Means(font, 0, "\u200B"));
-    EXPECT_FALSE(use.Means(font, 0, first)) << "the glyph of no character";
+    for (const std::string_view any :
+         {std::string_view(first), std::string_view("\xFF\xFF\xFF\xFF")}) {
+      EXPECT_FALSE(use.Means(font, 0, any)) << "the glyph of no character";
+    }
     const std::uint16_t code = use.CodeOf(font, 7);
     const std::size_t unknown = use.Here();
     for (int round = 0; round < 2; ++round) {

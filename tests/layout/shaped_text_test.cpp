@@ -2,7 +2,13 @@
 #include "layout/shaped_text.h"
 
 #include <gtest/gtest.h>
+#include <limits>
+#include <string>
+#include <vector>
 
+#include <vellumark/run_time_error.h>
+
+#include "layout/text_composer.h"
 #include "tests/stub_font.h"
 
 namespace vellumark::layout {
@@ -94,6 +100,29 @@ TEST_F(ShapedTextTest, PiecesEndWhereALineMay) {
               std::to_string(piece.end) + " ";
   }
   EXPECT_EQ(pieces, "0-1-2 2-2-3 3-4-5 5-6-6 ");
+}
+
+TEST(TextComposer, WidthsHave32Bits) {
+  constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+  const auto width = [](std::initializer_list<std::int32_t> advances, std::int32_t gap) {
+    EncodedText text;
+    TextComposer composer(text);
+    for (const std::int32_t advance : advances) {
+      composer.BeginGlyphs(101, "a");
+      composer.AddGlyphs(std::vector<PlacedGlyph>{{.id = 1, .text_size = 1, .advance = advance}},
+                         0);
+      composer.AddGlyphGap(gap);
+      composer.EndGlyphs();
+    }
+    composer.Finish();
+    return text.Width();
+  };
+  EXPECT_EQ(width({kMost}, 0), kMost);
+  EXPECT_EQ(width({-kMost}, 0), -kMost);
+  EXPECT_EQ(width({kMost - 5}, 5), kMost);
+  EXPECT_EQ(width({kMost, -3}, 0), kMost - 3);
+  EXPECT_THROW(width({kMost, 1}, 0), RunTimeError);
+  EXPECT_THROW(width({-kMost, -1}, 0), RunTimeError);
 }
 
 }  // namespace

@@ -104,6 +104,15 @@ TEST_F(ConformingPdf, ConformingObjectNumbersHave32Bits) {
   EXPECT_EQ(fuzz::FaultOfPdf(*memory->File("doc")), "");
 }
 
+TEST_F(ConformingPdf, ConformingPagesAreATree) {
+  for (const int pages : {1, 32, 33, 1024, 1025}) {
+    ASSERT_TRUE(doc.Create("doc"));
+    for (int page = 0; page < pages; ++page) doc.NewPage(0, 0, 0, 0, 255, 255, 255);
+    doc.Flush();
+    EXPECT_EQ(fuzz::FaultOfPdf(*memory->File("doc")), "") << pages;
+  }
+}
+
 TEST_F(PdfOddities, OddityEachMarkIsAStream) {
   Start();
   doc.DrawLine(0, 0, 1, 1);
