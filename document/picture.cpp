@@ -83,7 +83,7 @@ FileNote DocumentModel::TryDrawPicture(const PlacedPicture& placed) {
 
 /// A point for each pixel, unless a box makes it smaller or larger.
 layout::Size DocumentModel::PictureSize(const layout::Size& pixels) const {
-  if (state_.picture_width < 1 || state_.picture_height < 1) return pixels;
+  if (state_.picture_width == 0) return pixels;
   const layout::Size box = {state_.picture_width, state_.picture_height};
   return layout::Resize(box, state_.pictures_enlarged ? layout::Enlarge(box, pixels) : pixels);
 }

@@ -41,7 +41,7 @@ std::string NamedReferences(std::string_view prefix, const std::vector<int>& num
 
 void PdfWriter::BeginDocument(const LocalTime& now) {
   const bool narrow = state_.oddities.ObjectNumbersHave16Bits();
-  objects_.table = ObjectTable(narrow ? ObjectTable::kHighest16Bits : ObjectTable::kHighest);
+  objects_.table = ObjectTable(narrow ? ObjectTable::kHighest16Bits : highest_number_);
   objects_.pages.clear();
   objects_.images.clear();
   objects_.page_nodes.clear();

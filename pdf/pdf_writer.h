@@ -43,8 +43,10 @@ namespace vellumark::pdf {
 
 class PdfWriter final : public document::Writer {
  public:
-  PdfWriter(const document::State& state, document::LineBuffer& lines)
-      : state_(state), lines_(lines), glyphs_(state.fonts) {}
+  /// `highest_number` is that of an object of a conforming document.
+  PdfWriter(const document::State& state, document::LineBuffer& lines,
+            int highest_number = ObjectTable::kHighest)
+      : state_(state), lines_(lines), glyphs_(state.fonts), highest_number_(highest_number) {}
 
   /// The properties that only PDF has.
   struct Properties {
@@ -290,6 +292,7 @@ class PdfWriter final : public document::Writer {
   std::string joined_;  // the page's marks in one piece; kept for its storage
   std::string array_;   // the words of a line; likewise
   document::GlyphUse glyphs_;
+  int highest_number_;
 
   // Named places, and the names that links lead to.
   std::map<std::string, Destination, std::less<>> anchors_;
