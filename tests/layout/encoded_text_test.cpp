@@ -114,6 +114,7 @@ TEST(EncodedText, MarksComposeWithTheirLetter) {
 
 TEST(EncodedText, SymbolAndDingbatsTakeCodesAndCharacters) {
   EXPECT_EQ(Encoded("abc ×", kSymbol), "S:abc <D7>");
+  EXPECT_EQ(Encoded("α\u200Bβ", kSymbol), "S:ab");
   EXPECT_EQ(Encoded("αβ→∀€\u00A0Ж", kSymbol), "S:ab<AE>\"<A0> ?|Ж");
   EXPECT_EQ(Encoded("\u2122", kSymbol), "S:<D4>");  // the first of two codes
   EXPECT_EQ(Encoded("4✔❶\n", kDingbats), "Z:44<B6> ");

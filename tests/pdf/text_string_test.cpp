@@ -88,6 +88,8 @@ TEST(FontEncoding, ToUnicodeGivesBackEachCharacter) {
   EXPECT_NE(map.find("<20> <7E> <0020>\n"), std::string::npos);
   EXPECT_NE(map.find("\n<A0> <00A0>\n"), std::string::npos);
   EXPECT_NE(map.find("\n<0C> <FB01>\n"), std::string::npos);
+  EXPECT_NE(ToUnicodeMap(layout::TextEncoding::WinAnsi).find("\n<AE> <FF> <00AE>\n"),
+            std::string::npos);
   EXPECT_NE(ToUnicodeMap(layout::TextEncoding::Symbol).find("<61> <62> <03B1>\n"),
             std::string::npos);
 }
