@@ -221,6 +221,8 @@ class DocumentModel {
     return {RefusalReason::NoPage};
   }
   template <class Check, class Draw>
+  RefusalNote TryDrawShape(const Check& check, const Draw& draw);
+  template <class Check, class Draw>
   RefusalNote DrawShape(const Check& check, const Draw& draw) noexcept;
   RefusalNote TryDrawCircle(Points x, Points y, Points r);
   RefusalNote TryDrawRectangle(Points x, Points y, Points width, Points height);

@@ -6,14 +6,17 @@
 namespace vellumark::document {
 
 template <class Check, class Draw>
+RefusalNote DocumentModel::TryDrawShape(const Check& check, const Draw& draw) {
+  if (const RefusalNote refused = CheckPage()) return refused;
+  if (const RefusalNote refused = check(Box())) return refused;
+  if (const RefusalNote refused = writer_.RoomFor({.marks = 1})) return refused;
+  draw();
+  return {};
+}
+
+template <class Check, class Draw>
 RefusalNote DocumentModel::DrawShape(const Check& check, const Draw& draw) noexcept {
-  return Attempt([&]() -> RefusalNote {
-    if (const RefusalNote refused = CheckPage()) return refused;
-    if (const RefusalNote refused = check(Box())) return refused;
-    if (const RefusalNote refused = writer_.RoomFor({.marks = 1})) return refused;
-    draw();
-    return {};
-  });
+  return Attempt([&] { return TryDrawShape(check, draw); });
 }
 
 RefusalNote DocumentModel::DrawLine(Points x1, Points y1, Points x2, Points y2) noexcept {
@@ -25,11 +28,11 @@ RefusalNote DocumentModel::DrawLine(Points x1, Points y1, Points x2, Points y2) 
 }
 
 RefusalNote DocumentModel::TryDrawRectangle(Points x, Points y, Points width, Points height) {
-  if (const RefusalNote refused = CheckPage()) return refused;
-  if (const RefusalNote refused = Box().CheckRectangle({x, y}, width, height)) return refused;
-  if (const RefusalNote refused = writer_.RoomFor({.marks = 1})) return refused;
-  writer_.DrawRectangle(OnPage(x, y), width, height);
-  return {};
+  return TryDrawShape(
+      [&](const UsableBox& box) {
+        return box.CheckRectangle({x, y}, width, height);
+      },
+      [&] { writer_.DrawRectangle(OnPage(x, y), width, height); });
 }
 
 RefusalNote DocumentModel::DrawRectangle(Points x, Points y, Points width, Points height) noexcept {
@@ -46,11 +49,11 @@ RefusalNote DocumentModel::DrawCurve(Points x1, Points y1, Points x2, Points y2,
 }
 
 RefusalNote DocumentModel::TryDrawCircle(Points x, Points y, Points r) {
-  if (const RefusalNote refused = CheckPage()) return refused;
-  if (const RefusalNote refused = Box().CheckEllipse({x, y}, r, r)) return refused;
-  if (const RefusalNote refused = writer_.RoomFor({.marks = 1})) return refused;
-  writer_.DrawCircle(OnPage(x, y), r);
-  return {};
+  return TryDrawShape(
+      [&](const UsableBox& box) {
+        return box.CheckEllipse({x, y}, r, r);
+      },
+      [&] { writer_.DrawCircle(OnPage(x, y), r); });
 }
 
 RefusalNote DocumentModel::DrawCircle(Points x, Points y, Points r) noexcept {

@@ -123,7 +123,7 @@ TEST(BmpDecoder, EveryDepthAndOrderKeepsItsPixels) {
 
 TEST(BmpDecoder, PaletteEntriesThatAreMissingAreBlack) {
   Bitmap bitmap;
-  const Bytes pixels(4);
+  const Bytes pixels(4, 0x11);
   EXPECT_EQ(
       Decode(BmpFile{.bits = 4, .palette = {0x112233, 0x445566}, .pixels = pixels}.Bytes(), bitmap),
       "")
