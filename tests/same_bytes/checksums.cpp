@@ -78,6 +78,34 @@ std::vector<Bytes> Short(std::size_t most, std::uint32_t values) {
   return inputs;
 }
 
+/// Where the parameters of a level decide: a match of each of some lengths, with a longer one a
+/// byte later behind some candidates that are not, and then with a longer one farther away.
+Bytes Edges() {
+  Bytes bytes;
+  Random random(258);
+  const auto add = [&](const Bytes& from, std::size_t size) {
+    bytes.insert(bytes.end(), from.begin(), from.begin() + static_cast<std::ptrdiff_t>(size));
+    bytes.push_back(random.Byte());
+  };
+  for (const std::size_t length :
+       {3, 4, 5, 6, 7, 8, 9, 15, 16, 17, 18, 31, 32, 33, 34, 127, 128, 129, 130, 255, 257, 258}) {
+    for (const int strangers : {0, 5, 10, 40, 100, 160, 500, 2000}) {
+      const Bytes text = vellumark::encoding::testing::Noise(length + 4, random.Next());
+      const Bytes behind(text.begin() + 1, text.end());
+      add(behind, length + 2);
+      for (int i = 0; i < strangers; ++i) add(behind, 3);
+      add(text, length);
+      add(text, length + 3);
+      const Bytes other = vellumark::encoding::testing::Noise(length + 4, random.Next());
+      add(other, length + 3);
+      for (int i = 0; i < strangers; ++i) add(other, 3);
+      add(other, length);
+      add(other, length + 4);
+    }
+  }
+  return bytes;
+}
+
 struct Input {
   const char* name;
   std::vector<Bytes> bytes;
@@ -90,6 +118,7 @@ std::vector<Input> Inputs() {
           {"mixed", {GeneratedInput(200000, 1), GeneratedInput(70000, 2, 4000)}},
           {"far", {FarCopies(120000, 5, 3), FarCopies(120000, 258, 4)}},
           {"noise", {Noise(70000), Noise(20, 9)}},
+          {"edges", {Edges()}},
           {"short", Short(80, 256)},
           {"few", Short(300, 3)},
           {"one", {Bytes(1, 7), Bytes(2, 7), Bytes(3, 0), Bytes(258, 1), Bytes(100000, 255)}}};
