@@ -8,6 +8,7 @@
 //                            one line a kind of input and encoder: names, size, checksum
 //                            one line a document in every font: class, whether conforming
 //                            one line a plausible document: number, class, whether conforming
+#include <array>
 #include <clocale>
 #include <cstdint>
 #include <cstdio>
@@ -87,8 +88,9 @@ Bytes Edges() {
     bytes.insert(bytes.end(), from.begin(), from.begin() + static_cast<std::ptrdiff_t>(size));
     bytes.push_back(random.Byte());
   };
-  for (const std::size_t length :
-       {3, 4, 5, 6, 7, 8, 9, 15, 16, 17, 18, 31, 32, 33, 34, 127, 128, 129, 130, 255, 257, 258}) {
+  constexpr std::array<std::size_t, 22> kLengths = {
+      3, 4, 5, 6, 7, 8, 9, 15, 16, 17, 18, 31, 32, 33, 34, 127, 128, 129, 130, 255, 257, 258};
+  for (const std::size_t length : kLengths) {
     for (const int strangers : {0, 5, 10, 40, 100, 160, 500, 2000}) {
       const Bytes text = vellumark::encoding::testing::Noise(length + 4, random.Next());
       const Bytes behind(text.begin() + 1, text.end());
