@@ -68,6 +68,7 @@ TEST_F(ShapedTextTest, ACharacterIsShownByTheCurrentFontOrTheFirstThatHasItWithI
       {kHelvetica, "a\u200D\u0431", "0:a\u200D\u0431"},  // joined
       {kHelvetica, "\u200D\u0431", "102:\u200D\u0431"},
       {kHelvetica, "\u200B\u00AD", "0:\u200B\u00AD"},
+      {kHelvetica, "\u200B", "0:\u200B"},
       {101, "ab\u00A0", "101:ab -1:\u00A0"},
       {101, "ab\u2007", "101:ab\u2007"},
       {101, "a\u0431", "101:a 102:\u0431"},
