@@ -34,8 +34,8 @@ TEST(Dib, HoldsOneBitmapAtATime) {
   MemoryPlatform memory;
   std::string reason;
   layout::Dib dib;
-  EXPECT_TRUE(dib.Create(3, 2, 24));
-  EXPECT_EQ(dib.ImageScanWidth(), 12);
+  EXPECT_TRUE(dib.Create(1, 2, 24));
+  EXPECT_EQ(dib.ImageScanWidth(), 4);
   EXPECT_FALSE(dib.Create(10, 1, 1));
   memory.PutFile("a.bmp", PlainBmp(2, 2));
   EXPECT_FALSE(dib.Load(memory, "a.bmp", reason));
