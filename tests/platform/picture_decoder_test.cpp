@@ -199,7 +199,7 @@ TEST(PictureDecoder, RefusesWhatIsNotAWholePictureAndSaysWhy) {
   EXPECT_EQ(Decode(photo, bitmap, size), "") << "one scan keeps no coefficients";
   EXPECT_NE(Decode(photo, bitmap, size - 1), "");
   // 94 x 62 pixels in 12 x 8 blocks of luminance and 6 x 4 of each color, 128 bytes each.
-  const std::int64_t coefficients = 128 * (12 * 8 + 2 * 6 * 4);
+  const std::int64_t coefficients = std::int64_t{128} * (12 * 8 + 2 * 6 * 4);
   const std::string progressive = Sample("landscape_progressive.jpg");
   EXPECT_EQ(Decode(progressive, bitmap, size + coefficients), "");
   EXPECT_NE(Decode(progressive, bitmap, size + coefficients - 1), "");
