@@ -42,8 +42,8 @@ class StubFace : public layout::FontFace {
   std::u32string marks_;
 };
 
-/// Hebrew letters run from right to left; scripts are Latin, Hebrew and Cyrillic, and digits have
-/// one of their own; a line may end behind a blank.
+/// Hebrew letters run from right to left, and a blank like the letter before it; scripts are Latin,
+/// Hebrew and Cyrillic, and digits have one of their own; a line may end behind a blank.
 class StubEngine : public layout::FontEngine {
  public:
   std::unique_ptr<layout::FontFace> Load(std::vector<std::uint8_t>, int, std::string&) override {
@@ -52,7 +52,10 @@ class StubEngine : public layout::FontEngine {
   std::uint8_t FindLevels(std::u32string_view text, std::vector<std::uint8_t>& levels) override {
     const bool hebrew = !text.empty() && IsHebrew(text.front());
     levels.clear();
-    for (const char32_t c : text) levels.push_back(LevelOf(c, hebrew));
+    for (const char32_t c : text) {
+      const bool blank = c == U' ' && !levels.empty();
+      levels.push_back(blank ? levels.back() : LevelOf(c, hebrew));
+    }
     return hebrew ? 1 : 0;
   }
   void FindScripts(std::u32string_view text, std::vector<layout::Script>& scripts) override {

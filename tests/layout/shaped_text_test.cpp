@@ -86,7 +86,7 @@ TEST_F(ShapedTextTest, ACharacterIsShownByTheCurrentFontOrTheFirstThatHasItWithI
 }
 
 TEST_F(ShapedTextTest, ItemsStandAsTheyAreSeen) {
-  EXPECT_EQ(ItemsOf(102, "\u05D0 ab \u05D1"), "102:\u05D1 102:  102:ab 102:\u05D0 ");
+  EXPECT_EQ(ItemsOf(102, "\u05D0 ab \u05D1"), "102:\u05D1 102:ab  102:\u05D0 ");
   EXPECT_TRUE(text_.RunsRightToLeft());
   EXPECT_EQ(ItemsOf(102, "ab \u05D0 "), "102:ab  102:\u05D0 102: ");
   EXPECT_FALSE(text_.RunsRightToLeft());

@@ -3,6 +3,8 @@
 // Pictures of a conforming document: a file's own bytes, predictors, and each picture once.
 #include <algorithm>
 
+#include "encoding/encode_stream.h"
+#include "encoding/png_predictor.h"
 #include "tests/bmp_file.h"
 #include "tests/document_fixture.h"
 #include "tests/png_file.h"
@@ -156,15 +158,19 @@ TEST_F(ConformingPictures, APredictorIsTakenWhereItMakesThemSmaller) {
     EXPECT_FALSE(Holds(FileWith(framed.Bytes(), Flate), "/Predictor")) << "rows from the middle";
   }
   PngFile glass{.width = 64, .height = 64, .colors = 6};
+  std::vector<std::uint8_t> mask(64 * 64);  // from the bottom
   for (int y = 0; y < 64; ++y) {
     for (int x = 0; x < 64; ++x) {
       const int alpha = 2 * x + y % 8 * x + 3 * y;
       for (const int part : {9, 9, 9, alpha}) glass.rows.push_back(static_cast<std::uint8_t>(part));
+      mask[static_cast<std::size_t>(64 * (63 - y) + x)] = static_cast<std::uint8_t>(alpha);
     }
   }
-  EXPECT_TRUE(Holds(FileWith(glass.Bytes(), Flate),
-                    "/DecodeParms << /Predictor 15 /Colors 1 /BitsPerComponent 8 /Columns 64 >>"))
-      << "the mask";
+  const std::string file = FileWith(glass.Bytes(), Flate);
+  EXPECT_TRUE(
+      Holds(file, "/DecodeParms << /Predictor 15 /Colors 1 /BitsPerComponent 8 /Columns 64 >>"));
+  EXPECT_TRUE(
+      Holds(file, encoding::EncodeStream(encoding::PredictedRows(mask, 64, 1).Bytes(), Flate)));
 }
 
 }  // namespace

@@ -62,6 +62,15 @@ TEST_F(PosixFiles, AnExistingFileIsEmptiedAndWrittenAnew) {
   EXPECT_TRUE(platform.WriteOutput(FileHandle::Invalid, "x"));
 }
 
+TEST_F(PosixFiles, ANewFileMayBeReadAndWrittenByWhomTheProcessLets) {
+  const mode_t kept = ::umask(027);
+  platform.CloseOutput(Create(Path("a")));
+  ::umask(kept);
+  struct stat facts {};
+  ASSERT_EQ(::stat(Path("a").c_str(), &facts), 0);
+  EXPECT_EQ(facts.st_mode & 07777U, 0640U);
+}
+
 TEST_F(PosixFiles, AFileInUseIsRefusedAndLeftAlone) {
   const FileHandle file = Create(Path("a"));
   EXPECT_FALSE(platform.WriteOutput(file, "kept"));
