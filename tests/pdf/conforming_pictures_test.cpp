@@ -158,7 +158,7 @@ TEST_F(ConformingPictures, APredictorIsTakenWhereItMakesThemSmaller) {
     EXPECT_FALSE(Holds(FileWith(framed.Bytes(), Flate), "/Predictor")) << "rows from the middle";
   }
   PngFile glass{.width = 64, .height = 64, .colors = 6};
-  std::vector<std::uint8_t> mask(64 * 64);  // from the bottom
+  std::vector<std::uint8_t> mask(std::size_t{64} * 64);  // from the bottom
   for (int y = 0; y < 64; ++y) {
     for (int x = 0; x < 64; ++x) {
       const int alpha = 2 * x + y % 8 * x + 3 * y;
