@@ -39,6 +39,7 @@ std::string Encoded(std::string_view utf8, const Font& font = kTimes) {
   }
   EXPECT_EQ(text.Width(), width) << utf8;
   EXPECT_EQ(MeasureText(utf8, font), width) << utf8;
+  EXPECT_EQ(MeasureText(utf8, font), width) << utf8;
   LostCharacters lost;
   lost.Add(text.Lost());
   return lost.Empty() ? shown : shown + '|' + lost.Text();
