@@ -43,7 +43,7 @@ namespace vellumark::pdf {
 
 class PdfWriter final : public document::Writer {
  public:
-  /// `highest_number` is that of an object of a conforming document.
+  /// `highest_number` is that of an object of a conforming document; tests choose a low one.
   PdfWriter(const document::State& state, document::LineBuffer& lines,
             int highest_number = ObjectTable::kHighest)
       : state_(state), lines_(lines), glyphs_(state.fonts), highest_number_(highest_number) {}
